@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing. Usage: install-packages.sh build|test
+set -euo pipefail
+
+packages=(g++ cmake ninja-build ccache git ca-certificates
+          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev
+          fonts-liberation fonts-dejavu-core)
+if [ "${1:-build}" = test ]; then
+  packages+=(libgtest-dev python3)
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+asroot=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "These packages are missing and sudo is not there to install them: ${missing[*]}" >&2; exit 1; }
+  asroot=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${asroot[@]}" apt-get update -qq
+"${asroot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
