@@ -1,0 +1,55 @@
+#include "core/messagebox.h"
+
+#include "core/options.h"
+#include "core/text.h"
+
+namespace lm {
+namespace {
+
+std::string WithBreaks(std::string_view prompt) { return Replace(prompt, "\\n", "\r\n"); }
+
+}  // namespace
+
+Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt,
+                   Buttons buttons, Icon icon, std::string_view windowTitle,
+                   std::string_view link) {
+  MessageBoxText message;
+  message.mainPrompt = WithBreaks(mainPrompt);
+  message.minorPrompt = WithBreaks(minorPrompt);
+  message.buttons = buttons;
+  message.icon = icon;
+  message.title = windowTitle.empty() ? kProductName : windowTitle;
+  message.link = link;
+  message.sound =
+      icon != Icon::Done && icon != Icon::Tip && !OptionIsTrue(ledger, optSilentMessages);
+  return ledger.platform.messages.Show(message);
+}
+
+bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt,
+         std::string_view windowTitle) {
+  return ShowMessage(ledger, mainPrompt, minorPrompt, Buttons::YesNo, Icon::Question,
+                     windowTitle) == Answer::Yes;
+}
+
+void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text) {
+  if (!OptionIsTrue(ledger, optShowTips)) return;
+  if (!ledger.shownTips.emplace(text).second) return;
+  MessageBoxText message;
+  message.mainPrompt = WithBreaks(mainPrompt);
+  message.minorPrompt = WithBreaks(text);
+  message.icon = Icon::Tip;
+  message.title = "LedgerMinder Tip";
+  message.sound = false;
+  message.offerStopTips = true;
+  ledger.platform.messages.ShowTip(message, [&ledger] { SetOption(ledger, optShowTips, "FALSE"); });
+}
+
+bool OpenLink(Ledger& ledger, std::string_view address) {
+  const bool bare = EqualsIgnoreCase(address.substr(0, 3), "www");
+  return ledger.platform.system.Open(bare ? "https://" + std::string(address)
+                                          : std::string(address));
+}
+
+std::string WebPage(std::string_view page) { return std::string(kWebsite) + std::string(page); }
+
+}  // namespace lm

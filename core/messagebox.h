@@ -1,0 +1,33 @@
+// The one window for all messages: a bold main prompt, a plain minor prompt, buttons, an icon, a
+// title and a web link. A backslash followed by an n in either prompt is a line break.
+#pragma once
+
+#include <string_view>
+
+#include "core/ledger.h"
+#include "core/platform.h"
+
+namespace lm {
+
+constexpr std::string_view kProductName = "LedgerMinder";
+constexpr std::string_view kSupportAddress = "support@ledgerminder.example";
+constexpr std::string_view kWebsite = "https://www.ledgerminder.example";
+
+Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt = "",
+                   Buttons buttons = Buttons::Ok, Icon icon = Icon::Exclamation,
+                   std::string_view windowTitle = "", std::string_view link = "");
+
+// True when the user answered Yes.
+bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt = "",
+         std::string_view windowTitle = "");
+
+// A one-time message: shown once in each run, unless option 40 is false.
+void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text);
+
+// A web address or file with its default handler; "www..." gets the web scheme in front.
+bool OpenLink(Ledger& ledger, std::string_view address);
+
+// The address of a page of the product website: "/UnableToLoad.php".
+std::string WebPage(std::string_view page);
+
+}  // namespace lm

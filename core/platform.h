@@ -1,0 +1,116 @@
+// What the outside world does for the program, behind small abstract classes. shell/qt implements
+// them for the desktop, cli for the terminal, tests with a scripted one. Nothing else in the logic
+// touches the operating system, except whole-file reading and replacing in core/files.h.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/dates.h"
+
+namespace lm {
+
+class Screen;
+
+enum class Buttons { Ok = 0, OkCancel = 1, YesNoCancel = 3, YesNo = 4 };
+enum class Answer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+// Critical 0, Exclamation 1 (and 4), Information 2, Question 3, Done 5, Tip 6.
+enum class Icon { Critical = 0, Exclamation = 1, Information = 2, Question = 3, Done = 5, Tip = 6 };
+
+// A message as the user sees it: line breaks are real, the title is filled.
+struct MessageBoxText {
+  std::string mainPrompt;
+  std::string minorPrompt;
+  Buttons buttons = Buttons::Ok;
+  Icon icon = Icon::Information;
+  std::string title;
+  std::string link;  // "" hides it
+  bool sound = true;
+  bool offerStopTips = false;  // a tip's check box "chkStopShowingTips"
+};
+
+class MessagePort {
+ public:
+  virtual ~MessagePort() = default;
+  virtual Answer Show(const MessageBoxText& message) = 0;
+  // Without waiting. stopTips is called when the user ticks the box and closes the tip.
+  virtual void ShowTip(const MessageBoxText& message, std::function<void()> stopTips) = 0;
+};
+
+class ClockPort {
+ public:
+  virtual ~ClockPort() = default;
+  virtual Date Now() = 0;  // local time
+};
+
+// Windows of the program.
+class WindowPort {
+ public:
+  virtual ~WindowPort() = default;
+  // Shows a screen and returns when it has closed.
+  virtual void ShowModal(Screen& screen) = 0;
+  // Opens a record's window by its name, for rooms that do not know the window: "frmInvoice",
+  // "frmPensionA". False when there is no such window yet, or the record is gone.
+  virtual bool OpenRecord(std::string_view window, std::string_view id) = 0;
+  virtual void BusyPointer(bool on) = 0;
+};
+
+class ProgressPort {
+ public:
+  virtual ~ProgressPort() = default;
+  // percent is 0 to 100, or -1 to leave the bar and change the text only.
+  virtual void Show(int percent, std::string_view text) = 0;
+  // The splash window's line about the last start.
+  virtual void ShowLastOpened(std::string_view text) = 0;
+};
+
+struct FileFilter {
+  std::string name;     // "Backup (*.bak)"
+  std::string pattern;  // "*.bak"
+};
+
+class SystemPort {
+ public:
+  virtual ~SystemPort() = default;
+  virtual std::vector<std::string> RunningProcesses() = 0;  // names of executables
+  virtual std::string UserName() = 0;
+  // The folder that holds the program, and the user's own data folder for this program.
+  virtual std::filesystem::path ExecutableDirectory() = 0;
+  virtual std::filesystem::path UserDataDirectory() = 0;
+  // A web address or a file, with the platform's default handler. False when nothing opened it.
+  virtual bool Open(std::string_view target) = 0;
+  virtual bool StartCalculator() = 0;
+  virtual void SetClipboard(std::string_view text) = 0;
+  // An empty path when the user cancelled.
+  virtual std::filesystem::path AskOpenFile(std::string_view title, const FileFilter& filter,
+                                            const std::filesystem::path& start) = 0;
+  virtual std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
+                                            const std::filesystem::path& start) = 0;
+};
+
+struct Platform {
+  MessagePort& messages;
+  ClockPort& clock;
+  WindowPort& windows;
+  ProgressPort& progress;
+  SystemPort& system;
+};
+
+// Busy pointer for a scope.
+class BusyPointer {
+ public:
+  explicit BusyPointer(Platform& platform) : platform_(platform) {
+    platform_.windows.BusyPointer(true);
+  }
+  ~BusyPointer() { platform_.windows.BusyPointer(false); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  Platform& platform_;
+};
+
+}  // namespace lm

@@ -1,0 +1,84 @@
+#include "core/rows.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "core/numbers.h"
+#include "core/options.h"
+#include "core/text.h"
+
+namespace lm {
+
+namespace {
+
+constexpr int kMarkerCol = 0;
+constexpr Colour kSavedMarker = 0;
+constexpr Colour kUsualNewMarker = 16711680;
+constexpr Colour kUsualEditedMarker = 16776960;
+
+// An option that holds no colour, or the one of a saved row, would lose the row's state.
+Colour MarkerColour(const Ledger& ledger, int option, Colour usual) {
+  const Colour colour = ValInt(GetOption(ledger, option));
+  return colour > kSavedMarker ? colour : usual;
+}
+
+Colour NewMarker(const Ledger& ledger) {
+  return MarkerColour(ledger, optNewRowColour, kUsualNewMarker);
+}
+
+Colour Marker(const Grid& grid, int row) {
+  return grid.CellColour(CellSetting::flexcpBackColor, row, kMarkerCol);
+}
+
+bool IsSavedMarker(Colour colour) { return colour == kSavedMarker || colour == kNoColour; }
+
+void SetMarker(Grid& grid, int row, Colour colour) {
+  grid.SetCellColour(CellSetting::flexcpBackColor, {row, kMarkerCol, row, kMarkerCol}, colour);
+}
+
+}  // namespace
+
+RowState StateOfRow(const Ledger& ledger, const Grid& grid, int row) {
+  const Colour colour = Marker(grid, row);
+  if (IsSavedMarker(colour)) return RowState::Saved;
+  return colour == NewMarker(ledger) ? RowState::New : RowState::Edited;
+}
+
+void MarkNew(Ledger& ledger, Grid& grid, int row) { SetMarker(grid, row, NewMarker(ledger)); }
+
+void MarkEdited(Ledger& ledger, Grid& grid, int row) {
+  if (StateOfRow(ledger, grid, row) == RowState::New) return;
+  SetMarker(grid, row, MarkerColour(ledger, optEditedRowColour, kUsualEditedMarker));
+}
+
+void ClearMarkers(Grid& grid) {
+  grid.SetCellColour(CellSetting::flexcpBackColor,
+                     {grid.FixedRows(), kMarkerCol, grid.Rows() - 1, kMarkerCol}, kNoColour);
+}
+
+bool HasUnsavedRows(const Ledger& ledger) {
+  return std::any_of(ledger.dataTables.begin(), ledger.dataTables.end(), [](const Grid* grid) {
+    for (int row = grid->FixedRows(); row < grid->Rows(); ++row)
+      if (!grid->IsSubtotal(row) && !IsSavedMarker(Marker(*grid, row))) return true;
+    return false;
+  });
+}
+
+int AddRecord(Ledger& ledger, Grid& grid) {
+  const bool atEnd = ToUpper(GetOption(ledger, optNewRowPosition)) == "BOTTOM";
+  const int row = grid.AddItem("", atEnd ? -1 : grid.FixedRows());
+  MarkNew(ledger, grid, row);
+  return row;
+}
+
+int NextId(const Grid& grid) {
+  const int col = grid.ColIndex("ID");
+  int largest = 0;
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+    const int id = ValInt(grid.TextMatrix(row, col));
+    if (id < std::numeric_limits<int>::max()) largest = std::max(largest, id);
+  }
+  return largest + 1;
+}
+
+}  // namespace lm

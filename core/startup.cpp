@@ -1,0 +1,122 @@
+#include "core/startup.h"
+
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "core/clsRC4.h"
+#include "core/datafile.h"
+#include "core/files.h"
+#include "core/format.h"
+#include "core/keys.h"
+#include "core/messagebox.h"
+#include "core/options.h"
+#include "core/platform.h"
+#include "core/tables.h"
+#include "core/text.h"
+
+namespace lm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kFolders[] = {"Invoices", "Pension Forms", "Invoice Templates",
+                                         "Form Templates"};
+constexpr std::string_view kConfirm = "CONFIRM";
+
+bool Exists(const fs::path& path) {
+  std::error_code ignored;
+  return fs::exists(path, ignored);
+}
+
+bool MakeFolderOrTell(Ledger& ledger, const fs::path& path) {
+  std::string error;
+  if (MakeFolder(path, error)) return true;
+  ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+  return false;
+}
+
+void MakeBlankOptions(Grid& options) {
+  options.SetRows(0);
+  options.SetCols(0);
+  options.SetRows(2);
+  options.SetCols(kOptionCount);
+  options.SetRowHidden(1, true);
+}
+
+// The clear text of the log; empty when it was not written by this program.
+std::string ClearLog(std::string_view text) {
+  try {
+    return clsRC4().DecryptString(text, SecurityLogKey(), true);
+  } catch (const std::exception&) {
+    return "";  // not Base64
+  }
+}
+
+std::string LastOpened(std::string_view stored) {
+  std::string text = ClearLog(stored);
+  if (!text.ends_with(kConfirm)) return "UNKNOWN - Security log tampered.";
+  text.resize(text.size() - kConfirm.size());
+  return text;
+}
+
+std::string NewRecord(Platform& platform) {
+  return FormatDate(platform.clock.Now(), "ddd dd-mmm-yyyy hh:nn") + " by " +
+         platform.system.UserName() + std::string(kConfirm);
+}
+
+void ShowLogError(Ledger& ledger) {
+  ShowMessage(ledger, "Unexpected error processing the security log",
+              "This error is non-critical, but please email " + std::string(kSupportAddress) +
+                  " if it persists.");
+}
+
+}  // namespace
+
+fs::path ChooseProgramDirectory(Platform& platform) {
+  const fs::path own = platform.system.ExecutableDirectory();
+  return IsWritableFolder(own) ? own : platform.system.UserDataDirectory();
+}
+
+bool IsFirstStart(const Ledger& ledger) {
+  return !Exists(ledger.File("Options.dat")) && !Exists(ledger.File("LedgerMinder.dat"));
+}
+
+bool MakeProgramDirectory(Ledger& ledger) {
+  if (!MakeFolderOrTell(ledger, ledger.programDirectory)) return false;
+  for (const std::string_view folder : kFolders)
+    if (!MakeFolderOrTell(ledger, ledger.File(folder))) return false;
+
+  for (std::size_t i = 0; i < kTables.size(); ++i) MakeBlank(*ledger.dataTables[i], kTables[i]);
+  ledger.dataPassword.clear();
+  ledger.dataIncomplete = false;
+  MakeBlankOptions(ledger.fgOptions);
+  SetFirstInstallOptions(ledger);
+  return WriteDataFile(ledger, ledger.File("LedgerMinder.dat")) && SaveOptions(ledger);
+}
+
+bool AnotherInstanceRuns(Platform& platform) {
+  const std::string name = ToUpper(kProductName);
+  return std::ranges::count_if(platform.system.RunningProcesses(), [&](const std::string& process) {
+           return ToUpper(process).starts_with(name);
+         }) > 1;
+}
+
+void ProcessSecurityLog(Ledger& ledger) {
+  const fs::path path = ledger.File("Security.log");
+  std::string text = "UNKNOWN - Security log not found.";
+  std::string error;
+  if (Exists(path)) {
+    const auto stored = ReadFile(path, error);
+    if (!stored) return ShowLogError(ledger);
+    text = LastOpened(*stored);
+  }
+  ledger.platform.progress.ShowLastOpened("Last Opened: " + text);
+
+  const std::string record =
+      clsRC4().EncryptString(NewRecord(ledger.platform), SecurityLogKey(), true);
+  if (!ReplaceFile(path, record, error)) ShowLogError(ledger);
+}
+
+}  // namespace lm

@@ -1,0 +1,62 @@
+// The declaration of all stored tables, as data. The blank data file, the formatting pass, the
+// reading of older files and the exports go by it.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "core/grid.h"
+
+namespace lm {
+
+// Whose list a column chooses from.
+enum class Lookup {
+  None,
+  Practices,
+  InvoiceNumbers,
+  SessionTypes,
+  ExpenseCategories,
+  EventCategories,
+  PaymentMethods,
+  PaymentForms
+};
+
+constexpr std::string_view kAmountFormat = "#,##0.00";
+constexpr std::string_view kMonthFormat = "mmm yyyy";
+constexpr std::string_view kTimeFormat = "hh:nn";
+
+// A date column without a format shows as the user's date format says, one with kTimeFormat as the
+// user's time format says.
+struct ColumnSpec {
+  std::string_view key;
+  std::string_view caption;
+  DataType type = DataType::Text;
+  std::string_view format = "";
+  int width = -1;  // twips; -1 the default
+  bool hidden = false;
+  Lookup lookup = Lookup::None;
+  bool englandOnly = false;  // shown only where the pension rules are England's
+};
+
+struct TableSpec {
+  std::string_view name;                // "fgSessions"
+  std::span<const ColumnSpec> columns;  // in the order of a new file, without the marker column
+};
+
+// The thirteen tables of the data file, in the order in which they stand there.
+constexpr int kDataTables = 13;
+extern const std::array<TableSpec, kDataTables> kTables;
+extern const TableSpec kShortcutsTable;
+
+// Null when there is no table of this name; ignores case.
+const TableSpec* FindTable(std::string_view name);
+
+// Makes the grid a blank table: caption row, hidden key row, columns, widths, no data.
+void MakeBlank(Grid& grid, const TableSpec& table);
+
+// Adds the columns that a stored table lacks, each after the neighbour that stands before it in
+// the declaration. Cells of the new columns are empty.
+void AddMissingColumns(Grid& grid, const TableSpec& table);
+
+}  // namespace lm

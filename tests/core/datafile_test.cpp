@@ -1,0 +1,488 @@
+#include "core/datafile.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+
+#include "core/clsRC4.h"
+#include "core/files.h"
+#include "core/frmGetPassword.h"
+#include "core/keys.h"
+#include "core/options.h"
+#include "core/rows.h"
+#include "core/shortcuts.h"
+#include "core/text.h"
+#include "tests/support/scripted_platform.h"
+
+#ifndef _WIN32
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#endif
+
+namespace lm {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Content(const fs::path& path) {
+  std::string error;
+  return ReadFile(path, error).value_or("(unreadable)");
+}
+
+void Write(const fs::path& path, std::string_view text) {
+  std::string error;
+  ASSERT_TRUE(ReplaceFile(path, text, error)) << error;
+}
+
+// A ledger with a row in each table but the retired ones, saved.
+struct SavedLedger : test::TestLedger {
+  const fs::path file = ledger.File("LedgerMinder.dat");
+
+  SavedLedger() {
+    AddRow(ledger.fgPractices, {"NAME=Riverside", "ADDR1=1 High St, \"Annexe\""});
+    AddRow(ledger.fgSessions, {"PRACTICE=1", "SDATE=03/02/2026", "RATE=banana", "TOTAL=320.00"});
+    AddRow(ledger.fgInvoices, {"NUMBER=INV-00001", "AMOUNT=320.00"});
+    for (Grid* grid : {&ledger.fgPensionA, &ledger.fgPensionB, &ledger.fgExtras,
+                       &ledger.fgPensionSolo, &ledger.fgExpenses, &ledger.fgSessionExpenses,
+                       &ledger.fgEvents, &ledger.fgPensionPayments})
+      AddRow(*grid, {"NOTES=of " + grid->Name()});
+    EXPECT_TRUE(Save(ledger));
+    EXPECT_EQ(shown.TakeMessage(), "");
+  }
+
+  std::vector<std::string> Sections() const {
+    std::vector<std::string> sections;
+    const std::string text = Content(file);
+    for (const auto section : Split(text, kSectionEnd)) sections.emplace_back(section);
+    return sections;
+  }
+};
+
+std::vector<std::string> Cells(const Grid& grid) {
+  std::vector<std::string> cells;
+  for (int row = 0; row < grid.Rows(); ++row)
+    for (int col = 0; col < grid.Cols(); ++col) cells.push_back(grid.TextMatrix(row, col));
+  return cells;
+}
+
+TEST(TableText, ComesBackAsItWas) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  Grid& grid = ledger.fgPractices;
+  for (const std::string text :
+       {"", "a,b;\"c\"", "line one\r\nline two\n", "tab\there", "|#;{}\\n", "\x80\x81\xA3\xFF\x01"})
+    test.AddRow(grid, {"NOTES=" + text, "NAME=" + text});
+  grid.SetColPosition(grid.ColIndex("NOTES"), 2);
+  grid.SetColWidth(3, 0);
+  grid.SetColWidth(4, 2345);
+  grid.SetColWidth(5, -1);
+  const auto before = Cells(grid);
+
+  Grid loaded("fgPractices");
+  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, grid), loaded), GridLoad::Loaded);
+  EXPECT_EQ(Cells(loaded), before);
+  for (int col = 1; col < grid.Cols(); ++col) {
+    EXPECT_EQ(loaded.ColKey(col), grid.ColKey(col));
+    EXPECT_EQ(loaded.ColWidth(col), grid.ColWidth(col));
+  }
+  EXPECT_EQ(loaded.ColIndex("NOTES"), 2);
+  EXPECT_EQ(loaded.FixedRows(), 2);
+  EXPECT_TRUE(loaded.RowHidden(1));
+  EXPECT_EQ(loaded.ColWidth(0), 120);
+  EXPECT_TRUE(loaded.Redraw());
+  // Over what another table left, whose columns were moved.
+  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, ledger.fgEvents), loaded),
+            GridLoad::Loaded);
+  EXPECT_EQ(Cells(loaded), Cells(ledger.fgEvents));
+  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, grid), loaded), GridLoad::Loaded);
+  EXPECT_EQ(Cells(loaded), before);
+}
+
+TEST(TableText, TwoSavesDifferAndBothLoad) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  test.AddRow(ledger.fgEvents, {"TITLE=Audit"});
+  std::set<std::string> texts;
+  for (int i = 0; i < 20; ++i) {
+    const std::string text = GridToText(ledger, ledger.fgEvents);
+    texts.insert(text);
+    Grid loaded("fgEvents");
+    EXPECT_EQ(LoadGridFromText(ledger, text, loaded), GridLoad::Loaded);
+    EXPECT_EQ(Cells(loaded), Cells(ledger.fgEvents));
+  }
+  EXPECT_GT(texts.size(), 10u);  // a padding of no length comes now and then
+}
+
+TEST(TableText, GroupRowsStayBehind) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  for (const auto* rate : {"1", "2", "3"})
+    test.AddRow(ledger.fgExtras, {std::string("RATE=") + rate, "SESSID=1"});
+  const auto before = Cells(ledger.fgExtras);
+  const int sessid = ledger.fgExtras.ColIndex("SESSID");
+  ledger.fgExtras.Subtotal(SubtotalFunction::Sum, sessid, ledger.fgExtras.ColIndex("RATE"), {});
+  ASSERT_EQ(ledger.fgExtras.Rows(), 6);
+  Grid loaded("fgExtras");
+  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, ledger.fgExtras), loaded),
+            GridLoad::Loaded);
+  EXPECT_EQ(Cells(loaded), before);
+}
+
+// A section under the default key whose digest is right, whatever else it holds.
+std::string Section(const Ledger& ledger, std::string plain) {
+  plain += DigestOf(plain) + kFieldEnd + kRecordEnd;
+  return clsRC4().EncryptString(plain, TableKey(ledger, "fgEvents"), true);
+}
+
+TEST(TableText, WhatIsNoTableIsRefused) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  const struct {
+    std::string text;
+    GridLoad result;
+  } cases[] = {
+      {"", GridLoad::Unreadable},
+      {"!not Base64", GridLoad::Unreadable},
+      {"Zm9v", GridLoad::Unreadable},
+      {Section(ledger, ""), GridLoad::Unreadable},
+      {Section(ledger, "padding\x1f\x1e"), GridLoad::Unreadable},  // no widths
+      {Section(ledger, "\x1f\x1e\x1e"), GridLoad::Unreadable},     // no columns
+      {Section(ledger, "\x1f\x1e" + std::string(5000, '\x1f') + "\x1e"), GridLoad::Unreadable},
+      {Section(ledger,
+               "\x1f\x1e"
+               "120\x1f"
+               "9\x1f\x1e"
+               "a\x1f\x1e"),
+       GridLoad::Unreadable},  // a field less
+      {Section(ledger,
+               "\x1f\x1e"
+               "120\x1f"
+               "9\x1f\x1e"
+               "a\x1f"
+               "b\x1f"
+               "c\x1f\x1e"),
+       GridLoad::Unreadable},
+      {Section(ledger,
+               "\x1f\x1e"
+               "120\x1f"
+               "9\x1f\x1e"
+               "a\x1f"
+               "b\x1e"),
+       GridLoad::Unreadable},
+      {Section(ledger,
+               "\x1f\x1e"
+               "120\x1f"
+               "9\x1f\x1e"),
+       GridLoad::Loaded},  // no rows
+      {Section(ledger,
+               "noise\x1f\x1e"
+               "x\x1f"
+               "99999999999\x1f\x1e\x1f"
+               "B\x1f\x1e\x1f"
+               "K\x1f\x1e"),
+       GridLoad::Loaded},
+  };
+  for (const auto& [text, result] : cases) {
+    Grid grid("fgEvents");
+    EXPECT_EQ(LoadGridFromText(ledger, text, grid), result) << text;
+    EXPECT_TRUE(grid.Rows() == 0 || result == GridLoad::Loaded);
+  }
+  EXPECT_TRUE(test.shown.messages.empty());
+
+  // Any character changed is a wrong digest, or no Base64 any more.
+  const std::string good = GridToText(ledger, ledger.fgEvents);
+  for (std::size_t at = 0; at + 4 < good.size(); at += 3) {
+    std::string bad = good;
+    bad[at] = bad[at] == 'A' ? 'B' : 'A';
+    EXPECT_NE(LoadGridFromText(ledger, bad, ledger.fgEvents), GridLoad::Loaded) << at;
+  }
+  EXPECT_EQ(test.shown.TakeMessage(), "Decryption Error: Events");
+}
+
+TEST(DataFile, ComesBackAsItWas) {
+  SavedLedger saved;
+  Ledger loaded(saved.shown.platform);
+  loaded.programDirectory = saved.ledger.programDirectory;
+  ASSERT_TRUE(LoadData(loaded));
+  EXPECT_TRUE(saved.shown.messages.empty());
+  EXPECT_FALSE(loaded.dataIncomplete);
+  EXPECT_EQ(loaded.dataFileVersion, ProgramVersion());
+  for (std::size_t i = 0; i < kTables.size(); ++i) {
+    const Grid& before = *saved.ledger.dataTables[i];
+    const Grid& after = *loaded.dataTables[i];
+    EXPECT_EQ(after.Rows(), before.Rows()) << kTables[i].name;
+    EXPECT_EQ(after.Cols(), before.Cols()) << kTables[i].name;
+    if (before.Name() == "fgSessions") continue;
+    EXPECT_EQ(Cells(after), Cells(before)) << kTables[i].name;
+  }
+  // A session's money cells are never empty after a load.
+  EXPECT_EQ(loaded.fgSessions.TextMatrix(2, "EMPLOYERCONTRIB"), "0.00");
+  EXPECT_EQ(loaded.fgSessions.TextMatrix(2, "TOTAL"), "320.00");
+  EXPECT_EQ(loaded.fgSessions.TextMatrix(2, "RATE"), "banana");
+  EXPECT_TRUE(loaded.fgExtras.ColHidden(loaded.fgExtras.ColIndex("SESSID")));
+  EXPECT_EQ(FindShortcut(loaded, 83, kCtrlBit), 2);
+  for (const Grid* grid : saved.ledger.dataTables)
+    for (int row = 2; row < grid->Rows(); ++row)
+      EXPECT_EQ(StateOfRow(saved, *grid, row), RowState::Saved);
+}
+
+TEST(DataFile, AnOlderTableGetsTodaysColumns) {
+  SavedLedger saved;
+  Ledger& ledger = saved.ledger;
+  Grid& invoices = ledger.fgInvoices;
+  saved.AddRow(invoices, {"CDATE=01/02/2026", "AMOUNT=1,320.00"});
+  invoices.SetColPosition(invoices.ColIndex("IDATE"), invoices.Cols() - 1);
+  invoices.SetCols(invoices.Cols() - 1);
+  ASSERT_TRUE(Save(ledger));
+  ASSERT_TRUE(LoadData(ledger));
+  EXPECT_EQ(invoices.ColIndex("IDATE"), invoices.ColIndex("CDATE") + 1);
+  EXPECT_EQ(invoices.TextMatrix(3, "IDATE"), "01/02/2026");
+  EXPECT_EQ(invoices.TextMatrix(3, "AMOUNT"), "1320.00");
+}
+
+// What a bad file says, and that it stays as it is, the tables before the damage hold their rows,
+// the others none, and nothing can be saved over it.
+TEST(DataFile, EveryDamageIsToldAndNothingIsOverwritten) {
+  const auto join = [](const std::vector<std::string>& sections) {
+    return Join(sections, std::string(1, kSectionEnd));
+  };
+  const SavedLedger good;
+  const auto sections = good.Sections();
+  ASSERT_EQ(sections.size(), 14u);
+  const auto with = [&](std::size_t index, const std::string& text) {
+    auto changed = sections;
+    changed[index] = text;
+    return join(changed);
+  };
+  const auto firstSections = [&](std::ptrdiff_t count) {
+    return join({sections.begin(), sections.begin() + count});
+  };
+  const auto header = [&](const std::string& clear) {
+    return with(0, sections[0].substr(0, 32) + clsRC4().EncryptString(clear, HeaderKey(), true));
+  };
+  const std::string whole = join(sections);
+  const std::string notOurs = "This is not a LedgerMinder data file";
+  const struct {
+    std::string text, message;
+    int tablesRead;
+  } cases[] = {
+      {"", notOurs, 0},
+      {whole.substr(0, 31), notOurs, 0},
+      {"%PDF-1.4 and so on, for longer than thirty-two characters", notOurs, 0},
+      {ToLower(whole.substr(0, 32)) + whole.substr(32), notOurs, 0},
+      {whole.substr(0, 32), "Decryption Error: Practices", 0},
+      {with(0, sections[0].substr(0, 40)), "Decryption Error: Header", 0},
+      {with(0, sections[0].substr(0, 32) + "!!!!"), "Decryption Error: Header", 0},
+      {header("4.0\x1f"
+              "03-02-2026 10:30:00\x1f\x1f"),
+       "Decryption Error: Header", 0},
+      {header("4.0.0\x1f"
+              "03/02/2026 10:30:00\x1f\x1f"),
+       "Decryption Error: Header", 0},
+      {header("4.0.0\x1f"
+              "03-02-2026 10:30:00\x1f"
+              "x\x1f"),
+       "Decryption Error: Header", 0},
+      {header("4.0.0"), "Decryption Error: Header", 0},
+      {whole + kSectionEnd, "Decryption Error: File", 0},
+      {whole.substr(0, whole.find_last_not_of('=')), "Decryption Error: PensionPayments", 12},
+      {whole.substr(0, whole.size() - 5), "Decryption Error: PensionPayments", 12},
+      {whole + "A", "Decryption Error: PensionPayments", 12},
+      {firstSections(6), "Decryption Error: Extras", 5},  // cut at the end of a section
+      {firstSections(13), "Decryption Error: PensionPayments", 12},
+      {with(2, ""), "Decryption Error: Sessions", 1},
+      {with(2, sections[3]), "", 13},  // another table's own section is whole
+      {with(9, sections[9].substr(4)), "Decryption Error: PensionD", 8},
+  };
+  for (const auto& [text, message, tablesRead] : cases) {
+    SavedLedger saved;
+    Write(saved.file, text);
+    Ledger ledger(saved.shown.platform);
+    ledger.programDirectory = saved.ledger.programDirectory;
+    EXPECT_EQ(LoadData(ledger), message.empty()) << message;
+    EXPECT_EQ(saved.shown.TakeMessage(), message) << text.size();
+    EXPECT_EQ(ledger.dataIncomplete, !message.empty());
+    EXPECT_EQ(saved.shown.busy, 0);
+    if (message.empty()) continue;
+    for (int i = 0; i < kDataTables; ++i) {
+      const Grid& grid = *ledger.dataTables[static_cast<std::size_t>(i)];
+      const bool retired = grid.Name() == "fgPensionC" || grid.Name() == "fgPensionD";
+      EXPECT_EQ(grid.HasData(), i < tablesRead && !retired) << grid.Name() << " in " << message;
+      EXPECT_GT(grid.Cols(), 2) << grid.Name();
+    }
+    EXPECT_FALSE(Save(ledger));
+    EXPECT_EQ(saved.shown.TakeMessage(), "The data was not loaded completely");
+    EXPECT_FALSE(WriteDataFile(ledger, ledger.File("backup.bak")));
+    EXPECT_EQ(Content(saved.file), text);
+    // A backup that loads ends it.
+    Write(ledger.File("good.bak"), whole);
+    EXPECT_TRUE(LoadData(ledger, ledger.File("good.bak")))
+        << saved.shown.messages.back().mainPrompt;
+    saved.shown.TakeMessage();
+    EXPECT_TRUE(Save(ledger));
+  }
+}
+
+TEST(DataFile, CutAnywhereItIsTold) {
+  SavedLedger saved;
+  const std::string whole = Content(saved.file);
+  Ledger ledger(saved.shown.platform);
+  ledger.programDirectory = saved.ledger.programDirectory;
+  const std::size_t last = whole.find_last_not_of('=');  // "=" at the end says nothing
+  for (std::size_t length = 0; length <= last; length += 61) {
+    Write(saved.file, whole.substr(0, length));
+    saved.shown.TakeMessage();
+    ASSERT_FALSE(LoadData(ledger)) << length;
+    ASSERT_EQ(saved.shown.messages.size(), 1u) << length;
+  }
+}
+
+// Once the data is loaded, a reload that fails before it touches the tables does no harm.
+TEST(DataFile, AReloadThatFindsNoFileKeepsTheWork) {
+  SavedLedger saved;
+  ASSERT_TRUE(LoadData(saved));
+  fs::remove(saved.file);
+  EXPECT_FALSE(LoadData(saved));
+  EXPECT_EQ(saved.shown.TakeMessage(), "Missing File");
+  EXPECT_TRUE(saved.ledger.fgSessions.HasData());
+  EXPECT_TRUE(Save(saved));
+  EXPECT_TRUE(LoadData(saved));
+}
+
+TEST(DataFile, APasswordIsAskedForOnceAndStaysInForce) {
+  SavedLedger saved;
+  Ledger& ledger = saved.ledger;
+  ledger.dataPassword = "Open, Sesame \xA3";
+  ASSERT_TRUE(Save(ledger));
+
+  const auto entering = [&](std::string password, bool cancel = false) {
+    saved.shown.modal.push_back([password, cancel](Screen& screen) {
+      auto& window = dynamic_cast<frmGetPassword&>(screen);
+      EXPECT_EQ(window.Caption(), "Enter Password");
+      EXPECT_EQ(window.lblFilename.Text(), "LedgerMinder.dat");
+      window.Enter(window.txtPassword, password);
+      window.Press(cancel ? window.cmdCancel : window.cmdOk);
+    });
+  };
+  const auto load = [&](Ledger& into) {
+    into.programDirectory = ledger.programDirectory;
+    return LoadData(into);
+  };
+  Ledger other(saved.shown.platform);
+  entering("");
+  EXPECT_FALSE(load(other));
+  entering("Open, Sesame \xA3", true);
+  EXPECT_FALSE(load(other));
+  EXPECT_EQ(saved.shown.TakeMessage(), "");
+  entering("open, sesame \xA3");
+  EXPECT_FALSE(load(other));
+  EXPECT_EQ(saved.shown.messages.back().minorPrompt,
+            "Passwords are case sensitive.\r\nPlease ensure you do not have CAPS LOCK on.");
+  EXPECT_EQ(saved.shown.TakeMessage(), "Incorrect Password");
+  EXPECT_FALSE(Save(other)) << "nothing was loaded yet";
+  saved.shown.TakeMessage();
+
+  entering("Open, Sesame \xA3");
+  ASSERT_TRUE(load(other));
+  EXPECT_EQ(other.dataPassword, "Open, Sesame \xA3");
+  EXPECT_EQ(GetOption(other, optPasswordHash), DigestOf("Open, Sesame \xA3"));
+  ASSERT_TRUE(Save(other));
+  entering("Open, Sesame \xA3");
+  EXPECT_TRUE(load(other));
+  EXPECT_TRUE(other.fgSessions.HasData());
+
+  // A file without a password, such as an old backup, is read and saved without one.
+  const SavedLedger open;
+  ASSERT_TRUE(LoadData(other, open.file));
+  EXPECT_EQ(other.dataPassword, "");
+  EXPECT_EQ(GetOption(other, optPasswordHash), DigestOf(""));
+}
+
+TEST(DataFile, ThePasswordWindowHelps) {
+  test::TestLedger test;
+  test.shown.modal.push_back([](Screen& screen) {
+    auto& window = dynamic_cast<frmGetPassword&>(screen);
+    EXPECT_TRUE(window.txtPassword.password);
+    window.Enter(window.txtPassword, "typed");
+    window.Press(window.cmdHelp);
+    EXPECT_FALSE(window.Closed());
+  });
+  EXPECT_EQ(AskPassword(test, "x.dat"), "") << "closed by its frame is cancelled";
+  EXPECT_EQ(test.shown.TakeMessage(), "Password Help");
+}
+
+// Written under the password, read before it is known.
+TEST(DataFile, ShortcutKeysUnderAPasswordAreLost) {
+  SavedLedger saved;
+  SetDefaultShortcuts(saved);
+  saved.ledger.dataPassword = "secret";
+  ASSERT_TRUE(SaveShortcuts(saved));
+  ASSERT_TRUE(Save(saved));
+  Ledger next(saved.shown.platform);
+  next.programDirectory = saved.ledger.programDirectory;
+  saved.shown.modal.push_back([](Screen& screen) {
+    screen.Enter(*screen.FindField("txtPassword"), "secret");
+    screen.Close();
+  });
+  EXPECT_TRUE(LoadData(next));
+  EXPECT_EQ(saved.shown.TakeMessage(), "Decryption Error: Shortcuts");
+  EXPECT_FALSE(next.fgShortcuts.HasData());
+  EXPECT_EQ(FindShortcut(next, 83, kCtrlBit), -1);
+}
+
+TEST(DataFile, UnreadableOptionsAreTold) {
+  test::TestLedger test;
+  const fs::path path = test.ledger.File("Options.dat");
+  for (const std::string& text : {std::string(), std::string("garbage"), Content(path).substr(8)}) {
+    Write(path, text);
+    EXPECT_FALSE(LoadGridFile(test, path, test.ledger.fgOptions));
+    EXPECT_EQ(test.shown.TakeMessage(), "Error loading the Options file");
+    EXPECT_EQ(Content(path), text);
+  }
+  EXPECT_EQ(test.shown.progress.back(), "-1 Loading " + PathText(path) + "...");
+}
+
+TEST(DataFile, AFailedSaveKeepsTheMarkers) {
+  SavedLedger saved;
+  Ledger& ledger = saved.ledger;
+  const int row = AddRecord(ledger, ledger.fgEvents);
+  ledger.programDirectory = ledger.File("Options.dat") / "below a file";
+  EXPECT_FALSE(Save(ledger));
+  EXPECT_NE(saved.shown.TakeMessage(), "");
+  EXPECT_EQ(StateOfRow(ledger, ledger.fgEvents, row), RowState::New);
+}
+
+#ifndef _WIN32
+
+// The limit on the size of a file stands in for the full disk: the options fit, the data does not.
+TEST(DataFile, AFullDiskKeepsTheOldFileAndTheMarkers) {
+  SavedLedger saved;
+  const std::string before = Content(saved.file);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    Ledger& ledger = saved.ledger;
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{20'000, 20'000};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    const int row = saved.AddRow(ledger.fgEvents, {"NOTES=" + std::string(50'000, 'n')});
+    MarkNew(ledger, ledger.fgEvents, row);
+    const bool failed = !Save(ledger) && saved.shown.messages.size() == 1 && HasUnsavedRows(ledger);
+    ::_exit(failed ? 0 : 1);
+  }
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(Content(saved.file), before);
+  const auto files = std::distance(fs::directory_iterator(saved.ledger.programDirectory),
+                                   fs::directory_iterator());
+  EXPECT_EQ(files, 2);
+}
+
+#endif
+
+}  // namespace
+}  // namespace lm

@@ -1,0 +1,111 @@
+#include "core/startup.h"
+
+#include <gtest/gtest.h>
+
+#include "core/datafile.h"
+#include "core/files.h"
+#include "core/options.h"
+#include "tests/support/scripted_platform.h"
+
+namespace lm {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(Startup, TheProgramsOwnFolderServesWhenItCanBeWritten) {
+  test::TestLedger test;
+  EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.executableDirectory);
+  test.shown.executableDirectory = test.ledger.File("Options.dat");  // no folder to write in
+  EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.userDataDirectory);
+}
+
+TEST(Startup, AFirstStartMakesWhatTheStartReads) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  ledger.programDirectory /= "new";
+  EXPECT_TRUE(IsFirstStart(ledger));
+  test.AddRow(ledger.fgEvents, {"TITLE=left over"});
+  SetOption(ledger, optInvoicePrefix, "left over");
+  ASSERT_TRUE(MakeProgramDirectory(ledger));
+  EXPECT_FALSE(IsFirstStart(ledger));
+  for (const auto* folder : {"Invoices", "Pension Forms", "Invoice Templates", "Form Templates"})
+    EXPECT_TRUE(fs::is_directory(ledger.File(folder))) << folder;
+
+  Ledger started(test.shown.platform);
+  started.programDirectory = ledger.programDirectory;
+  ASSERT_TRUE(LoadGridFile(started, started.File("Options.dat"), started.fgOptions));
+  SetDefaultOptions(started);
+  ASSERT_TRUE(LoadData(started));
+  EXPECT_TRUE(test.shown.messages.empty());
+  EXPECT_EQ(GetOption(started, optAutoSave), "TRUE");
+  EXPECT_EQ(GetOption(started, optInvoicePrefix), "INV-");
+  for (std::size_t i = 0; i < kTables.size(); ++i) {
+    EXPECT_EQ(started.dataTables[i]->Rows(), 2) << kTables[i].name;
+    EXPECT_EQ(started.dataTables[i]->Cols(), static_cast<int>(kTables[i].columns.size()) + 1)
+        << kTables[i].name;
+  }
+}
+
+TEST(Startup, OneMissingFileIsNoFirstStart) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  ASSERT_TRUE(MakeProgramDirectory(ledger));
+  fs::remove(ledger.File("LedgerMinder.dat"));
+  EXPECT_FALSE(IsFirstStart(ledger));
+  EXPECT_FALSE(LoadData(ledger));
+  EXPECT_EQ(test.shown.messages.back().minorPrompt, PathText(ledger.File("LedgerMinder.dat")));
+  EXPECT_EQ(test.shown.TakeMessage(), "Missing File");
+  fs::remove(ledger.File("Options.dat"));
+  EXPECT_FALSE(LoadGridFile(ledger, ledger.File("Options.dat"), ledger.fgOptions));
+  EXPECT_EQ(test.shown.TakeMessage(),
+            "Unable to find the file " + PathText(ledger.File("Options.dat")));
+}
+
+TEST(Startup, AFolderThatCannotBeMadeIsTold) {
+  test::TestLedger test;
+  test.ledger.programDirectory = test.ledger.File("Options.dat") / "below a file";
+  EXPECT_FALSE(MakeProgramDirectory(test));
+  EXPECT_NE(test.shown.TakeMessage(), "");
+}
+
+TEST(Startup, CountsProcessesByTheFrontOfTheirName) {
+  const std::pair<std::vector<std::string>, bool> cases[] = {
+      {{}, false},
+      {{"ledgerminder"}, false},
+      {{"LedgerMinder.exe", "ledgerminder"}, true},
+      {{"ledgerminder", "LEDGERMINDER2.EXE"}, true},
+      {{"ledgerminder", "my ledgerminder", "ledger", "ledgermind"}, false}};
+  test::TestLedger test;
+  for (const auto& [processes, running] : cases) {
+    test.shown.processes = processes;
+    EXPECT_EQ(AnotherInstanceRuns(test.shown.platform), running);
+  }
+}
+
+TEST(Startup, TheSecurityLogTellsTheStartBefore) {
+  test::TestLedger test;
+  const auto shown = [&] {
+    ProcessSecurityLog(test);
+    return test.shown.lastOpened;
+  };
+  std::string error;
+  const fs::path log = test.ledger.File("Security.log");
+  EXPECT_EQ(shown(), "Last Opened: UNKNOWN - Security log not found.");
+  test.shown.userName = "Dr A. User";
+  EXPECT_EQ(shown(), "Last Opened: Tue 03-Feb-2026 10:30 by tester");
+  EXPECT_EQ(shown(), "Last Opened: Tue 03-Feb-2026 10:30 by Dr A. User");
+  for (const std::string_view text : {"", "not Base64!", "Zm9vYmFy"}) {
+    ASSERT_TRUE(ReplaceFile(log, text, error));
+    EXPECT_EQ(shown(), "Last Opened: UNKNOWN - Security log tampered.") << text;
+    EXPECT_EQ(shown(), "Last Opened: Tue 03-Feb-2026 10:30 by Dr A. User");
+  }
+  EXPECT_TRUE(test.shown.messages.empty());
+
+  fs::remove(log);
+  fs::create_directories(log / "in the way");
+  ProcessSecurityLog(test);
+  EXPECT_EQ(test.shown.TakeMessage(), "Unexpected error processing the security log");
+}
+
+}  // namespace
+}  // namespace lm

@@ -1,0 +1,97 @@
+// A platform for tests: it records what was shown, answers from a list, and keeps its own time.
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/ledger.h"
+#include "core/platform.h"
+#include "core/screen.h"
+
+namespace lm::test {
+
+// A folder that is gone when the test is over.
+class TempDirectory {
+ public:
+  TempDirectory();
+  ~TempDirectory();
+  const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+class ScriptedPlatform : public MessagePort,
+                         public ClockPort,
+                         public WindowPort,
+                         public ProgressPort,
+                         public SystemPort {
+ public:
+  // What was shown, in order.
+  std::vector<MessageBoxText> messages;
+  std::vector<MessageBoxText> tips;
+  std::vector<std::string> progress;  // "12 Loading Preferences..."
+  std::string lastOpened;
+  std::vector<std::string> opened;  // links, files and records: "frmInvoice 12"
+  // The main prompt of the last message, "" when none was shown since the last call.
+  std::string TakeMessage();
+
+  // Answers to come; with none left a box takes its safe button: Cancel, else No, else OK.
+  std::deque<Answer> answers;
+  // Runs in place of the next modal windows, in order; with none left a window is closed.
+  std::deque<std::function<void(Screen&)>> modal;
+
+  Date now;
+  std::vector<std::string> processes{"ledgerminder"};
+  std::string userName = "tester";
+  std::filesystem::path openFile, saveFile, executableDirectory, userDataDirectory;
+  const WindowCatalogue* catalogue = nullptr;
+  int busy = 0;
+
+  ScriptedPlatform();
+
+  Answer Show(const MessageBoxText& message) override;
+  void ShowTip(const MessageBoxText& message, std::function<void()> stopTips) override;
+  Date Now() override { return now; }
+  void ShowModal(Screen& screen) override;
+  bool OpenRecord(std::string_view window, std::string_view id) override;
+  void BusyPointer(bool on) override { busy += on ? 1 : -1; }
+  void Show(int percent, std::string_view text) override;
+  void ShowLastOpened(std::string_view text) override { lastOpened = text; }
+  std::vector<std::string> RunningProcesses() override { return processes; }
+  std::string UserName() override { return userName; }
+  std::filesystem::path ExecutableDirectory() override { return executableDirectory; }
+  std::filesystem::path UserDataDirectory() override { return userDataDirectory; }
+  bool Open(std::string_view target) override;
+  bool StartCalculator() override { return true; }
+  void SetClipboard(std::string_view) override {}
+  std::filesystem::path AskOpenFile(std::string_view, const FileFilter&,
+                                    const std::filesystem::path&) override {
+    return openFile;
+  }
+  std::filesystem::path AskSaveFile(std::string_view, const FileFilter&,
+                                    const std::filesystem::path&) override {
+    return saveFile;
+  }
+
+  Platform platform{*this, *this, *this, *this, *this};
+};
+
+// A ledger in a temporary program directory, on Tuesday 3 February 2026 at 10:30, with the
+// default options set and nothing loaded; `starting` is over.
+struct TestLedger {
+  TempDirectory directory;
+  ScriptedPlatform shown;
+  Ledger ledger{shown.platform};
+
+  TestLedger();
+  operator Ledger&() { return ledger; }
+
+  // A row of a table from "KEY=text" words; an ID is given when none stands there.
+  int AddRow(Grid& grid, const std::vector<std::string>& cells);
+};
+
+}  // namespace lm::test
