@@ -1,0 +1,382 @@
+#include "records/frmSession.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+
+#include "core/dates.h"
+#include "core/format.h"
+#include "core/formatting.h"
+#include "core/messagebox.h"
+#include "core/numbers.h"
+#include "core/options.h"
+#include "core/rows.h"
+#include "core/text.h"
+#include "entry/pickers.h"
+#include "records/sessionrules.h"
+
+namespace lm {
+namespace {
+
+// The columns that the walk over fgSessions leaves to other hands.
+constexpr std::array<std::string_view, 5> kNotBoundByName{"PRACTICE", "INVOICE", "SESS_TYPE",
+                                                          "INCLUDEEMPLOYERCONTRIB", "SOURCE"};
+
+constexpr std::string_view kNotInvoiced = "Not invoiced yet";
+
+// Calls act(column, field) for each column of fgSessions that a control is bound to.
+template <typename Act>
+void ForEachBoundColumn(const Screen& screen, Act act) {
+  const Grid& sessions = screen.ledger.fgSessions;
+  for (int col = sessions.FixedCols(); col < sessions.Cols(); ++col) {
+    const std::string& key = sessions.ColKey(col);
+    const bool byHand =
+        std::any_of(kNotBoundByName.begin(), kNotBoundByName.end(),
+                    [&](std::string_view name) { return EqualsIgnoreCase(name, key); });
+    if (byHand || key.empty()) continue;
+    if (Field* field = screen.FindField("c" + key)) act(col, *field);
+  }
+}
+
+// A stored amount as a money field shows it. A damaged one stays as it is for the user to see.
+std::string AmountText(const std::string& cell) {
+  return Trim(cell).empty() ? "0.00" : Format(cell, "0.00");
+}
+
+}  // namespace
+
+frmSession::frmSession(Ledger& theLedger)
+    : Screen(theLedger, "frmSession", "Session"),
+      extras_{
+          {theLedger, fgExtras, kWorkingExtras, theLedger.fgExtras}, "Extra", kExtrasTab, cExtras},
+      expenses_{{theLedger, fgExpenses, kWorkingExpenses, theLedger.fgSessionExpenses},
+                "Expense",
+                kExpensesTab,
+                cExpenses} {
+  cID.SetVisible(false);
+  cInvoice.SetVisible(false);
+  cNotes.multiLine = true;
+  cPublicNote.multiLine = true;
+  cPractice.SetItems(PracticeItems(ledger));
+  cSess_Type.SetItems(SessionTypeItems(ledger));
+
+  const bool showsContrib = ShowsEmployerContrib(ledger);
+  cEmployerContrib.SetVisible(showsContrib);
+  cEmployerContribRate.SetVisible(showsContrib);
+  imgEmployerContrib_Help.SetVisible(showsContrib);
+
+  AddGrid(fgExtras, &extras_.rows);
+  AddGrid(fgExpenses, &expenses_.rows);
+  defaultButton = &cmdOk;
+  cancelButton = &cmdCancel;
+
+  BindFields();
+  BindActions();
+  BindItems();
+  BindLinks();
+}
+
+void frmSession::BindFields() {
+  cSDate.onEntered = [this] {
+    if (!CheckDate(cSDate, kInvalidStartDate)) return false;
+    CalculateFee();
+    return true;
+  };
+  cEDate.onEntered = [this] { return CheckDate(cEDate, kInvalidEndDate); };
+  cSTime.onEntered = [this] {
+    if (!CheckTime(cSTime, kInvalidStartTime)) return false;
+    CalculateFee();
+    return true;
+  };
+  cETime.onEntered = [this] {
+    if (!CheckTime(cETime, kInvalidEndTime)) return false;
+    CalculateFee();
+    return true;
+  };
+  cRate.onEntered = [this] { return CheckRate(); };
+  cSess_Type.onEntered = [this] {
+    TypeChosen();
+    return true;
+  };
+  for (TextField* note : {&cNotes, &cPublicNote})
+    note->onEntered = [this] {
+      MarkTabs();
+      return true;
+    };
+}
+
+void frmSession::BindActions() {
+  const auto fee = [this] { CalculateFee(); };
+  cmdStart.onPressed = [=, this] {
+    OpenPicker(*this, cSDate, Picker::Calendar, "Start Date", fee);
+  };
+  cmdStartTime.onPressed = [=, this] {
+    OpenPicker(*this, cSTime, Picker::Clock, "Start Time", fee);
+  };
+  cmdEnd.onPressed = [=, this] { OpenPicker(*this, cEDate, Picker::Calendar, "End Date", fee); };
+  cmdEndTime.onPressed = [=, this] { OpenPicker(*this, cETime, Picker::Clock, "End Time", fee); };
+  cmdRate.onPressed = [this] {
+    OpenPicker(*this, cRate, Picker::Numbers, "Rate", [this] { Recalculate(); });
+  };
+  cmdOk.onPressed = [this] { Ok(); };
+  cmdCancel.onPressed = [this] { Close(); };
+  cmdDelete.onPressed = [this] { Delete(); };
+}
+
+bool frmSession::HasPractices() {
+  if (ledger.fgPractices.HasData()) return true;
+  ShowMessage(
+      ledger, "Unable to create new session",
+      "You must enter the name of at least one Practice before you can enter the details of any "
+      "sessions.\\n\\nTo enter Practice details, click on the Practices icon, then click the green "
+      "'plus' icon. ");
+  return false;
+}
+
+bool frmSession::New(std::string_view date, std::string_view time, std::string_view practiceId) {
+  if (!HasPractices()) return false;
+  SetCaption("New Session");
+  cSDate.SetText(date);
+  cSTime.SetText(time);
+  cSess_Type.SetListIndex(0);
+  if (cPractice.Items().size() == 1)
+    cPractice.SetListIndex(0);
+  else
+    cPractice.SelectData(practiceId);
+  for (Field* amount : std::initializer_list<Field*>{&cRate, &cExtras, &cPensionable, &cExpenses,
+                                                     &cEmployerContrib, &cTotal})
+    amount->SetText("0.00");
+  cEmployerContribRate.SetText(GetOption(ledger, optEmployerContribRate));
+  lblInvoiceDetails.SetText(kNotInvoiced);
+  ShowStatus();
+  ShowMarks();
+  return true;
+}
+
+bool frmSession::OpenSession(std::string_view id) {
+  const int row = StoredRow(id);
+  if (row < 0) return false;
+  SetCaption("Session");
+  Fill(row);
+  cInvoice.SetText(ledger.fgSessions.TextMatrix(row, "INVOICE"));
+  if (cEmployerContrib.Text() == "0.00")
+    cEmployerContribRate.SetText(GetOption(ledger, optEmployerContribRate));
+  lblInvoiceDetails.SetText(InvoiceStatusText(ledger, row));
+  extras_.rows.Load(id);
+  expenses_.rows.Load(id);
+  ShowStatus();
+  ShowMarks();
+  return true;
+}
+
+bool frmSession::Copy(std::string_view id) {
+  if (!HasPractices()) return false;
+  const int row = StoredRow(id);
+  if (row < 0) return false;
+  SetCaption("Copy Session");
+  Fill(row);
+  cID.SetText("");
+  cForms.SetText("");
+  lblInvoiceDetails.SetText(kNotInvoiced);
+  extras_.rows.LoadCopy(id);
+  expenses_.rows.LoadCopy(id);
+  lblFormDetails.SetText("Not pensioned yet");
+  ShowMarks();
+  return true;
+}
+
+int frmSession::StoredRow(std::string_view id) {
+  const int row = SessionRow(ledger, id);
+  if (row < 0) ShowMessage(ledger, "This session could not be found.", "It may have been deleted.");
+  return row;
+}
+
+void frmSession::Fill(int row) {
+  const Grid& sessions = ledger.fgSessions;
+  ForEachBoundColumn(*this,
+                     [&](int col, Field& field) { field.SetText(sessions.TextMatrix(row, col)); });
+  cPractice.SelectData(sessions.TextMatrix(row, "PRACTICE"));
+  cSess_Type.SelectData(sessions.TextMatrix(row, "SESS_TYPE"));
+  WriteMoneyFields();
+}
+
+void frmSession::WriteMoneyFields() {
+  for (Field* amount :
+       std::initializer_list<Field*>{&cExtras, &cRate, &cEmployerContrib, &cExpenses, &cTotal})
+    amount->SetText(AmountText(amount->Text()));
+  cPensionable.SetText(Money(Val(cRate.Text()) + Val(cExtras.Text())));
+}
+
+void frmSession::ShowStatus() {
+  if (!OnForm()) lblFormDetails.SetText(UnpensionedText(TypeCode()));
+}
+
+void frmSession::ShowMarks() {
+  imgRefreshPensionContribution.SetVisible(HasOtherContribRate());
+  ApplyLock();
+  MarkTabs();
+}
+
+void frmSession::ApplyLock() {
+  const bool locked = Locked();
+  for (Field* field : std::initializer_list<Field*>{
+           &cPractice, &cSess_Type, &cSDate, &cSTime, &cEDate, &cETime, &cRate, &cmdStart,
+           &cmdStartTime, &cmdEnd, &cmdEndTime, &cmdRate, &cmdAddExtra, &cmdDeleteExtra,
+           &cmdAddExpense, &cmdDeleteExpense, &cmdAddMileageCharge})
+    field->SetEnabled(!locked);
+  extras_.rows.SetLocked(locked);
+  expenses_.rows.SetLocked(locked);
+}
+
+void frmSession::MarkTabs() {
+  tabMain.SetTabMarked(kPrivateNoteTab, !cNotes.Text().empty());
+  tabMain.SetTabMarked(kPublicNoteTab, !cPublicNote.Text().empty());
+  tabMain.SetTabMarked(kExtrasTab, extras_.rows.HasRows());
+  tabMain.SetTabMarked(kExpensesTab, expenses_.rows.HasRows());
+}
+
+// -1, which no rule takes for a type, when none is selected.
+int frmSession::TypeCode() const {
+  return cSess_Type.ListIndex() < 0 ? -1 : ValInt(cSess_Type.ItemData());
+}
+
+void frmSession::CalculateFee() {
+  const auto fee = FeeFromTimes(ledger, TypeCode(), cPractice.ItemData(),
+                                {cSDate.Text(), cSTime.Text(), cEDate.Text(), cETime.Text()});
+  if (!fee) return;
+  cRate.SetText(*fee);
+  Recalculate();
+}
+
+void frmSession::Recalculate() {
+  const SessionSums sums = WindowRecalculation(TypeCode(), cRate.Text(), cExtras.Text(),
+                                               cExpenses.Text(), cEmployerContribRate.Text());
+  cPensionable.SetText(sums.pensionable);
+  cEmployerContrib.SetText(sums.employerContrib);
+  cTotal.SetText(sums.total);
+}
+
+bool frmSession::CheckDate(TextField& field, std::string_view message) {
+  const auto date = EnterDate(ledger, field.Text(), message);
+  if (date) field.SetText(*date);
+  return date.has_value();
+}
+
+bool frmSession::CheckTime(TextField& field, std::string_view message) {
+  const auto time = EnterTime(ledger, field.Text(), message);
+  if (time) field.SetText(*time);
+  return time.has_value();
+}
+
+bool frmSession::CheckRate() {
+  const auto rate = EnterRate(ledger, cRate.Text());
+  if (!rate) return false;
+  cRate.SetText(rate->empty() ? "0.00" : *rate);
+  Recalculate();
+  return true;
+}
+
+void frmSession::TypeChosen() {
+  CalculateFee();
+  ShowStatus();
+  Recalculate();
+}
+
+void frmSession::Ok() {
+  if (DatesAreInOrder() && TimesAreInOrder() && MayBeDuplicate() && Save()) Close();
+}
+
+bool frmSession::DatesAreInOrder() {
+  const auto start = CellDate(cSDate.Text());
+  const auto end = CellDate(cEDate.Text());
+  if (!start || !end || *end >= *start) return true;
+  ShowMessage(ledger, "The end date cannot be earlier than the start date.");
+  Focus(cEDate);
+  return false;
+}
+
+bool frmSession::TimesAreInOrder() {
+  const bool sameDay = cEDate.Text().empty() || cEDate.Text() == cSDate.Text();
+  if (!sameDay || cETime.Text().empty() || cSTime.Text() <= cETime.Text()) return true;
+  ShowMessage(ledger, "The session end time must be after the start time",
+              "If this is an overnight session, you must include the Start and End date.");
+  Focus(cETime);
+  return false;
+}
+
+bool frmSession::MayBeDuplicate() {
+  return !IsDuplicate() ||
+         Ask(ledger,
+             "A session already exists with this date and time.\\nSave this session anyway?",
+             "Click Yes to save this session with duplicate date and time.\\nClick No to return to "
+             "the "
+             "session and change its details.",
+             "Duplicate Session");
+}
+
+bool frmSession::IsDuplicate() const {
+  if (cSDate.Text().empty() || cSTime.Text().empty()) return false;
+  const Grid& sessions = ledger.fgSessions;
+  const int id = sessions.ColIndex("ID");
+  const int date = sessions.ColIndex("SDATE");
+  const int time = sessions.ColIndex("STIME");
+  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
+    if (sessions.IsSubtotal(row) || sessions.TextMatrix(row, date) != cSDate.Text() ||
+        sessions.TextMatrix(row, time) != cSTime.Text())
+      continue;
+    if (cID.Text().empty() || sessions.TextMatrix(row, id) != cID.Text()) return true;
+  }
+  return false;
+}
+
+bool frmSession::Save() {
+  Grid& sessions = ledger.fgSessions;
+  int row = SessionRow(ledger, cID.Text());
+  if (cID.Text().empty() && !GiveId()) return false;
+  if (row < 0)
+    row = AddRecord(ledger, sessions);
+  else
+    MarkEdited(ledger, sessions, row);
+  WriteRow(row);
+  extras_.rows.WriteBack(cID.Text());
+  expenses_.rows.WriteBack(cID.Text());
+  sessions.Select(row, std::max(sessions.Col(), sessions.FixedCols()));
+  return true;
+}
+
+// The ID of a session is a 16-bit number. With the last one taken nothing is saved and the window
+// stays, so that nothing typed is lost.
+bool frmSession::GiveId() {
+  const int id = NextId(ledger.fgSessions);
+  if (id > std::numeric_limits<std::int16_t>::max()) {
+    ShowMessage(ledger, "This session cannot be saved",
+                "The last number for sessions, 32767, has been used. Your sessions are unchanged; "
+                "this window "
+                "stays open so that you can note down the details.",
+                Buttons::Ok, Icon::Critical);
+    return false;
+  }
+  cID.SetText(std::to_string(id));
+  return true;
+}
+
+void frmSession::WriteRow(int row) {
+  Grid& sessions = ledger.fgSessions;
+  ForEachBoundColumn(
+      *this, [&](int col, Field& field) { sessions.SetTextMatrix(row, col, field.Text()); });
+  if (cPractice.ListIndex() >= 0) sessions.SetTextMatrix(row, "PRACTICE", cPractice.ItemData());
+  if (cSess_Type.ListIndex() >= 0) sessions.SetTextMatrix(row, "SESS_TYPE", cSess_Type.ItemData());
+}
+
+void frmSession::Delete() {
+  if (Locked()) {
+    ShowMessage(ledger, "Delete Session",
+                "A session cannot be deleted if it has already been included on an invoice or "
+                "pension form.");
+    return;
+  }
+  if (DeleteSession(ledger, cID.Text())) Close();
+}
+
+}  // namespace lm

@@ -1,0 +1,28 @@
+// The list of practices: what may be typed into its cells, and what its rows do.
+#pragma once
+
+#include "core/screen.h"
+
+namespace lm {
+
+class PracticeListRules : public GridRules {
+ public:
+  explicit PracticeListRules(Ledger& ledger) : ledger_(ledger) {}
+
+  bool MayEdit(int row, int col) override;
+  std::string EditList(const Grid& grid, int row, int col) override;
+  Picker PickerOf(int row, int col) override;
+  std::optional<std::string> Accept(int row, int col, std::string_view text) override;
+  void Edited(int row, int col) override;
+  void Opened(int row) override;
+  void AddPressed() override;
+  void DeletePressed(int row) override;
+  std::vector<MenuEntry> ContextMenu(int row) override;
+
+ private:
+  std::string IdOf(int row) const;
+
+  Ledger& ledger_;
+};
+
+}  // namespace lm

@@ -1,0 +1,52 @@
+#include "records/practices.h"
+
+#include "core/formatting.h"
+#include "core/messagebox.h"
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace lm {
+
+std::string PracticeCell(const Ledger& ledger, std::string_view id, std::string_view key) {
+  const int row = id.empty() ? -1 : ledger.fgPractices.FindRow(id, "ID");
+  return ledger.fgPractices.TextMatrix(row, key);
+}
+
+std::string PracticeName(const Ledger& ledger, std::string_view id) {
+  return PracticeCell(ledger, id, "NAME");
+}
+
+std::string NameForFile(std::string_view name) { return RemoveAny(name, ":/\\?*<>\"|"); }
+
+bool IsRateColumn(std::string_view key) { return key.starts_with("RATE_"); }
+
+std::optional<std::string> MileageText(std::string_view typed) {
+  const std::string_view text = Trim(typed);
+  if (text.empty()) return "";
+  if (!IsNumeric(text)) return std::nullopt;
+  const Double miles = NumericValue(text);
+  return Val(text) == miles ? std::string(text) : PlainText(miles);
+}
+
+bool DeletePractice(Ledger& ledger, std::string_view id) {
+  const int row = id.empty() ? -1 : ledger.fgPractices.FindRow(id, "ID");
+  if (row < 0) {
+    ShowMessage(ledger, "Delete Practice", "There is no practice selected to delete.");
+    return false;
+  }
+  if (ledger.fgSessions.FindRow(id, "PRACTICE") >= 0) {
+    ShowMessage(ledger, "A Practice cannot be deleted while it has associated sessions.");
+    return false;
+  }
+  if (ledger.fgPensionPayments.FindRow(id, "PRACTICE") >= 0) {
+    ShowMessage(ledger, "A Practice cannot be deleted while it has associated pension payments.");
+    return false;
+  }
+  if (!Ask(ledger, "Delete Practice '" + ledger.fgPractices.TextMatrix(row, "NAME") + "'?"))
+    return false;
+  ledger.fgPractices.RemoveItem(row);
+  RefreshPracticeLists(ledger);
+  return true;
+}
+
+}  // namespace lm

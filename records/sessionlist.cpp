@@ -1,0 +1,107 @@
+#include "records/sessionlist.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/dates.h"
+#include "core/messagebox.h"
+#include "core/platform.h"
+#include "core/rows.h"
+#include "core/text.h"
+#include "entry/money.h"
+#include "records/sessionrules.h"
+#include "records/windows.h"
+
+namespace lm {
+namespace {
+
+// Written by other windows, by the rules or by form creation, never by hand.
+constexpr std::array<std::string_view, 7> kNeverEdited{
+    "ID", "INVOICE", "EXTRAS", "TOTAL", "FORMS", "EXPENSES", "EMPLOYERCONTRIB"};
+
+struct TimeColumn {
+  std::string_view key;
+  Picker picker;
+  std::string_view message;
+};
+
+constexpr TimeColumn kTimeColumns[] = {{"SDATE", Picker::Calendar, kInvalidStartDate},
+                                       {"EDATE", Picker::Calendar, kInvalidEndDate},
+                                       {"STIME", Picker::Clock, kInvalidStartTime},
+                                       {"ETIME", Picker::Clock, kInvalidEndTime}};
+
+const TimeColumn* FindTimeColumn(std::string_view key) {
+  for (const TimeColumn& column : kTimeColumns)
+    if (column.key == key) return &column;
+  return nullptr;
+}
+
+bool IsNote(std::string_view key) { return key == "NOTES" || key == "PUBLICNOTE"; }
+
+}  // namespace
+
+bool SessionListRules::IsSession(int row) const {
+  return row >= ledger_.fgSessions.FixedRows() && row < ledger_.fgSessions.Rows() &&
+         !ledger_.fgSessions.IsSubtotal(row);
+}
+
+bool SessionListRules::MayEdit(int row, int col) {
+  const std::string& key = ledger_.fgSessions.ColKey(col);
+  if (key.empty() || !IsSession(row)) return false;
+  if (std::find(kNeverEdited.begin(), kNeverEdited.end(), key) != kNeverEdited.end()) return false;
+  return IsNote(key) || !IsSessionLocked(ledger_, row);
+}
+
+Picker SessionListRules::PickerOf(int /*row*/, int col) {
+  const std::string& key = ledger_.fgSessions.ColKey(col);
+  if (const TimeColumn* column = FindTimeColumn(key)) return column->picker;
+  return key == "RATE" ? Picker::Numbers : Picker::None;
+}
+
+std::optional<std::string> SessionListRules::Accept(int /*row*/, int col, std::string_view typed) {
+  const std::string& key = ledger_.fgSessions.ColKey(col);
+  if (const TimeColumn* column = FindTimeColumn(key))
+    return column->picker == Picker::Calendar ? EnterDate(ledger_, typed, column->message)
+                                              : EnterTime(ledger_, typed, column->message);
+  if (key != "RATE") return std::string(typed);
+
+  const std::string_view text = Trim(typed);
+  if (text.empty()) return "0";
+  std::string amount = MoneyCell(text);
+  if (!amount.empty()) return amount;
+  ShowMessage(ledger_, kInvalidRate);
+  return std::nullopt;
+}
+
+void SessionListRules::Edited(int row, int col) {
+  const std::string& key = ledger_.fgSessions.ColKey(col);
+  const bool timed = FindTimeColumn(key) != nullptr;
+  if (timed) GridFeeFromTimes(ledger_, row);
+  if (timed || key == "RATE" || key == "SESS_TYPE") GridRecalculation(ledger_, row);
+  MarkEdited(ledger_, ledger_.fgSessions, row);
+}
+
+void SessionListRules::Opened(int row) {
+  if (IsSession(row)) OpenSession(ledger_, ledger_.fgSessions.TextMatrix(row, "ID"));
+}
+
+void SessionListRules::AddPressed() { NewSession(ledger_, CellText(ledger_.platform.clock.Now())); }
+
+void SessionListRules::DeletePressed(int row) {
+  if (IsSession(row))
+    DeleteSession(ledger_, ledger_.fgSessions.TextMatrix(row, "ID"));
+  else
+    ShowMessage(ledger_, "Delete Session", "There is no session selected to delete.");
+}
+
+std::vector<MenuEntry> SessionListRules::ContextMenu(int row) {
+  const bool onSession = IsSession(row);
+  return {
+      {"&New Session", [this] { AddPressed(); }},
+      {"&Edit Session", [this, row] { Opened(row); }, onSession},
+      {"&Copy Session",
+       [this, row] { CopySession(ledger_, ledger_.fgSessions.TextMatrix(row, "ID")); }, onSession},
+      {"&Delete Session", [this, row] { DeletePressed(row); }, onSession}};
+}
+
+}  // namespace lm

@@ -1,0 +1,27 @@
+// The list of sessions: which of its cells may be typed into, and what follows an edit.
+#pragma once
+
+#include "core/screen.h"
+
+namespace lm {
+
+class SessionListRules : public GridRules {
+ public:
+  explicit SessionListRules(Ledger& ledger) : ledger_(ledger) {}
+
+  bool MayEdit(int row, int col) override;
+  Picker PickerOf(int row, int col) override;
+  std::optional<std::string> Accept(int row, int col, std::string_view text) override;
+  void Edited(int row, int col) override;
+  void Opened(int row) override;
+  void AddPressed() override;
+  void DeletePressed(int row) override;
+  std::vector<MenuEntry> ContextMenu(int row) override;
+
+ private:
+  bool IsSession(int row) const;
+
+  Ledger& ledger_;
+};
+
+}  // namespace lm

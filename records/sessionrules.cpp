@@ -1,0 +1,267 @@
+#include "records/sessionrules.h"
+
+#include <vector>
+
+#include "core/dates.h"
+#include "core/format.h"
+#include "core/messagebox.h"
+#include "core/options.h"
+#include "core/platform.h"
+#include "core/rows.h"
+#include "core/text.h"
+#include "entry/parsedate.h"
+#include "entry/parsetime.h"
+#include "records/practices.h"
+
+namespace lm {
+namespace {
+
+// Where each type's hourly rate stands: with the practice, and among the defaults.
+struct RatePlace {
+  int typeCode;
+  std::string_view column;
+  std::size_t defaultItem;
+};
+
+constexpr RatePlace kRatePlaces[] = {
+    {kTypeNormal, "RATE_NORMAL", 0},           {kTypeOohStandard, "RATE_OOHS", 1},
+    {kTypeOohDeputising, "RATE_OOHD", 2},      {kTypePrivate, "RATE_PRIVATE", 3},
+    {kTypeUnpensioned, "RATE_UNPENSIONED", 4},
+};
+
+const RatePlace& RatePlaceOf(int typeCode) {
+  for (const RatePlace& place : kRatePlaces)
+    if (place.typeCode == typeCode) return place;
+  return kRatePlaces[0];
+}
+
+std::optional<Double> DaysWorked(const SessionTimes& times) {
+  const auto startDate = CellDate(times.startDate);
+  const auto startTime = CellTime(times.startTime);
+  const auto endDate = times.endDate.empty() ? startDate : CellDate(times.endDate);
+  const auto endTime = CellTime(times.endTime);
+  if (!startDate || !startTime || !endDate || !endTime) return std::nullopt;
+  return (*endDate + *endTime) - (*startDate + *startTime);
+}
+
+// Below zero when the session ends before it starts.
+std::optional<std::string> FeeForTimes(const Ledger& ledger, int typeCode,
+                                       std::string_view practiceId, const SessionTimes& times) {
+  const auto hourlyRate = HourlyRate(ledger, typeCode, practiceId);
+  const auto days = DaysWorked(times);
+  if (!hourlyRate || !days) return std::nullopt;
+  const auto hours = static_cast<Single>(*days * 24);
+  return Money(hours * *hourlyRate);
+}
+
+Single SumAsSingle(std::string_view a, std::string_view b) {
+  return static_cast<Single>(Val(a) + Val(b));
+}
+
+// A generic answer of a parser says no more than the field's own text.
+bool IsGenericReason(std::string_view reason) {
+  return EqualsIgnoreCase(reason, "Invalid date") || reason == "Please enter a valid time.";
+}
+
+std::optional<std::string> EnterWith(void (*parse)(std::string_view, Date, std::string&,
+                                                   std::string&),
+                                     Ledger& ledger, std::string_view typed,
+                                     std::string_view fieldMessage) {
+  std::string result, reason;
+  parse(typed, ledger.platform.clock.Now(), result, reason);
+  if (reason.empty()) return result;
+  ShowMessage(ledger, fieldMessage, IsGenericReason(reason) ? "" : reason);
+  return std::nullopt;
+}
+
+void RemoveRowsOf(Grid& grid, std::string_view sessionId) {
+  const RedrawOff off(grid);
+  const int sessId = grid.ColIndex("SESSID");
+  for (int row = grid.Rows() - 1; row >= grid.FixedRows(); --row)
+    if (grid.TextMatrix(row, sessId) == sessionId) grid.RemoveItem(row);
+}
+
+void SetForms(Ledger& ledger, int row, const std::string& forms) {
+  Grid& sessions = ledger.fgSessions;
+  if (sessions.TextMatrix(row, "FORMS") == forms) return;
+  sessions.SetTextMatrix(row, "FORMS", forms);
+  MarkEdited(ledger, sessions, row);
+}
+
+}  // namespace
+
+std::string_view RateColumn(int typeCode) { return RatePlaceOf(typeCode).column; }
+
+std::optional<Single> HourlyRate(const Ledger& ledger, int typeCode, std::string_view practiceId) {
+  const RatePlace& place = RatePlaceOf(typeCode);
+  std::string rate = PracticeCell(ledger, practiceId, place.column);
+  if (rate.empty()) {
+    const std::string option = GetOption(ledger, optDefaultRates);
+    const auto defaults = Split(option, '|');
+    if (place.defaultItem < defaults.size()) rate = defaults[place.defaultItem];
+  }
+  if (rate.empty()) return std::nullopt;
+  return static_cast<Single>(Val(rate));
+}
+
+std::optional<std::string> FeeFromTimes(const Ledger& ledger, int typeCode,
+                                        std::string_view practiceId, const SessionTimes& times) {
+  const auto fee = FeeForTimes(ledger, typeCode, practiceId, times);
+  return fee && Val(*fee) < 0 ? "0.00" : fee;
+}
+
+void GridFeeFromTimes(Ledger& ledger, int row) {
+  Grid& sessions = ledger.fgSessions;
+  const auto cell = [&](std::string_view key) { return sessions.TextMatrix(row, key); };
+  const auto fee = FeeForTimes(ledger, SessionTypeOf(ledger, row), cell("PRACTICE"),
+                               {cell("SDATE"), cell("STIME"), cell("EDATE"), cell("ETIME")});
+  if (!fee) return;
+  const auto pounds = static_cast<Single>(Val(*fee));
+  sessions.SetTextMatrix(row, "RATE", PlainText(pounds < 0 ? 0 : pounds));
+}
+
+SessionSums WindowRecalculation(int typeCode, std::string_view rate, std::string_view extras,
+                                std::string_view expenses, std::string_view contribRate) {
+  SessionSums sums;
+  Single amount = SumAsSingle(extras, rate);
+  sums.pensionable = Money(amount);
+  if (typeCode == kTypeNormal) amount = amount * kPensionableShare;
+  if (typeCode == kTypeNormal || typeCode == kTypeOohStandard)
+    sums.employerContrib = Money(static_cast<Double>(amount) * Val(contribRate) / 100);
+  else
+    sums.employerContrib = "0.00";
+  sums.total = Money(Val(rate) + Val(extras) + Val(expenses) + Val(sums.employerContrib));
+  return sums;
+}
+
+void GridRecalculation(Ledger& ledger, int row) {
+  Grid& sessions = ledger.fgSessions;
+  const auto cell = [&](std::string_view key) { return sessions.TextMatrix(row, key); };
+  const int type = SessionTypeOf(ledger, row);
+
+  std::string contribution = "0";
+  if (type == kTypeNormal || type == kTypeOohStandard) {
+    const auto percentage = static_cast<Single>(Val(cell("EMPLOYERCONTRIBRATE")));
+    Single amount = SumAsSingle(cell("RATE"), cell("EXTRAS"));
+    if (type == kTypeNormal) amount = amount * kPensionableShare;
+    contribution = Money((percentage / 100) * amount);
+  }
+  sessions.SetTextMatrix(row, "EMPLOYERCONTRIB", contribution);
+  sessions.SetTextMatrix(row, "TOTAL",
+                         PlainText(Val(cell("RATE")) + Val(cell("EXTRAS")) + Val(cell("EXPENSES")) +
+                                   Val(contribution)));
+}
+
+std::string SumOfItems(const Grid& items) {
+  const int rate = items.ColIndex("RATE");
+  Single sum = 0;
+  for (int row = items.FixedRows(); row < items.Rows(); ++row)
+    if (!items.RowHidden(row)) sum = static_cast<Single>(sum + Val(items.TextMatrix(row, rate)));
+  return Money(RoundMoney(sum));
+}
+
+std::optional<std::string> EnterDate(Ledger& ledger, std::string_view typed,
+                                     std::string_view fieldMessage) {
+  return EnterWith(ParseDate, ledger, typed, fieldMessage);
+}
+
+std::optional<std::string> EnterTime(Ledger& ledger, std::string_view typed,
+                                     std::string_view fieldMessage) {
+  return EnterWith(ParseTime, ledger, typed, fieldMessage);
+}
+
+std::optional<std::string> EnterRate(Ledger& ledger, std::string_view typed) {
+  const std::string signless = RemoveAny(typed, "£$+"_w);
+  const std::string_view text = Trim(signless);
+  if (text.empty()) return "";
+  if (IsNumeric(text)) return Money(NumericValue(text));
+  ShowMessage(ledger, kInvalidRate);
+  return std::nullopt;
+}
+
+int SessionRow(const Ledger& ledger, std::string_view id) {
+  if (id.empty()) return -1;
+  const Grid& sessions = ledger.fgSessions;
+  const int col = sessions.ColIndex("ID");
+  int row = sessions.FindRow(id, -1, col);
+  while (row >= 0 && sessions.IsSubtotal(row)) row = sessions.FindRow(id, row + 1, col);
+  return row;
+}
+
+int SessionTypeOf(const Ledger& ledger, int row) {
+  return ValInt(ledger.fgSessions.TextMatrix(row, "SESS_TYPE"));
+}
+
+bool IsSessionLocked(const Ledger& ledger, int row) {
+  return IsLocked(ledger.fgSessions.TextMatrix(row, "FORMS"),
+                  ledger.fgSessions.TextMatrix(row, "INVOICE"));
+}
+
+std::optional<LockMessage> DeleteRefusal(std::string_view forms, std::string_view invoice) {
+  if (!invoice.empty())
+    return LockMessage{"A session cannot be deleted once it has been put on an invoice",
+                       "You must delete the invoice first in order to delete this session, or "
+                       "remove the session from the invoice."};
+  if (!forms.empty())
+    return LockMessage{"A session cannot be deleted once it has been put on a pension form",
+                       "You must delete the pension form first."};
+  return std::nullopt;
+}
+
+bool DeleteSession(Ledger& ledger, std::string_view id) {
+  if (id.empty()) return Ask(ledger, "Delete this session?");
+
+  Grid& sessions = ledger.fgSessions;
+  const int row = SessionRow(ledger, id);
+  if (row < 0) return false;
+  const auto refusal =
+      DeleteRefusal(sessions.TextMatrix(row, "FORMS"), sessions.TextMatrix(row, "INVOICE"));
+  if (refusal) {
+    ShowMessage(ledger, refusal->mainPrompt, refusal->minorPrompt);
+    return false;
+  }
+  const std::string& practice = PracticeName(ledger, sessions.TextMatrix(row, "PRACTICE"));
+  if (!Ask(ledger, "Delete Session", "Delete this session for practice '" + practice + "'?"))
+    return false;
+
+  const std::string sessionId(id);  // may be a view of the row that goes
+  RemoveRowsOf(ledger.fgExtras, sessionId);
+  RemoveRowsOf(ledger.fgSessionExpenses, sessionId);
+  sessions.RemoveItem(row);
+  return true;
+}
+
+std::string WithFormLetter(std::string_view forms, std::string_view letter) {
+  if (forms.empty()) return std::string(letter);
+  if (forms.find(letter) != std::string_view::npos) return std::string(forms);
+  return std::string(forms) + "," + std::string(letter);
+}
+
+std::string WithoutFormLetter(std::string_view forms, std::string_view letter) {
+  const std::string left = Replace(forms, letter, "");
+  return left.size() == 2 ? RemoveAny(left, ",") : left;
+}
+
+void AddFormLetter(Ledger& ledger, int row, std::string_view letter) {
+  SetForms(ledger, row, WithFormLetter(ledger.fgSessions.TextMatrix(row, "FORMS"), letter));
+}
+
+void RemoveFormLetter(Ledger& ledger, int row, std::string_view letter) {
+  SetForms(ledger, row, WithoutFormLetter(ledger.fgSessions.TextMatrix(row, "FORMS"), letter));
+}
+
+std::string InvoiceStatusText(const Ledger& ledger, int row) {
+  if (ledger.fgSessions.TextMatrix(row, "INVOICE").empty()) return "Not invoiced yet";
+  return ledger.fgSessions.DisplayText(row, "INVOICE");
+}
+
+std::string_view UnpensionedText(int typeCode) {
+  return typeCode == kTypeNormal || typeCode == kTypeOohStandard ? "Not pensioned yet"
+                                                                 : "Not pensionable";
+}
+
+bool ShowsEmployerContrib(const Ledger& ledger) {
+  return EqualsIgnoreCase(GetOption(ledger, optPensionCountry), "ENGLAND");
+}
+
+}  // namespace lm

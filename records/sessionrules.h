@@ -1,0 +1,117 @@
+// What a session row means: its type, how its money columns come about, what locks it.
+//
+// The money rules name the kind of number at each step, and the kinds and the order of operations
+// are part of the result. The session window and the list recalculate in slightly different
+// orders, so that there are two variants of the fee and of the recalculation; they are not to be
+// merged. Fees, sums and contributions are texts in pounds; what is not a number reads as 0.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/ledger.h"
+#include "core/numbers.h"
+
+namespace lm {
+
+// Session types, as SESS_TYPE stores them.
+constexpr int kTypePrivate = 0;
+constexpr int kTypeNormal = 1;
+constexpr int kTypeOohStandard = 2;
+constexpr int kTypeOohDeputising = 3;
+constexpr int kTypeUnpensioned = 4;
+
+// The share of an NHS Normal fee that is pensionable: 0.9 as a Single has it.
+constexpr Single kPensionableShare = 0.899999976158142f;
+
+// The type's column of fgPractices. Codes that are no type have the column of NHS Normal.
+std::string_view RateColumn(int typeCode);
+
+// Pounds an hour: the practice's own rate for the type or, with no practice ("" or an unknown ID)
+// or an empty cell there, the default of option 64. Empty when neither is set.
+std::optional<Single> HourlyRate(const Ledger& ledger, int typeCode, std::string_view practiceId);
+
+// The texts of the four date and time fields or cells; endDate is "" for a same-day session.
+struct SessionTimes {
+  std::string_view startDate, startTime, endDate, endTime;
+};
+
+// The fee for the hours worked, as the window writes it ("120.00"). Empty, and the fee is to be
+// left as it stands, when there is no hourly rate or when start date, start time or end time is
+// missing or damaged. An end before the start gives "0.00".
+std::optional<std::string> FeeFromTimes(const Ledger& ledger, int typeCode,
+                                        std::string_view practiceId, const SessionTimes& times);
+// The same rule on a row of fgSessions: RATE receives the plain text of a Single ("120").
+void GridFeeFromTimes(Ledger& ledger, int row);
+
+// The calculated fields of the window, each with two decimals.
+struct SessionSums {
+  std::string pensionable;  // the whole of rate and extras, whatever the type
+  std::string employerContrib;
+  std::string total;
+};
+// From the window's texts; contribRate is the percentage that the window shows.
+SessionSums WindowRecalculation(int typeCode, std::string_view rate, std::string_view extras,
+                                std::string_view expenses, std::string_view contribRate);
+// EMPLOYERCONTRIB and TOTAL of a row of fgSessions, by the percentage stored on the row.
+void GridRecalculation(Ledger& ledger, int row);
+
+// The sum of the RATE cells of a working grid of extras or expenses, with two decimals. Hidden rows
+// are deleted ones and do not count.
+std::string SumOfItems(const Grid& items);
+
+// What was typed as a session's date or time, as it is stored: dd/mm/yyyy, hh:nn, or "" for blanks.
+// Empty after a message: the field's own text, with the parser's reason where that says more.
+constexpr std::string_view kInvalidStartDate = "Please enter a valid start date.";
+constexpr std::string_view kInvalidEndDate = "Please enter a valid end date.";
+constexpr std::string_view kInvalidStartTime = "Please enter a valid start time.";
+constexpr std::string_view kInvalidEndTime = "Please enter a valid end time.";
+constexpr std::string_view kInvalidRate = "The rate must be blank or a number.";
+std::optional<std::string> EnterDate(Ledger& ledger, std::string_view typed,
+                                     std::string_view fieldMessage);
+std::optional<std::string> EnterTime(Ledger& ledger, std::string_view typed,
+                                     std::string_view fieldMessage);
+
+// What was typed as a rate in a window: two decimals ("1,000" gives "1000.00"), "" for blanks.
+// Empty after a message when it is no number. Signs of pounds do not matter.
+std::optional<std::string> EnterRate(Ledger& ledger, std::string_view typed);
+
+// Row of the session with this ID, never a group row; -1 when there is none.
+int SessionRow(const Ledger& ledger, std::string_view id);
+int SessionTypeOf(const Ledger& ledger, int row);
+
+// A session that stands on a pension form or an invoice is locked against change.
+inline bool IsLocked(std::string_view forms, std::string_view invoice) {
+  return !forms.empty() || !invoice.empty();
+}
+bool IsSessionLocked(const Ledger& ledger, int row);
+
+// Why a locked session cannot be deleted; the invoice is named first. Empty when it is not locked.
+struct LockMessage {
+  std::string_view mainPrompt;
+  std::string_view minorPrompt;
+};
+std::optional<LockMessage> DeleteRefusal(std::string_view forms, std::string_view invoice);
+
+// Asks and removes the session with its extras and expenses. True when the user said yes: also
+// for "", a new session that no table holds yet. False after its message when the session is
+// locked, without one when there is no such session.
+bool DeleteSession(Ledger& ledger, std::string_view id);
+
+// The FORMS cell with a form's letter ("A", "B", "SOLO") put in, once, or taken out.
+std::string WithFormLetter(std::string_view forms, std::string_view letter);
+std::string WithoutFormLetter(std::string_view forms, std::string_view letter);
+// The same on a row of fgSessions; a row that changes is marked as edited.
+void AddFormLetter(Ledger& ledger, int row, std::string_view letter);
+void RemoveFormLetter(Ledger& ledger, int row, std::string_view letter);
+
+// "Not invoiced yet", or the number of the invoice. `row` -1 is a new session.
+std::string InvoiceStatusText(const Ledger& ledger, int row);
+// What a session on no form shows: "Not pensioned yet" or "Not pensionable".
+std::string_view UnpensionedText(int typeCode);
+
+// The contribution and its rate are shown to users in England only; they are calculated everywhere.
+bool ShowsEmployerContrib(const Ledger& ledger);
+
+}  // namespace lm

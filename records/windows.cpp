@@ -1,0 +1,84 @@
+#include "records/windows.h"
+
+#include "core/messagebox.h"
+#include "records/frmPractice.h"
+#include "records/frmSession.h"
+#include "records/frmWelcome.h"
+
+namespace lm {
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::string Word(const Words& words, std::size_t index) {
+  return index < words.size() ? words[index] : "";
+}
+
+// One session window at a time: two working copies would overwrite each other's rows.
+template <typename Fill>
+bool ShowSession(Ledger& ledger, Fill fill) {
+  if (OpenScreen(ledger, "frmSession")) {
+    ShowMessage(ledger, "The session window is already open");
+    return false;
+  }
+  frmSession window(ledger);
+  if (!fill(window)) return false;
+  ShowModal(window);
+  return true;
+}
+
+bool PracticeByWords(Ledger& ledger, const Words& words) {
+  if (Word(words, 0) == "new") return NewPractice(ledger);
+  return Word(words, 0) == "open" && OpenPractice(ledger, Word(words, 1));
+}
+
+bool SessionByWords(Ledger& ledger, const Words& words) {
+  const std::string operation = Word(words, 0);
+  if (operation == "new") return NewSession(ledger, Word(words, 1), Word(words, 2), Word(words, 3));
+  if (operation == "open") return OpenSession(ledger, Word(words, 1));
+  return operation == "copy" && CopySession(ledger, Word(words, 1));
+}
+
+bool Welcome(Ledger& ledger, const Words&) {
+  frmWelcome window(ledger);
+  ShowModal(window);
+  return true;
+}
+
+}  // namespace
+
+bool NewPractice(Ledger& ledger) {
+  frmPractice window(ledger);
+  window.New();
+  ShowModal(window);
+  return true;
+}
+
+bool OpenPractice(Ledger& ledger, std::string_view id) {
+  frmPractice window(ledger);
+  if (!window.Open(id)) return false;
+  ShowModal(window);
+  return true;
+}
+
+bool NewSession(Ledger& ledger, std::string_view date, std::string_view time,
+                std::string_view practiceId) {
+  return ShowSession(ledger,
+                     [&](frmSession& window) { return window.New(date, time, practiceId); });
+}
+
+bool OpenSession(Ledger& ledger, std::string_view id) {
+  return ShowSession(ledger, [&](frmSession& window) { return window.OpenSession(id); });
+}
+
+bool CopySession(Ledger& ledger, std::string_view id) {
+  return ShowSession(ledger, [&](frmSession& window) { return window.Copy(id); });
+}
+
+void AddRecordWindows(WindowCatalogue& catalogue) {
+  catalogue.Add("frmPractice", PracticeByWords);
+  catalogue.Add("frmSession", SessionByWords);
+  catalogue.Add("frmWelcome", Welcome);
+}
+
+}  // namespace lm

@@ -1,0 +1,139 @@
+#include "records/sessionlist.h"
+
+#include <gtest/gtest.h>
+
+#include "core/formatting.h"
+#include "core/options.h"
+#include "core/rows.h"
+#include "core/text.h"
+#include "tests/support/scripted_platform.h"
+
+namespace lm {
+namespace {
+
+using test::TestLedger;
+
+struct SessionList : testing::Test {
+  TestLedger t;
+  Ledger& ledger = t.ledger;
+  Grid& sessions = ledger.fgSessions;
+  SessionListRules rules{ledger};
+  int row = -1;
+
+  void SetUp() override {
+    SetOption(ledger, optPensionCountry, "England");
+    t.AddRow(ledger.fgPractices, {"ID=1", "NAME=Riverside", "RATE_NORMAL=40", "RATE_OOHS=60"});
+    row = t.AddRow(sessions, {"PRACTICE=1", "SESS_TYPE=1", "SDATE=03/02/2026", "STIME=09:00",
+                              "ETIME=12:00", "RATE=95", "EMPLOYERCONTRIBRATE=14.38"});
+    t.AddRow(sessions, {"PRACTICE=1"});
+    FormatTables(ledger);
+  }
+  EditOutcome Edit(std::string_view key, std::string_view text) {
+    return EditCell(sessions, rules, row, sessions.ColIndex(key), text);
+  }
+  std::string Cell(std::string_view key) const { return sessions.TextMatrix(row, key); }
+};
+
+TEST_F(SessionList, OnlyTheNotesOfALockedSessionAreOpen) {
+  const std::vector<std::string> never{"ID",    "INVOICE",  "EXTRAS",         "TOTAL",
+                                       "FORMS", "EXPENSES", "EMPLOYERCONTRIB"};
+  for (const auto& [key, lock] : {std::pair{"", ""}, {"FORMS", "A"}, {"INVOICE", "2"}}) {
+    sessions.SetTextMatrix(row, key, lock);
+    const bool locked = *lock != '\0';
+    for (const char* open : {"PRACTICE", "SESS_TYPE", "SDATE", "EDATE", "STIME", "ETIME", "RATE"})
+      EXPECT_EQ(rules.MayEdit(row, sessions.ColIndex(open)), !locked) << open << " " << lock;
+    for (const char* note : {"NOTES", "PUBLICNOTE"})
+      EXPECT_TRUE(rules.MayEdit(row, sessions.ColIndex(note))) << note << " " << lock;
+    for (const std::string& column : never)
+      EXPECT_FALSE(rules.MayEdit(row, sessions.ColIndex(column))) << column;
+    if (locked) sessions.SetTextMatrix(row, key, "");
+  }
+  EXPECT_FALSE(rules.MayEdit(row, 0));
+  EXPECT_FALSE(rules.MayEdit(row, -1));
+  EXPECT_FALSE(rules.MayEdit(-1, sessions.ColIndex("NOTES")));
+  sessions.SetRowOutlineLevel(row, 1);
+  EXPECT_FALSE(rules.MayEdit(row, sessions.ColIndex("NOTES")));
+}
+
+TEST_F(SessionList, TypedTextIsReadOrRefusedWithItsMessage) {
+  const struct {
+    const char *key, *typed;
+    EditOutcome outcome;
+    const char *stored, *message;
+  } cases[] = {
+      {"SDATE", "banana", EditOutcome::Refused, "03/02/2026", "Please enter a valid start date."},
+      {"EDATE", "31/2/2026", EditOutcome::Refused, "", "Please enter a valid end date."},
+      {"STIME", "xyz", EditOutcome::Refused, "09:00", "Please enter a valid start time."},
+      {"ETIME", "99:99", EditOutcome::Refused, "12:00", "Please enter a valid end time."},
+      {"RATE", "12,3x", EditOutcome::Refused, "95", "The rate must be blank or a number."},
+      {"RATE", "1,000", EditOutcome::Accepted, "1000", ""},
+      {"RATE", " 1,234.5 ", EditOutcome::Accepted, "1234.50", ""},
+      {"RATE", "  ", EditOutcome::Accepted, "0", ""},
+      {"SDATE", "tom", EditOutcome::Accepted, "04/02/2026", ""},
+      {"EDATE", "5", EditOutcome::Accepted, "05/02/2026", ""},
+      {"EDATE", "", EditOutcome::Accepted, "", ""},
+      {"SESS_TYPE", "Nonsense", EditOutcome::Refused, "1", ""},
+      {"NOTES", "Keys at desk", EditOutcome::Accepted, "Keys at desk", ""},
+      {"TOTAL", "1", EditOutcome::NotAllowed, nullptr, ""},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(Edit(c.key, c.typed), c.outcome) << c.key << " " << c.typed;
+    if (c.stored) {
+      EXPECT_EQ(Cell(c.key), c.stored) << c.key << " " << c.typed;
+    }
+    EXPECT_EQ(t.shown.TakeMessage(), c.message) << c.key << " " << c.typed;
+  }
+  EXPECT_EQ(StateOfRow(ledger, sessions, row), RowState::Edited);
+  EXPECT_EQ(StateOfRow(ledger, sessions, row + 1), RowState::Saved);
+}
+
+TEST_F(SessionList, TimesBringTheFeeAndTheSumsTypeOnlyTheSums) {
+  EXPECT_EQ(Edit("ETIME", "11"), EditOutcome::Accepted);
+  EXPECT_EQ(Cell("RATE"), "80");
+  EXPECT_EQ(Cell("EMPLOYERCONTRIB"), "10.35");  // 72.00 x 14.38%
+  EXPECT_EQ(Cell("TOTAL"), "90.35");
+
+  EXPECT_EQ(Edit("SESS_TYPE", "NHS OOH"), EditOutcome::Accepted);
+  EXPECT_EQ(Cell("SESS_TYPE"), "2");
+  EXPECT_EQ(Cell("RATE"), "80");  // the fee is not looked up again
+  EXPECT_EQ(Cell("EMPLOYERCONTRIB"), "11.50");
+  EXPECT_EQ(Cell("TOTAL"), "91.5");
+
+  EXPECT_EQ(Edit("RATE", "100"), EditOutcome::Accepted);
+  EXPECT_EQ(Cell("TOTAL"), "114.38");
+
+  EXPECT_EQ(Edit("ETIME", "8am"), EditOutcome::Accepted);
+  EXPECT_EQ(Cell("RATE"), "0");
+  EXPECT_EQ(Cell("TOTAL"), "0");
+}
+
+TEST_F(SessionList, TheSameDateTypedAfreshIsNoEdit) {
+  EXPECT_EQ(Edit("SDATE", "today"), EditOutcome::Unchanged);
+  EXPECT_EQ(Cell("RATE"), "95");  // an agreed fee stays
+  EXPECT_EQ(StateOfRow(ledger, sessions, row), RowState::Saved);
+
+  // What a picker wrote arrives without having been typed.
+  sessions.SetTextMatrix(row, "ETIME", "10:00");
+  rules.Edited(row, sessions.ColIndex("ETIME"));
+  EXPECT_EQ(Cell("RATE"), "40");
+}
+
+TEST_F(SessionList, RowsThatAreNoSessionAreLeftAlone) {
+  sessions.SetRowOutlineLevel(row + 1, 1);
+  for (const int none : {-1, 0, row + 1, sessions.Rows()}) {
+    t.shown.answers = {Answer::Yes};
+    const int rows = sessions.Rows();
+    rules.DeletePressed(none);
+    rules.Opened(none);
+    EXPECT_EQ(sessions.Rows(), rows) << none;
+    EXPECT_EQ(t.shown.messages.back().minorPrompt, "There is no session selected to delete.");
+    for (const MenuEntry& entry : rules.ContextMenu(none))
+      EXPECT_EQ(entry.enabled, entry.caption == "&New Session") << none << " " << entry.caption;
+  }
+  t.shown.answers = {Answer::Yes};
+  rules.DeletePressed(row);
+  EXPECT_EQ(sessions.Rows(), sessions.FixedRows() + 1);
+}
+
+}  // namespace
+}  // namespace lm
