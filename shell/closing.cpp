@@ -1,0 +1,67 @@
+// Saving from the main window, and the way from its close request to the end.
+#include "core/datafile.h"
+#include "core/files.h"
+#include "core/format.h"
+#include "core/messagebox.h"
+#include "core/numbers.h"
+#include "core/platform.h"
+#include "core/text.h"
+#include "shell/frmMain.h"
+
+namespace lm {
+
+bool frmMain::SaveAll() {
+  const Ungrouped ungrouped(grouping_);
+  return Save(ledger);
+}
+
+bool frmMain::CloseMain() {
+  if (Closed()) return true;
+  if (!ledger.exitWithoutSaving) {
+    if (!ConfirmExit()) return false;
+    // Tables that a failed load left incomplete must replace neither the file nor today's backup.
+    if (!ledger.dataIncomplete) {
+      // A save that failed has told why. The window stays, since closing would lose the changes.
+      if (OptionIsTrue(ledger, optAutoSave) && !SaveAll()) return false;
+      BackUpIfDue();
+    }
+  }
+  UnloadAllWindows();
+  return true;
+}
+
+bool frmMain::ConfirmExit() {
+  if (!OptionIsTrue(ledger, optConfirmExit)) return true;
+  const bool autoSaveOff = EqualsIgnoreCase(GetOption(ledger, optAutoSave), "FALSE");
+  return Ask(ledger, "Do you really want to exit?", autoSaveOff ? "Autosave is turned off." : "",
+             "Exit LedgerMinder");
+}
+
+void frmMain::BackUpIfDue() {
+  const Double days = Val(GetOption(ledger, optAutoBackupDays));
+  if (days <= 0) return;
+  const Date now = ledger.platform.clock.Now();
+  const auto last = CellDateTime(GetOption(ledger, optLastBackupDate));  // none: a backup is due
+  if (last && *last + days > now) return;
+
+  const auto path = ledger.File("LedgerMinderBackup " + FormatDate(now, "dd mmm yyyy") + ".bak");
+  const Ungrouped ungrouped(grouping_);
+  if (!WriteDataFile(ledger, path)) return;
+  SetOption(ledger, optLastBackupFile, PathText(path));
+  SetOption(ledger, optLastBackupDate, FormatDate(now, "dd/mm/yyyy hh:nn"));
+  SaveOptions(ledger);
+}
+
+void frmMain::ExitWithoutSaving() {
+  if (!Ask(ledger, "Exit without saving?")) return;
+  ledger.exitWithoutSaving = true;
+  UnloadAllWindows();
+}
+
+void frmMain::UnloadAllWindows() {
+  const std::vector<Screen*> open = ledger.openScreens;
+  for (auto screen = open.rbegin(); screen != open.rend(); ++screen) (*screen)->Close();
+  Close();
+}
+
+}  // namespace lm

@@ -1,0 +1,37 @@
+#include "shell/mydetails.h"
+
+#include "core/text.h"
+
+namespace lm {
+
+const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs{{
+    {17, "Title:", MyDetailsTab::Personal},
+    {0, "Address:", MyDetailsTab::Personal},
+    {1, "Address line 2:", MyDetailsTab::Personal},
+    {2, "Address line 3:", MyDetailsTab::Personal},
+    {3, "Address line 4:", MyDetailsTab::Personal},
+    {4, "Postcode:", MyDetailsTab::Personal},
+    {7, "Telephone:", MyDetailsTab::Personal},
+    {11, "Mobile:", MyDetailsTab::Personal},
+    {6, "E-mail:", MyDetailsTab::Personal},
+    {15, "Date of Birth:", MyDetailsTab::Personal},
+    {10, "Qualifications:", MyDetailsTab::Professional},
+    {5, "GMC Number:", MyDetailsTab::Professional},
+    {12, "Performers List Number:", MyDetailsTab::Professional},
+    {8, "Indemnity Company:", MyDetailsTab::Professional},
+    {9, "Indemnity Number:", MyDetailsTab::Professional},
+    {14, "Tax Reference (UTR):", MyDetailsTab::Professional},
+    {19, "Bank Details:", MyDetailsTab::Professional},
+    {13, "National Insurance Number:", MyDetailsTab::Pension},
+    {18, "Pension Scheme Number:", MyDetailsTab::Pension},
+    {16, "Authority for Pension Forms:", MyDetailsTab::Pension},
+    {20, "ODS Code:", MyDetailsTab::Pension},
+}};
+
+std::string_view MyDetailCaption(int field) {
+  for (const MyDetailSpec& spec : kMyDetailSpecs)
+    if (spec.field == field) return spec.caption;
+  return "";
+}
+
+}  // namespace lm

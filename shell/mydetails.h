@@ -1,0 +1,28 @@
+// The My Details page, as data: what each of the 21 numbered fields holds and on which tab it
+// stands. Documents and pension forms ask for the fields by these numbers.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "core/options.h"
+
+namespace lm {
+
+enum class MyDetailsTab { Personal, Professional, Pension };
+constexpr std::array<std::string_view, 3> kMyDetailsTabs{"Personal", "Professional", "Pension"};
+
+struct MyDetailSpec {
+  int field;
+  std::string_view caption;
+  MyDetailsTab tab;
+};
+
+// In the order in which they stand on the page.
+extern const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs;
+
+// "" for a number outside 0 to 20.
+std::string_view MyDetailCaption(int field);
+
+}  // namespace lm

@@ -1,0 +1,141 @@
+#include "shell/native.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
+
+#include "core/text.h"
+
+#ifdef _WIN32
+#include <windows.h>
+// after windows.h
+#include <lmcons.h>
+#include <tlhelp32.h>
+#else
+#include <pwd.h>
+#include <unistd.h>
+#endif
+#ifdef __APPLE__
+#include <libproc.h>
+#include <mach-o/dyld.h>
+#endif
+
+namespace lm::native {
+namespace fs = std::filesystem;
+
+Date LocalTime() {
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  return DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday) +
+         TimeSerial(local.tm_hour, local.tm_min, local.tm_sec);
+}
+
+#if defined(_WIN32)
+
+std::vector<std::string> RunningProcesses() {
+  std::vector<std::string> names;
+  const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+  if (snapshot == INVALID_HANDLE_VALUE) return names;
+  PROCESSENTRY32 entry{};
+  entry.dwSize = sizeof entry;
+  for (BOOL more = Process32First(snapshot, &entry); more; more = Process32Next(snapshot, &entry))
+    names.emplace_back(entry.szExeFile);
+  CloseHandle(snapshot);
+  return names;
+}
+
+std::string UserName() {
+  char name[UNLEN + 1];
+  DWORD size = UNLEN + 1;
+  return GetUserNameA(name, &size) ? std::string(name) : "unknown";
+}
+
+fs::path ExecutableDirectory() {
+  wchar_t path[32768];
+  const DWORD size = GetModuleFileNameW(nullptr, path, 32768);
+  return fs::path(std::wstring(path, size)).parent_path();
+}
+
+fs::path UserDataDirectory() {
+  const wchar_t* base = _wgetenv(L"APPDATA");
+  return fs::path(base ? base : L".") / "LedgerMinder";
+}
+
+#else
+
+std::string UserName() {
+  const passwd* user = getpwuid(getuid());
+  return user && user->pw_name ? FromUtf8(user->pw_name) : "unknown";
+}
+
+namespace {
+
+fs::path HomeDirectory() {
+  if (const char* home = std::getenv("HOME"); home && *home) return home;
+  const passwd* user = getpwuid(getuid());
+  return user && user->pw_dir ? user->pw_dir : ".";
+}
+
+}  // namespace
+
+#if defined(__APPLE__)
+
+std::vector<std::string> RunningProcesses() {
+  std::vector<pid_t> ids(8192);
+  const int bytes = proc_listallpids(ids.data(), static_cast<int>(ids.size() * sizeof(pid_t)));
+  std::vector<std::string> names;
+  for (int i = 0; i < bytes; ++i) {
+    char name[256] = "";
+    if (proc_name(ids[static_cast<std::size_t>(i)], name, sizeof name) > 0)
+      names.emplace_back(name);
+  }
+  return names;
+}
+
+fs::path ExecutableDirectory() {
+  char path[4096];
+  std::uint32_t size = sizeof path;
+  return _NSGetExecutablePath(path, &size) == 0 ? fs::path(path).parent_path() : fs::path(".");
+}
+
+fs::path UserDataDirectory() {
+  return HomeDirectory() / "Library" / "Application Support" / "LedgerMinder";
+}
+
+#else
+
+std::vector<std::string> RunningProcesses() {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry("/proc", error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (!AllDigits(entry->path().filename().string())) continue;
+    std::error_code unreadable;
+    const fs::path executable = fs::read_symlink(entry->path() / "exe", unreadable);
+    if (!unreadable) names.push_back(executable.filename().string());
+  }
+  return names;
+}
+
+fs::path ExecutableDirectory() {
+  std::error_code error;
+  const fs::path path = fs::read_symlink("/proc/self/exe", error);
+  return error ? fs::path(".") : path.parent_path();
+}
+
+fs::path UserDataDirectory() {
+  const char* base = std::getenv("XDG_DATA_HOME");
+  const fs::path folder =
+      base && *base == '/' ? fs::path(base) : HomeDirectory() / ".local" / "share";
+  return folder / "ledgerminder";
+}
+
+#endif
+#endif
+
+}  // namespace lm::native

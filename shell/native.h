@@ -1,0 +1,26 @@
+// The few calls of the operating system that the desktop and the command line share.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "core/dates.h"
+
+namespace lm::native {
+
+Date LocalTime();
+
+// Names of the executables that run, without their folders; empty where the platform does not tell.
+std::vector<std::string> RunningProcesses();
+
+// The user's login name in Windows-1252, "unknown" when the platform does not tell.
+std::string UserName();
+
+std::filesystem::path ExecutableDirectory();
+
+// The user's own data folder for this program: XDG_DATA_HOME on Linux, AppData on Windows,
+// Application Support on macOS. Not made here.
+std::filesystem::path UserDataDirectory();
+
+}  // namespace lm::native
