@@ -1,0 +1,138 @@
+// ledgerminder-cli: the program without a screen.
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/demo.h"
+#include "cli/script.h"
+#include "cli/terminal.h"
+#include "core/options.h"
+#include "core/startup.h"
+#include "core/text.h"
+#include "records/windows.h"
+
+namespace {
+
+constexpr std::string_view kUsage =
+    "Usage: ledgerminder-cli [--dir DIR] [--now \"dd/mm/yyyy hh:nn\"] [--answer "
+    "yes,no,cancel,ok,...]\n"
+    "                        [--force] COMMAND\n"
+    "\n"
+    "  init        makes a new program directory\n"
+    "  demo DIR    makes a program directory with a believable month of work\n"
+    "  run FILE    runs a script, - for standard input\n"
+    "\n"
+    "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
+    "  --now TIME  the clock's time\n"
+    "  --answer    answers for the message boxes to come\n"
+    "  --force     goes on where another instance runs or the directory already holds data\n";
+
+struct Settings {
+  std::string directory;
+  bool force = false;
+  std::vector<std::string> command;
+};
+
+int Fail(std::string_view message) {
+  std::cerr << "ledgerminder-cli: " << message << '\n';
+  return 2;
+}
+
+// Empty when the arguments were understood, otherwise what is wrong with them.
+std::string ReadArguments(const std::vector<std::string>& arguments, Settings& settings,
+                          lm::Terminal& terminal) {
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& word = arguments[i];
+    if (!settings.command.empty() || !word.starts_with("--")) {
+      settings.command.push_back(word);
+      continue;
+    }
+    if (word == "--force") {
+      settings.force = true;
+      continue;
+    }
+    if (i + 1 == arguments.size()) return "a value is missing behind " + word;
+    const std::string& value = arguments[++i];
+    if (word == "--dir") {
+      settings.directory = value;
+    } else if (word == "--now") {
+      terminal.fixedNow = lm::CellDateTime(value);
+      if (!terminal.fixedNow) return "this is no time (dd/mm/yyyy hh:nn): " + value;
+    } else if (word == "--answer") {
+      for (const std::string_view answer : lm::Split(value, ','))
+        if (!terminal.AddAnswer(answer)) return "unknown answer: " + std::string(answer);
+    } else {
+      return "unknown option: " + word;
+    }
+  }
+  return settings.command.empty() ? "what shall be done?" : "";
+}
+
+bool HoldsData(const lm::Ledger& ledger) { return !lm::IsFirstStart(ledger); }
+
+int Init(lm::Ledger& ledger, const Settings& settings) {
+  if (HoldsData(ledger) && !settings.force)
+    return Fail("the directory already holds data; --force replaces it");
+  lm::SetFirstInstallOptions(ledger);
+  if (!lm::MakeProgramDirectory(ledger)) return 1;
+  std::cout << ledger.programDirectory.string() << '\n';
+  return 0;
+}
+
+int Demo(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledger, const Settings& settings) {
+  if (HoldsData(ledger) && !settings.force)
+    return Fail("the directory already holds data; --force adds the demo month to it");
+  std::istringstream lines(lm::DemoScript(terminal.Now()));
+  if (!script.Run(lines)) return 1;
+  lm::TellWrittenFiles(ledger.programDirectory, std::cout);
+  return 0;
+}
+
+int RunScript(lm::Script& script, const std::string& name) {
+  if (name == "-") return script.Run(std::cin) ? 0 : 1;
+  std::ifstream file(name);
+  if (!file) return Fail("cannot read " + name);
+  return script.Run(file) ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Settings settings;
+  std::ostringstream silent;
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const bool demo = std::find(arguments.begin(), arguments.end(), "demo") != arguments.end();
+
+  lm::Terminal terminal(demo ? static_cast<std::ostream&>(silent) : std::cout);
+  const std::string fault = ReadArguments(arguments, settings, terminal);
+  if (!fault.empty()) {
+    std::cerr << kUsage;
+    return Fail(fault);
+  }
+  terminal.ignoreOtherInstances = settings.force;
+
+  lm::Ledger ledger(terminal.platform);
+  lm::WindowCatalogue windows;
+  lm::AddRecordWindows(windows);
+
+  const std::string& command = settings.command[0];
+  const std::string operand = settings.command.size() > 1 ? settings.command[1] : "";
+  if (command == "demo" && !operand.empty()) settings.directory = operand;
+  ledger.programDirectory = settings.directory.empty()
+                                ? lm::ChooseProgramDirectory(terminal.platform)
+                                : std::filesystem::path(settings.directory);
+
+  lm::Script script(terminal, ledger, windows);
+  if (command == "init") return Init(ledger, settings);
+  if (command == "demo" && !operand.empty()) {
+    const int status = Demo(script, terminal, ledger, settings);
+    if (status == 1) std::cerr << silent.str();
+    return status;
+  }
+  if (command == "run" && !operand.empty()) return RunScript(script, operand);
+  std::cerr << kUsage;
+  return Fail("unknown command: " + command);
+}

@@ -1,0 +1,339 @@
+#include "cli/script.h"
+
+#include <algorithm>
+
+#include "cli/words.h"
+#include "core/clsMD5.h"
+#include "core/datafile.h"
+#include "core/format.h"
+#include "core/options.h"
+#include "core/text.h"
+#include "entry/money.h"
+#include "entry/parsedate.h"
+#include "entry/parsetime.h"
+#include "shell/entry.h"
+
+namespace lm {
+namespace {
+
+Json CellsOf(const Grid& grid, int row, std::span<const std::string> keys) {
+  Json cells = Json::object();
+  if (!keys.empty()) {
+    for (const std::string& key : keys) cells[Utf8(key)] = Utf8(grid.TextMatrix(row, key));
+    return cells;
+  }
+  for (int col = 0; col < grid.Cols(); ++col) {
+    const std::string& key = grid.ColKey(col);
+    if (!key.empty()) cells[Utf8(key)] = Utf8(grid.TextMatrix(row, col));
+  }
+  return cells;
+}
+
+// A grid without column keys (a picker's month) is told by column number.
+Json NumberedCells(const Grid& grid, int row) {
+  Json cells = Json::object();
+  for (int col = 0; col < grid.Cols(); ++col)
+    cells[std::to_string(col)] = Utf8(grid.TextMatrix(row, col));
+  return cells;
+}
+
+bool HasKeys(const Grid& grid) {
+  for (int col = 0; col < grid.Cols(); ++col)
+    if (!grid.ColKey(col).empty()) return true;
+  return false;
+}
+
+std::string_view NameOf(EditOutcome outcome) {
+  switch (outcome) {
+    case EditOutcome::Unchanged:
+      return "unchanged";
+    case EditOutcome::Accepted:
+      return "accepted";
+    case EditOutcome::Refused:
+      return "refused";
+    case EditOutcome::NotAllowed:
+      break;
+  }
+  return "not allowed";
+}
+
+}  // namespace
+
+const std::vector<Script::Action>& Script::Actions() {
+  static const std::vector<Action> actions{
+      {"load", 0, &Script::DoLoad},
+      {"open", 1, &Script::DoOpen},
+      {"set", 2, &Script::DoSet},
+      {"press", 1, &Script::DoPress},
+      {"select", 2, &Script::DoSelect},
+      {"cell", 4, &Script::DoCell},
+      {"click", 3, &Script::DoClick},
+      {"sort", 2, &Script::DoSort},
+      {"movecolumn", 3, &Script::DoMoveColumn},
+      {"show", 1, &Script::DoShow},
+      {"dump", 1, &Script::DoDump},
+      {"option", 1, &Script::DoOption},
+      {"answers", 0, &Script::DoAnswers},
+      {"parse", 1, &Script::DoParse},
+      {"digest", 0, &Script::DoDigest},
+      {"format", 2, &Script::DoFormat},
+      {"save", 0, &Script::DoSave},
+  };
+  return actions;
+}
+
+Script::Script(Terminal& terminal, Ledger& ledger, WindowCatalogue& windows)
+    : terminal_(terminal), ledger_(ledger), windows_(windows) {
+  terminal_.catalogue = &windows_;
+  terminal_.ledger = &ledger_;
+  terminal_.runWindow = [this](Screen& screen) {
+    if (!failure_) RunLines(&screen);
+    // The script is over and the window still open: it goes as Cancel takes it, without questions.
+    if (!screen.Closed()) screen.Close();
+  };
+}
+
+Script::~Script() { terminal_.runWindow = nullptr; }
+
+bool Script::Run(std::istream& lines) {
+  lines_ = &lines;
+  RunLines(nullptr);
+  if (!failure_) return true;
+  try {
+    std::rethrow_exception(failure_);
+  } catch (const std::exception& error) {
+    terminal_.Emit({{"error", Utf8(error.what())}});
+  }
+  return false;
+}
+
+// Lines until the window on top has closed. A failure unwinds through the windows that are open,
+// so it is kept and looked at again in Run.
+void Script::RunLines(Screen* until) {
+  std::string line;
+  while (!failure_ && !(until && until->Closed()) && std::getline(*lines_, line)) {
+    try {
+      RunLine(line);
+    } catch (...) {
+      failure_ = std::current_exception();
+    }
+  }
+}
+
+void Script::RunLine(const std::string& line) {
+  const std::vector<std::string> words = SplitWords(line);
+  if (words.empty() || words.front().starts_with('#')) return;
+  const auto& actions = Actions();
+  const auto action = std::find_if(actions.begin(), actions.end(),
+                                   [&](const Action& each) { return each.name == words.front(); });
+  if (action == actions.end()) throw ScriptError("unknown action: " + words.front());
+  const Words rest = Words(words).subspan(1);
+  if (rest.size() < action->leastWords) throw ScriptError("too few words for " + words.front());
+  (this->*action->run)(rest);
+}
+
+void Script::DoLoad(Words words) {
+  main_.reset();
+  EntryHooks hooks;
+  hooks.createMain = [this]() -> frmMain& {
+    main_ = std::make_unique<frmMain>(ledger_, windows_);
+    return *main_;
+  };
+  if (!RunEntryProcedure(ledger_, hooks, words.empty() ? "" : words[0])) {
+    main_.reset();
+    throw ScriptError("the program did not start");
+  }
+  terminal_.Emit({{"opened", main_->Name()}, {"caption", Utf8(main_->Caption())}});
+}
+
+void Script::DoOpen(Words words) {
+  if (!windows_.Has(words[0])) throw ScriptError("unknown window: " + words[0]);
+  windows_.Open(ledger_, words[0], {words.begin() + 1, words.end()});
+  if (main_) main_->RefreshSessions();
+}
+
+void Script::DoSet(Words words) {
+  Field& field = NamedField(words[0], false);
+  if (!field.Enabled() || !field.Visible()) throw ScriptError("disabled: " + field.Name());
+  const bool chosen = field.Kind() == FieldKind::Combo || field.Kind() == FieldKind::Tabs;
+  std::string text = words[1];
+  if (field.Kind() == FieldKind::Check) text = ToUpper(text);
+  field.Owner().Enter(field, text);
+  if (chosen && field.Text() != text) throw ScriptError("no such item: " + text);
+  EmitField(field);
+}
+
+void Script::DoPress(Words words) {
+  Field& field = NamedField(words[0], true);
+  if (!field.Enabled() || !field.Visible()) throw ScriptError("disabled: " + field.Name());
+  field.Owner().Press(field);
+}
+
+void Script::DoSelect(Words words) {
+  Screen* owner = nullptr;
+  const auto [grid, rules] = NamedGrid(words[0], &owner);
+  const int row = NamedRow(*grid, words[1]);
+  grid->Select(row, std::max(grid->Col(), grid->FixedCols()));
+  EmitRow(*grid, row, {});
+}
+
+void Script::DoCell(Words words) {
+  Screen* owner = nullptr;
+  const auto [grid, rules] = NamedGrid(words[0], &owner);
+  const int row = NamedRow(*grid, words[1]);
+  const int col = NamedColumn(*grid, words[2]);
+  grid->Select(row, col);
+  const std::string id = grid->TextMatrix(row, "ID");
+  const EditOutcome outcome =
+      rules ? EditCell(*grid, *rules, row, col, words[3]) : EditOutcome::NotAllowed;
+  // What follows an edit may have moved the row: a grouped list sorts itself anew.
+  const int now = id.empty() ? row : grid->FindRow(id, "ID");
+  EmitRow(*grid, now < 0 ? row : now, {}, NameOf(outcome));
+}
+
+void Script::DoClick(Words words) {
+  Screen* owner = nullptr;
+  const auto [grid, rules] = NamedGrid(words[0], &owner);
+  if (!owner) throw ScriptError("no window shows " + words[0]);
+  owner->CellClicked(*grid, ValInt(words[1]), ValInt(words[2]));
+}
+
+void Script::DoSort(Words words) {
+  if (!main_) throw ScriptError("nothing is loaded");
+  Grid& grid = *NamedGrid(words[0]).grid;
+  main_->HeaderClicked(grid, NamedColumn(grid, words[1]));
+}
+
+void Script::DoMoveColumn(Words words) {
+  if (!main_) throw ScriptError("nothing is loaded");
+  Grid& grid = *NamedGrid(words[0]).grid;
+  main_->ColumnMoved(grid, NamedColumn(grid, words[1]), ValInt(words[2]));
+}
+
+void Script::DoShow(Words words) {
+  for (const std::string& name : words) EmitField(NamedField(name, true));
+}
+
+void Script::DoDump(Words words) {
+  const Grid& grid = *NamedGrid(words[0]).grid;
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) EmitRow(grid, row, words.subspan(1));
+}
+
+void Script::DoOption(Words words) {
+  const int option = ValInt(words[0]);
+  if (!AllDigits(words[0]) || option >= kOptionCount)
+    throw ScriptError("no such option: " + words[0]);
+  if (words.size() > 1) SetOption(ledger_, option, words[1]);
+  EmitResult(GetOption(ledger_, option));
+}
+
+void Script::DoAnswers(Words words) {
+  for (const std::string& word : words)
+    if (!terminal_.AddAnswer(word)) throw ScriptError("unknown answer: " + word);
+}
+
+void Script::DoParse(Words words) {
+  const std::string& kind = words[0];
+  const std::string text = words.size() > 1 ? words[1] : "";
+  const Date now = terminal_.Now();
+  std::string result;
+  std::string message;
+  if (kind == "date")
+    ParseDate(text, now, result, message);
+  else if (kind == "time")
+    ParseTime(text, now, result, message);
+  else if (kind == "money")
+    result = CleanMoney(text);
+  else if (kind == "val")
+    result = PlainText(Val(text));
+  else
+    throw ScriptError("parse knows date, time, money and val, not " + kind);
+  EmitResult(result, message);
+}
+
+void Script::DoDigest(Words words) {
+  EmitResult(clsMD5().DigestStrToHexStr(words.empty() ? "" : words[0]));
+}
+
+void Script::DoFormat(Words words) { EmitResult(Format(words[0], words[1])); }
+
+void Script::DoSave(Words) {
+  if (!(main_ ? main_->SaveAll() : Save(ledger_))) throw ScriptError("not saved");
+  for (const std::string_view name : {"Options.dat", "LedgerMinder.dat"})
+    terminal_.Emit({{"file", name}});
+}
+
+Screen* Script::Top() const {
+  return ledger_.openScreens.empty() ? main_.get() : ledger_.openScreens.back();
+}
+
+Field& Script::NamedField(const std::string& name, bool alsoMainWindow) const {
+  Screen* top = Top();
+  Field* field = top ? top->FindField(name) : nullptr;
+  if (!field && alsoMainWindow && main_) field = main_->FindField(name);
+  if (!field) throw ScriptError("unknown field: " + name);
+  return *field;
+}
+
+Screen::ListedGrid Script::NamedGrid(const std::string& name, Screen** owner) const {
+  for (Screen* screen : {Top(), static_cast<Screen*>(main_.get())}) {
+    if (!screen) continue;
+    const Screen::ListedGrid found = screen->FindGrid(name);
+    if (!found.grid) continue;
+    if (owner) *owner = screen;
+    return found;
+  }
+  if (Grid* table = ledger_.Table(name)) return {table, nullptr};
+  throw ScriptError("unknown table: " + name);
+}
+
+int Script::NamedRow(const Grid& grid, const std::string& word) const {
+  int row = -1;
+  if (word == "last")
+    row = grid.Rows() - 1;
+  else if (word.starts_with('#'))
+    row = grid.FindRow(word.substr(1), "ID");
+  else if (AllDigits(word))
+    row = ValInt(word);
+  if (row < grid.FixedRows() || row >= grid.Rows()) throw ScriptError("no such row: " + word);
+  return row;
+}
+
+int Script::NamedColumn(const Grid& grid, const std::string& key) const {
+  const int col = grid.ColIndex(key);
+  if (col < 0) throw ScriptError("unknown column: " + key);
+  return col;
+}
+
+void Script::EmitField(const Field& field) {
+  Json line{{"field", field.Name()},
+            {"text", Utf8(field.Text())},
+            {"enabled", field.Enabled()},
+            {"visible", field.Visible()}};
+  if (const auto* box = dynamic_cast<const CheckField*>(&field)) line["checked"] = box->Checked();
+  if (const auto* combo = dynamic_cast<const ComboField*>(&field)) {
+    line["items"] = Json::array();
+    for (const ComboItem& item : combo->Items()) line["items"].push_back(Utf8(item.text));
+  }
+  if (const auto* tabs = dynamic_cast<const TabField*>(&field)) {
+    line["items"] = Json::array();
+    for (int i = 0; i < tabs->Count(); ++i)
+      if (tabs->TabVisible(i)) line["items"].push_back(Utf8(tabs->TabCaption(i)));
+  }
+  terminal_.Emit(line);
+}
+
+void Script::EmitRow(const Grid& grid, int row, Words keys, std::string_view edit) {
+  Json line{{"row", row}};
+  line["cells"] = HasKeys(grid) ? CellsOf(grid, row, keys) : NumberedCells(grid, row);
+  if (const int level = grid.RowOutlineLevel(row)) line["level"] = level;
+  if (!grid.RowVisible(row)) line["hidden"] = true;
+  if (!edit.empty()) line["edit"] = edit;
+  terminal_.Emit(line);
+}
+
+void Script::EmitResult(std::string_view result, std::string_view message) {
+  terminal_.Emit({{"result", Utf8(result)}, {"message", Utf8(message)}});
+}
+
+}  // namespace lm

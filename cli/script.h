@@ -1,0 +1,82 @@
+// Runs a script, one action a line, on the same screens that the desktop shows. What happened
+// comes out as JSON objects, one a line, in the order in which it happened.
+#pragma once
+
+#include <deque>
+#include <istream>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "cli/terminal.h"
+#include "core/ledger.h"
+#include "core/screen.h"
+#include "shell/frmMain.h"
+
+namespace lm {
+
+// What ends a script: an unknown name, a disabled button, a bad word. The text is Windows-1252.
+class ScriptError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+class Script {
+ public:
+  Script(Terminal& terminal, Ledger& ledger, WindowCatalogue& windows);
+  ~Script();
+
+  // False when the script stopped at an error, which was emitted.
+  bool Run(std::istream& lines);
+
+ private:
+  using Words = std::span<const std::string>;
+  struct Action {
+    std::string_view name;
+    std::size_t leastWords;  // behind the action's name
+    void (Script::*run)(Words words);
+  };
+  static const std::vector<Action>& Actions();
+
+  void RunLines(Screen* until);
+  void RunLine(const std::string& line);
+
+  void DoLoad(Words words);
+  void DoOpen(Words words);
+  void DoSet(Words words);
+  void DoPress(Words words);
+  void DoSelect(Words words);
+  void DoCell(Words words);
+  void DoClick(Words words);
+  void DoSort(Words words);
+  void DoMoveColumn(Words words);
+  void DoShow(Words words);
+  void DoDump(Words words);
+  void DoOption(Words words);
+  void DoAnswers(Words words);
+  void DoParse(Words words);
+  void DoDigest(Words words);
+  void DoFormat(Words words);
+  void DoSave(Words words);
+
+  Screen* Top() const;
+  Field& NamedField(const std::string& name, bool alsoMainWindow) const;
+  // A grid of the window on top, of the main window, or a table, by its name.
+  Screen::ListedGrid NamedGrid(const std::string& name, Screen** owner = nullptr) const;
+  int NamedRow(const Grid& grid, const std::string& word) const;
+  int NamedColumn(const Grid& grid, const std::string& key) const;
+  void EmitField(const Field& field);
+  void EmitRow(const Grid& grid, int row, Words keys, std::string_view edit = "");
+  void EmitResult(std::string_view result, std::string_view message = "");
+
+  Terminal& terminal_;
+  Ledger& ledger_;
+  WindowCatalogue& windows_;
+  std::unique_ptr<frmMain> main_;
+  std::istream* lines_ = nullptr;
+  std::exception_ptr failure_;
+};
+
+}  // namespace lm

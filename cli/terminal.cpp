@@ -1,0 +1,127 @@
+#include "cli/terminal.h"
+
+#include <array>
+#include <chrono>
+#include <ostream>
+
+#include "core/text.h"
+#include "shell/native.h"
+
+namespace lm {
+namespace {
+
+struct AnswerName {
+  std::string_view word;
+  Answer answer;
+};
+
+constexpr std::array kAnswers{AnswerName{"ok", Answer::Ok}, AnswerName{"cancel", Answer::Cancel},
+                              AnswerName{"yes", Answer::Yes}, AnswerName{"no", Answer::No}};
+
+std::string_view NameOf(Answer answer) {
+  return std::find_if(kAnswers.begin(), kAnswers.end(),
+                      [&](const AnswerName& each) { return each.answer == answer; })
+      ->word;
+}
+
+std::string_view NameOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::OkCancel:
+      return "okcancel";
+    case Buttons::YesNo:
+      return "yesno";
+    case Buttons::YesNoCancel:
+      return "yesnocancel";
+    case Buttons::Ok:
+      break;
+  }
+  return "ok";
+}
+
+bool Offers(Buttons buttons, Answer answer) {
+  return NameOf(buttons).find(NameOf(answer)) != std::string_view::npos;
+}
+
+// Cancel, else No, else OK: the button that changes nothing.
+Answer SafeAnswer(Buttons buttons) {
+  if (Offers(buttons, Answer::Cancel)) return Answer::Cancel;
+  return Offers(buttons, Answer::No) ? Answer::No : Answer::Ok;
+}
+
+Json BoxLine(const MessageBoxText& message, Answer answer) {
+  return Json{{"box",
+               {{"main", Utf8(message.mainPrompt)},
+                {"minor", Utf8(message.minorPrompt)},
+                {"title", Utf8(message.title)},
+                {"buttons", NameOf(message.buttons)},
+                {"icon", static_cast<int>(message.icon)},
+                {"link", Utf8(message.link)},
+                {"answer", NameOf(answer)}}}};
+}
+
+}  // namespace
+
+std::string Utf8(std::string_view text) { return ToUtf8(text); }
+
+Terminal::Terminal(std::ostream& output) : output_(output) {}
+
+void Terminal::Emit(const Json& line) {
+  output_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
+}
+
+bool Terminal::AddAnswer(std::string_view word) {
+  for (const AnswerName& each : kAnswers) {
+    if (!EqualsIgnoreCase(each.word, word)) continue;
+    answers_.push_back(each.answer);
+    return true;
+  }
+  return false;
+}
+
+Answer Terminal::Show(const MessageBoxText& message) {
+  Answer answer = SafeAnswer(message.buttons);
+  if (message.buttons != Buttons::Ok && !answers_.empty()) {
+    if (Offers(message.buttons, answers_.front())) answer = answers_.front();
+    answers_.pop_front();
+  }
+  Emit(BoxLine(message, answer));
+  return answer;
+}
+
+void Terminal::ShowTip(const MessageBoxText& message, std::function<void()>) {
+  Emit(BoxLine(message, Answer::Ok));
+}
+
+Date Terminal::Now() { return fixedNow ? *fixedNow : native::LocalTime(); }
+
+void Terminal::ShowModal(Screen& screen) {
+  Emit({{"opened", screen.Name()}, {"caption", Utf8(screen.Caption())}});
+  runWindow(screen);
+  Emit({{"closed", screen.Name()}});
+}
+
+bool Terminal::OpenRecord(std::string_view window, std::string_view id) {
+  return catalogue && ledger && catalogue->Open(*ledger, window, {"open", std::string(id)});
+}
+
+std::vector<std::string> Terminal::RunningProcesses() {
+  // Other runs of the command line work in directories of their own; only the desktop program is
+  // an instance beside this one.
+  std::vector<std::string> names{"ledgerminder-cli"};
+  if (ignoreOtherInstances) return names;
+  for (std::string& name : native::RunningProcesses())
+    if (!EqualsIgnoreCase(std::string_view(name).substr(0, 16), "ledgerminder-cli"))
+      names.push_back(std::move(name));
+  return names;
+}
+
+std::string Terminal::UserName() { return native::UserName(); }
+std::filesystem::path Terminal::ExecutableDirectory() { return native::ExecutableDirectory(); }
+std::filesystem::path Terminal::UserDataDirectory() { return native::UserDataDirectory(); }
+
+bool Terminal::Open(std::string_view target) {
+  Emit({{"open", Utf8(target)}});
+  return true;
+}
+
+}  // namespace lm

@@ -1,0 +1,76 @@
+// The platform as the command line offers it: messages become JSON lines and take their answers
+// from a list, a window on top goes on reading the script.
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/platform.h"
+#include "core/screen.h"
+
+namespace lm {
+
+using Json = nlohmann::ordered_json;
+
+// A Windows-1252 text as JSON holds it.
+std::string Utf8(std::string_view text);
+
+class Terminal : public MessagePort,
+                 public ClockPort,
+                 public WindowPort,
+                 public ProgressPort,
+                 public SystemPort {
+ public:
+  explicit Terminal(std::ostream& output);
+
+  void Emit(const Json& line);
+
+  // "yes", "no", "cancel" or "ok"; false for another word.
+  bool AddAnswer(std::string_view word);
+
+  std::optional<Date> fixedNow;
+  bool ignoreOtherInstances = false;
+  const WindowCatalogue* catalogue = nullptr;
+  Ledger* ledger = nullptr;
+  // Goes on with the script until the screen has closed.
+  std::function<void(Screen&)> runWindow;
+
+  Answer Show(const MessageBoxText& message) override;
+  void ShowTip(const MessageBoxText& message, std::function<void()> stopTips) override;
+  Date Now() override;
+  void ShowModal(Screen& screen) override;
+  bool OpenRecord(std::string_view window, std::string_view id) override;
+  void BusyPointer(bool) override {}
+  void Show(int, std::string_view) override {}
+  void ShowLastOpened(std::string_view) override {}
+  std::vector<std::string> RunningProcesses() override;
+  std::string UserName() override;
+  std::filesystem::path ExecutableDirectory() override;
+  std::filesystem::path UserDataDirectory() override;
+  bool Open(std::string_view target) override;
+  bool StartCalculator() override { return false; }
+  void SetClipboard(std::string_view) override {}
+  std::filesystem::path AskOpenFile(std::string_view, const FileFilter&,
+                                    const std::filesystem::path&) override {
+    return {};
+  }
+  std::filesystem::path AskSaveFile(std::string_view, const FileFilter&,
+                                    const std::filesystem::path&) override {
+    return {};
+  }
+
+  Platform platform{*this, *this, *this, *this, *this};
+
+ private:
+  std::ostream& output_;
+  std::deque<Answer> answers_;
+};
+
+}  // namespace lm

@@ -1,0 +1,85 @@
+#!/usr/bin/env python3
+"""Runs a journey: run.py BINARY-FOLDER FILE.journey
+
+A journey is a script of ledgerminder-cli with what it must answer:
+
+    #! --now "03/02/2026 10:30"    options for the runs that follow
+    press cmdOk                    a line of the script
+    => {"box": {"main": "..."}}    an answer: a JSON object that one line of the output must contain
+    ---                            the program ends here; the rest runs on the same directory
+    !! edit-cell . fgSessions 1 INVOICE 7    a command in the program directory between two runs
+
+The answers must come in the order told. Other lines may stand between them, but no message box
+and no error that the journey does not tell.
+"""
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+import sys
+import tempfile
+
+
+def contains(actual, wanted):
+    if isinstance(wanted, dict):
+        return isinstance(actual, dict) and all(
+            key in actual and contains(actual[key], value) for key, value in wanted.items())
+    return actual == wanted
+
+
+def check(output, wanted):
+    at = 0
+    for number, want in wanted:
+        while True:
+            if at == len(output):
+                return f"line {number}: no answer {json.dumps(want, ensure_ascii=False)}"
+            line, at = output[at], at + 1
+            if contains(line, want):
+                break
+            if "box" in line or "error" in line:
+                return (f"line {number}: wanted {json.dumps(want, ensure_ascii=False)}\n"
+                        f"but there came {json.dumps(line, ensure_ascii=False)}")
+    for line in output[at:]:
+        if "box" in line or "error" in line:
+            return f"at the end there came {json.dumps(line, ensure_ascii=False)}"
+    return None
+
+
+def run(cli, options, directory, script, wanted):
+    done = subprocess.run([cli, "--dir", directory, *options, "run", "-"], input="\n".join(script) + "\n",
+                          capture_output=True, text=True, timeout=120, encoding="utf-8")
+    output = [json.loads(line) for line in done.stdout.splitlines()]
+    fault = check(output, wanted)
+    expects_error = any("error" in want for _, want in wanted)
+    if not fault and done.returncode != (1 if expects_error else 0):
+        fault = f"exit status {done.returncode}\n{done.stderr}"
+    if fault:
+        print(done.stdout)
+        print(fault)
+        sys.exit(1)
+
+
+def main():
+    binaries, journey = sys.argv[1:]
+    cli = pathlib.Path(binaries) / "ledgerminder-cli"
+    environment = {**os.environ, "PATH": f"{binaries}:{os.environ['PATH']}"}
+    with tempfile.TemporaryDirectory() as folder:
+        directory = str(pathlib.Path(folder) / "program")
+        options, script, wanted = [], [], []
+        for number, line in enumerate(pathlib.Path(journey).read_text(encoding="utf-8").splitlines(), 1):
+            if line.startswith("#!"):
+                options = shlex.split(line[2:])
+            elif line.startswith("=> "):
+                wanted.append((number, json.loads(line[3:])))
+            elif line.strip() == "---":
+                run(cli, options, directory, script, wanted)
+                script, wanted = [], []
+            elif line.startswith("!! "):
+                subprocess.run(line[3:], shell=True, check=True, cwd=directory, env=environment)
+            else:
+                script.append(line)
+        run(cli, options, directory, script, wanted)
+
+
+main()
