@@ -1,0 +1,379 @@
+#include "shell/qt/binder.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolButton>
+#include <algorithm>
+#include <unordered_map>
+
+#include "core/text.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/qtext.h"
+#include "shell/qt/views.h"
+
+namespace lm {
+namespace {
+
+bool IsTextBox(const QObject* widget) {
+  return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
+}
+
+QString ShownText(const QWidget& box) {
+  if (const auto* line = qobject_cast<const QLineEdit*>(&box)) return line->text();
+  return static_cast<const QPlainTextEdit&>(box).toPlainText();
+}
+
+// Line breaks are CR LF inside.
+std::string TypedText(const QWidget& box) {
+  return Replace(Replace(FromQt(ShownText(box)), "\r", ""), "\n", "\r\n");
+}
+
+bool SameText(const std::string& typed, const std::string& held) {
+  return typed == held || typed == Replace(Replace(held, "\r", ""), "\n", "\r\n");
+}
+
+// The sign on a tab that holds something.
+QIcon TabMark() {
+  QPixmap picture(32, 32);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(AccentColour());
+  painter.drawEllipse(9, 9, 14, 14);
+  return picture;
+}
+
+}  // namespace
+
+QTabBar* TabBarOf(QWidget& widget) {
+  if (auto* tabs = qobject_cast<QTabWidget*>(&widget)) return tabs->tabBar();
+  return qobject_cast<QTabBar*>(&widget);
+}
+
+Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
+  std::unordered_map<std::string, QWidget*> widgets;
+  for (QWidget* widget : view.findChildren<QWidget*>())
+    widgets.try_emplace(ToUpper(FromQt(widget->objectName())), widget);
+  const auto find = [&](const std::string& name) {
+    const auto found = widgets.find(ToUpper(name));
+    return found == widgets.end() ? nullptr : found->second;
+  };
+  for (Field* field : screen.Fields())
+    if (QWidget* widget = find(field->Name())) bound_.push_back({field, widget, {}, false});
+  for (QLabel* label : view.findChildren<QLabel*>())
+    if (Bound* bound = Of(label->buddy())) bound->captions.push_back(label);
+  for (Bound& bound : bound_) {
+    Show(bound);
+    Connect(bound);
+    NameForReaders(bound);
+  }
+  for (const Screen::ListedGrid& listed : screen.Grids()) {
+    auto* gridView = qobject_cast<GridView*>(find(listed.grid->Name()));
+    if (!gridView) continue;
+    grids_.push_back(gridView);
+    gridView->Bind(screen, *listed.grid, listed.rules);
+    if (gridView->accessibleName().isEmpty())
+      gridView->setAccessibleName(ToQt(listed.grid->Name().substr(2)));
+  }
+  ConnectShortcuts();
+  screen_.SetObserver(this);
+}
+
+Binder::~Binder() {
+  if (screen_.Observer() == this) screen_.SetObserver(nullptr);
+  for (GridView* grid : grids_) grid->Unbind();
+}
+
+Binder::Bound* Binder::Of(const QObject* widget) {
+  const auto found = std::find_if(bound_.begin(), bound_.end(),
+                                  [&](const Bound& b) { return b.widget == widget; });
+  return widget && found != bound_.end() ? &*found : nullptr;
+}
+
+Binder::Bound* Binder::Of(const Field& field) {
+  const auto found =
+      std::find_if(bound_.begin(), bound_.end(), [&](const Bound& b) { return b.field == &field; });
+  return found == bound_.end() ? nullptr : &*found;
+}
+
+QWidget* Binder::WidgetOf(const Field& field) const {
+  const Bound* bound = const_cast<Binder*>(this)->Of(field);
+  return bound ? bound->widget : nullptr;
+}
+
+GridView* Binder::ViewOf(const Grid& grid) const {
+  for (GridView* view : grids_)
+    if (view->Shown() == &grid) return view;
+  return nullptr;
+}
+
+// From the user to the screen
+
+void Binder::Connect(Bound& bound) {
+  Field& field = *bound.field;
+  if (IsTextBox(bound.widget)) {
+    bound.widget->installEventFilter(this);
+  } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
+    connect(combo, &QComboBox::activated, this,
+            [this, &field](int index) { ComboChosen(static_cast<ComboField&>(field), index); });
+  } else if (auto* box = qobject_cast<QCheckBox*>(bound.widget)) {
+    connect(box, &QCheckBox::clicked, this,
+            [this, &field](bool checked) { screen_.Enter(field, checked ? "TRUE" : "FALSE"); });
+  } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
+    connect(button, &QAbstractButton::clicked, this, [this, &field] { Press(field); });
+    if (auto* push = qobject_cast<QPushButton*>(button))
+      push->setDefault(&field == screen_.defaultButton);
+  } else if (QTabBar* bar = TabBarOf(*bound.widget)) {
+    ConnectTabs(bound, *bar);
+  } else if (auto* label = qobject_cast<QLabel*>(bound.widget)) {
+    connect(label, &QLabel::linkActivated, this, [this, &field] { Press(field); });
+  }
+}
+
+void Binder::ConnectTabs(Bound& bound, QTabBar& bar) {
+  Field& field = *bound.field;
+  connect(&bar, &QTabBar::currentChanged, this, [this, &field](int index) {
+    auto& tabs = static_cast<TabField&>(field);
+    if (showing_ || index < 0 || index >= tabs.Count()) return;
+    if (!CommitPending()) return FieldChanged(field);
+    screen_.Enter(field, tabs.TabCaption(index));
+  });
+}
+
+void Binder::ConnectShortcuts() {
+  for (Bound& bound : bound_) {
+    if (bound.field->Kind() != FieldKind::Tabs || !view_.isWindow()) continue;
+    auto& tabs = static_cast<TabField&>(*bound.field);
+    for (const auto& [key, step] : {std::pair{Qt::Key_Left, -1}, std::pair{Qt::Key_Right, 1}}) {
+      auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), &view_);
+      connect(shortcut, &QShortcut::activated, this, [this, &tabs, step] {
+        if (CommitPending()) tabs.Step(step);
+      });
+    }
+  }
+}
+
+void Binder::ComboChosen(ComboField& combo, int index) {
+  const auto place = static_cast<std::size_t>(index);
+  if (index < 0 || place >= combo.Items().size()) return;
+  const std::string text = combo.Items()[place].text;
+  const auto first = std::find_if(combo.Items().begin(), combo.Items().end(),
+                                  [&](const ComboItem& item) { return item.text == text; });
+  if (first == combo.Items().begin() + index) {
+    screen_.Enter(combo, text);
+    return;
+  }
+  // Two entries with one text: the name alone would choose the first of them.
+  combo.SetListIndex(index);
+  if (combo.onEntered) combo.onEntered();
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::FocusOut) return false;
+  const auto reason = static_cast<QFocusEvent*>(event)->reason();
+  // Another program or a menu in front is no leaving of the field.
+  if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+      reason == Qt::MenuBarFocusReason)
+    return false;
+  left_.emplace_back(static_cast<QWidget*>(watched));
+  QMetaObject::invokeMethod(this, &Binder::CommitLater, Qt::QueuedConnection);
+  return false;
+}
+
+void Binder::CommitLater() {
+  if (committing_) return;
+  // Cancelling must be possible with anything typed.
+  const QWidget* focus = view_.focusWidget();
+  if (focus && screen_.cancelButton && focus == WidgetOf(*screen_.cancelButton)) return;
+  const auto left = std::exchange(left_, {});
+  for (const QPointer<QWidget>& box : left) {
+    Bound* bound = box ? Of(box.data()) : nullptr;
+    if (bound && !box->hasFocus() && !Commit(*bound)) return;
+  }
+}
+
+bool Binder::CommitPending() {
+  if (committing_) return false;
+  left_.clear();
+  for (Bound& bound : bound_)
+    if (IsTextBox(bound.widget) && !Commit(bound)) return false;
+  return std::all_of(grids_.begin(), grids_.end(),
+                     [](GridView* grid) { return grid->CommitEditor(); });
+}
+
+bool Binder::Commit(Bound& bound) {
+  Field& field = *bound.field;
+  if (screen_.Closed() || !field.Enabled() || !field.Visible()) return true;
+  const std::string typed = TypedText(*bound.widget);
+  if (SameText(typed, field.Text()) && !bound.refused) return true;
+  const QScopedValueRollback guard(committing_, true);
+  // A text refused before is the field's own by now, and is asked about again.
+  const bool taken = SameText(typed, field.Text()) ? !field.onEntered || field.onEntered()
+                                                   : screen_.Enter(field, typed);
+  bound.refused = !taken;
+  if (screen_.Closed()) return taken;
+  if (taken)
+    Show(bound);
+  else
+    FocusRequested(field);
+  return taken;
+}
+
+void Binder::Press(Field& field) {
+  QWidget* widget = WidgetOf(field);
+  if (widget) SetPickerAnchor(*widget);
+  if (&field != screen_.cancelButton && !CommitPending()) return;
+  screen_.Press(field);
+}
+
+// From the screen to the view
+
+void Binder::FieldChanged(Field& field) {
+  if (Bound* bound = Of(field)) {
+    Show(*bound);
+    if (!committing_) bound->refused = false;
+  }
+}
+
+void Binder::Show(const Bound& bound) {
+  const QScopedValueRollback guard(showing_, true);
+  bound.widget->setEnabled(bound.field->Enabled());
+  bound.widget->setVisible(bound.field->Visible());
+  for (QLabel* caption : bound.captions) caption->setVisible(bound.field->Visible());
+  if (!bound.field->ToolTip().empty()) bound.widget->setToolTip(ToQt(bound.field->ToolTip()));
+  ShowText(bound);
+}
+
+void Binder::ShowText(const Bound& bound) {
+  const Field& field = *bound.field;
+  const QString text = ToQt(field.Text());
+  if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) {
+    if (field.Kind() == FieldKind::Text && static_cast<const TextField&>(field).password)
+      line->setEchoMode(QLineEdit::Password);
+    if (line->text() != text) line->setText(text);
+  } else if (auto* edit = qobject_cast<QPlainTextEdit*>(bound.widget)) {
+    if (!SameText(TypedText(*edit), field.Text())) edit->setPlainText(text);
+  } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
+    const auto& items = static_cast<const ComboField&>(field).Items();
+    QStringList texts;
+    for (const ComboItem& item : items) texts << ToQt(item.text);
+    QStringList shown;
+    for (int i = 0; i < combo->count(); ++i) shown << combo->itemText(i);
+    if (texts != shown) {
+      combo->clear();
+      combo->addItems(texts);
+    }
+    combo->setCurrentIndex(static_cast<const ComboField&>(field).ListIndex());
+  } else if (auto* box = qobject_cast<QCheckBox*>(bound.widget)) {
+    box->setChecked(static_cast<const CheckField&>(field).Checked());
+  } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
+    // On a small tool the drawing says it without words.
+    const bool drawn = qobject_cast<QToolButton*>(button) && !button->icon().isNull();
+    if (!text.isEmpty() && !drawn) button->setText(text);
+  } else if (QTabBar* bar = TabBarOf(*bound.widget)) {
+    ShowTabs(static_cast<const TabField&>(field), *bar);
+  } else if (auto* label = qobject_cast<QLabel*>(bound.widget)) {
+    ShowLabel(bound, *label);
+  }
+}
+
+void Binder::ShowLabel(const Bound& bound, QLabel& label) const {
+  const QString text = ToQt(bound.field->Text());
+  if (!bound.field->onPressed || !bound.field->Enabled()) {
+    label.setTextFormat(Qt::PlainText);
+    label.setText(text);
+    return;
+  }
+  label.setTextFormat(Qt::RichText);
+  label.setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  label.setFocusPolicy(Qt::TabFocus);
+  const QString look = label.property("plainLink").toBool()
+                           ? QStringLiteral(" style=\"text-decoration:none; color:%1\"")
+                                 .arg(label.palette().color(QPalette::WindowText).name())
+                           : QString();
+  label.setText(QStringLiteral("<a href=\"#\"%1>%2</a>").arg(look, text.toHtmlEscaped()));
+  label.setVisible(bound.field->Visible() && !text.isEmpty());
+}
+
+void Binder::ShowTabs(const TabField& tabs, QTabBar& bar) const {
+  while (bar.count() < tabs.Count() && !qobject_cast<QTabWidget*>(bar.parentWidget()))
+    bar.addTab(QString());
+  for (int i = 0; i < std::min(bar.count(), tabs.Count()); ++i) {
+    bar.setTabText(i, ToQt(tabs.TabCaption(i)));
+    bar.setTabVisible(i, tabs.TabVisible(i));
+    bar.setTabEnabled(i, tabs.TabEnabled(i));
+    bar.setTabIcon(i, tabs.TabMarked(i) ? TabMark() : QIcon());
+  }
+  bar.setCurrentIndex(tabs.Selected());
+}
+
+void Binder::NameForReaders(const Bound& bound) const {
+  if (!bound.widget->accessibleName().isEmpty()) return;
+  QString name;
+  for (const QLabel* caption : bound.captions)
+    if (name.isEmpty()) name = PlainCaption(caption->text());
+  if (const auto* button = qobject_cast<const QAbstractButton*>(bound.widget);
+      button && name.isEmpty())
+    name = PlainCaption(button->text());
+  if (name.isEmpty()) name = bound.widget->toolTip();
+  if (name.isEmpty()) name = ToQt(bound.field->Name());
+  bound.widget->setAccessibleName(name);
+}
+
+void Binder::CaptionChanged() {
+  if (onCaptionChanged) onCaptionChanged();
+}
+
+void Binder::BringToFront(QWidget& widget) {
+  for (QWidget* page = &widget; page; page = page->parentWidget()) {
+    for (Bound& bound : bound_) {
+      auto* tabs = qobject_cast<QTabWidget*>(bound.widget);
+      const int index = tabs ? tabs->indexOf(page) : -1;
+      if (index >= 0 && index != tabs->currentIndex())
+        static_cast<TabField&>(*bound.field).SetSelected(index);
+    }
+  }
+}
+
+void Binder::FocusRequested(Field& field) {
+  QWidget* widget = WidgetOf(field);
+  if (!widget) return;
+  BringToFront(*widget);
+  widget->setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(widget)) line->selectAll();
+}
+
+void Binder::TakeFirstFocus() {
+  if (screen_.Focused()) return FocusRequested(*screen_.Focused());
+  QWidget* first = view_.nextInFocusChain();
+  while (first != &view_ && !(first->focusPolicy() & Qt::TabFocus && first->isEnabled() &&
+                              first->isVisible() && !TabBarOf(*first)))
+    first = first->nextInFocusChain();
+  first->setFocus(Qt::TabFocusReason);
+}
+
+void Binder::CellEditRequested(Grid& grid, int row, int col) {
+  GridView* view = ViewOf(grid);
+  if (!view) return;
+  BringToFront(*view);
+  view->EditCellAt(row, col);
+}
+
+void Binder::ScreenClosed() {
+  if (onClosed) onClosed();
+}
+
+}  // namespace lm

@@ -1,0 +1,115 @@
+#include "shell/qt/desktop.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include "core/options.h"
+#include "core/screen.h"
+#include "shell/native.h"
+#include "shell/qt/frmMesgBox.h"
+#include "shell/qt/frmSplashScreen.h"
+#include "shell/qt/views.h"
+
+namespace lm {
+namespace {
+
+// The window over which the next one opens.
+QWidget* TopWindow() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  QWidget* main = MainWindowWidget();
+  return main && main->isVisible() ? main : nullptr;
+}
+
+// A message must be readable with an ordinary pointer, whatever work stands behind it.
+class OrdinaryPointer {
+ public:
+  OrdinaryPointer() {
+    while (QApplication::overrideCursor()) {
+      cursors_.push_back(*QApplication::overrideCursor());
+      QApplication::restoreOverrideCursor();
+    }
+  }
+  ~OrdinaryPointer() {
+    for (auto cursor = cursors_.rbegin(); cursor != cursors_.rend(); ++cursor)
+      QApplication::setOverrideCursor(*cursor);
+  }
+  OrdinaryPointer(const OrdinaryPointer&) = delete;
+  OrdinaryPointer& operator=(const OrdinaryPointer&) = delete;
+
+ private:
+  std::vector<QCursor> cursors_;
+};
+
+}  // namespace
+
+Answer DesktopMessages::Show(const MessageBoxText& message) {
+  const OrdinaryPointer ordinaryPointer;
+  frmMesgBox box(message, TopWindow());
+  if (message.sound) QApplication::beep();
+  box.exec();
+  return box.Pressed();
+}
+
+void DesktopMessages::ShowTip(const MessageBoxText& message, std::function<void()> stopTips) {
+  tips_.push_back({message, std::move(stopTips)});
+  if (tips_.size() == 1) ShowNextTip();
+}
+
+void DesktopMessages::ShowNextTip() {
+  auto* box = new frmMesgBox(tips_.front().message, TopWindow());
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  QObject::connect(box, &QDialog::finished, box, [this, box] {
+    const Tip shown = std::move(tips_.front());
+    tips_.pop_front();
+    if (box->StopTips()) {
+      tips_.clear();
+      if (shown.stopTips) shown.stopTips();
+    }
+    if (!tips_.empty()) ShowNextTip();
+  });
+  box->show();
+}
+
+Date DesktopClock::Now() { return native::LocalTime(); }
+
+void DesktopWindows::ShowModal(Screen& screen) {
+  const OrdinaryPointer ordinaryPointer;
+  RunView(screen, TopWindow());
+}
+
+bool DesktopWindows::OpenRecord(std::string_view window, std::string_view id) {
+  return catalogue_ && catalogue_->Open(*ledger_, window, {"open", std::string(id)});
+}
+
+void DesktopWindows::SetCatalogue(Ledger& ledger, const WindowCatalogue& catalogue) {
+  ledger_ = &ledger;
+  catalogue_ = &catalogue;
+}
+
+void DesktopWindows::BusyPointer(bool on) {
+  if (on)
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QApplication::restoreOverrideCursor();
+}
+
+DesktopProgress::DesktopProgress() = default;
+DesktopProgress::~DesktopProgress() = default;
+
+void DesktopProgress::Show(int percent, std::string_view text) {
+  if (splash_) splash_->SetProgressBar(percent, text);
+}
+
+void DesktopProgress::ShowLastOpened(std::string_view text) {
+  if (splash_) splash_->ShowLastOpened(text);
+}
+
+void DesktopProgress::OpenSplash() {
+  splash_ = std::make_unique<frmSplashScreen>(ProgramVersion());
+  splash_->show();
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void DesktopProgress::CloseSplash() { splash_.reset(); }
+
+}  // namespace lm

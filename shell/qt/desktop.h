@@ -1,0 +1,92 @@
+// The desktop's side of the ports.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+
+#include "core/platform.h"
+
+class QDialog;
+
+namespace lm {
+
+class frmSplashScreen;
+class WindowCatalogue;
+class Ledger;
+
+class DesktopMessages : public MessagePort {
+ public:
+  Answer Show(const MessageBoxText& message) override;
+  // One at a time: a tip waits until the one before it is closed.
+  void ShowTip(const MessageBoxText& message, std::function<void()> stopTips) override;
+
+ private:
+  struct Tip {
+    MessageBoxText message;
+    std::function<void()> stopTips;
+  };
+  void ShowNextTip();
+
+  std::deque<Tip> tips_;  // the front one is shown
+};
+
+class DesktopClock : public ClockPort {
+ public:
+  Date Now() override;
+};
+
+class DesktopWindows : public WindowPort {
+ public:
+  void ShowModal(Screen& screen) override;
+  bool OpenRecord(std::string_view window, std::string_view id) override;
+  void BusyPointer(bool on) override;  // nested
+
+  // Where OpenRecord finds its windows; both outlive this.
+  void SetCatalogue(Ledger& ledger, const WindowCatalogue& catalogue);
+
+ private:
+  Ledger* ledger_ = nullptr;
+  const WindowCatalogue* catalogue_ = nullptr;
+};
+
+class DesktopProgress : public ProgressPort {
+ public:
+  DesktopProgress();
+  ~DesktopProgress() override;
+  void Show(int percent, std::string_view text) override;
+  void ShowLastOpened(std::string_view text) override;
+  // The splash stands during the start; progress at other times is shown nowhere.
+  void OpenSplash();
+  void CloseSplash();
+
+ private:
+  std::unique_ptr<frmSplashScreen> splash_;
+};
+
+class DesktopSystem : public SystemPort {
+ public:
+  // Without the command line program, which is no second window over the same data.
+  std::vector<std::string> RunningProcesses() override;
+  std::string UserName() override;
+  std::filesystem::path ExecutableDirectory() override;
+  std::filesystem::path UserDataDirectory() override;
+  bool Open(std::string_view target) override;
+  bool StartCalculator() override;
+  void SetClipboard(std::string_view text) override;
+  std::filesystem::path AskOpenFile(std::string_view title, const FileFilter& filter,
+                                    const std::filesystem::path& start) override;
+  std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
+                                    const std::filesystem::path& start) override;
+};
+
+struct DesktopPlatform {
+  DesktopMessages messages;
+  DesktopClock clock;
+  DesktopWindows windows;
+  DesktopProgress progress;
+  DesktopSystem system;
+  Platform platform{messages, clock, windows, progress, system};
+};
+
+}  // namespace lm

@@ -1,0 +1,46 @@
+// The one window for all messages and, shown without waiting, for the tips.
+#pragma once
+
+#include <QDialog>
+
+#include "core/platform.h"
+
+class QCheckBox;
+class QPushButton;
+
+namespace lm {
+
+// The buttons of a message, in the order in which they stand.
+std::vector<Answer> AnswersOf(Buttons buttons);
+// The button that does the least: Cancel, else No, else OK. It stands last; Escape and the frame's
+// close box mean it, and Enter presses it at first.
+Answer SafeAnswer(Buttons buttons);
+
+class frmMesgBox : public QDialog {
+  Q_OBJECT
+ public:
+  explicit frmMesgBox(const MessageBoxText& message, QWidget* parent = nullptr);
+
+  Answer Pressed() const { return pressed_; }
+  bool StopTips() const;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void reject() override;
+
+ private:
+  void AddTexts(const MessageBoxText& message, class QVBoxLayout& column);
+  void AddButtons(const MessageBoxText& message, class QVBoxLayout& column);
+
+  Answer safe_;
+  Answer pressed_;
+  QPushButton* safeButton_ = nullptr;
+  QCheckBox* chkStopShowingTips_ = nullptr;
+};
+
+// Middle of the window over the middle of the main window, or of the screen when that is not shown.
+void CentreWindow(QWidget& window);
+// The main window, shown or not; null when there is none yet.
+QWidget* MainWindowWidget();
+
+}  // namespace lm

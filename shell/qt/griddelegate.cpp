@@ -1,0 +1,276 @@
+#include "shell/qt/griddelegate.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QToolButton>
+
+#include "entry/pickers.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/qtext.h"
+#include "shell/qt/views.h"
+
+namespace lm {
+namespace {
+
+constexpr int kTextMargin = 4;  // pixels between a cell's edge and its text
+constexpr int kExpanderWidth = 22;
+constexpr int kLevelIndent = 14;
+constexpr int kNarrowestEditor = 104;
+
+}  // namespace
+
+GridDelegate::GridDelegate(GridView* view) : QStyledItemDelegate(view), view_(view) {}
+
+// Painting
+
+void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  option->font.setFamily(view_->Style().font.family());
+  option->font.setPointSizeF(view_->Style().font.pointSizeF());
+  option->text.replace(u'\n', u' ').remove(u'\r');
+  option->state &= ~QStyle::State_HasFocus;
+}
+
+QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * kTextMargin, 0);
+}
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  const GridModel& model = view_->Model();
+  const int row = model.GridRow(index);
+  if (row < 0) return;
+  QStyleOptionViewItem cell = option;
+  initStyleOption(&cell, index);
+  if (model.HasMarker() && index.column() == 0) {
+    PaintMarker(*painter, option.rect, row);
+    return;
+  }
+  const QString text = std::exchange(cell.text, QString());
+  view_->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, view_);
+  const bool group = view_->IsGroup(row) && index.column() == model.FirstColumn();
+  QRect place = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
+  if (group) {
+    PaintExpander(*painter, option, row);
+    place.setLeft(option.rect.left() + kExpanderWidth +
+                  kLevelIndent * (view_->Shown()->RowOutlineLevel(row) - 1));
+  }
+  const bool selected = option.state & QStyle::State_Selected;
+  const auto colours = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+  painter->save();
+  painter->setFont(cell.font);
+  painter->setPen(
+      cell.palette.color(colours, selected ? QPalette::HighlightedText : QPalette::Text));
+  painter->drawText(place, static_cast<int>(cell.displayAlignment) | Qt::TextSingleLine,
+                    QFontMetrics(cell.font).elidedText(text, Qt::ElideRight, place.width()));
+  painter->restore();
+  PaintLines(*painter, option.rect);
+  if (selected && view_->hasFocus() && index == view_->currentIndex() && !group) {
+    painter->setPen(cell.palette.color(QPalette::HighlightedText));
+    painter->drawRect(option.rect.adjusted(1, 1, -3, -3));
+  }
+}
+
+void GridDelegate::PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const {
+  const Colour colour = view_->Shown()->CellColour(CellSetting::flexcpBackColor, gridRow, 0);
+  if (colour > 0) painter.fillRect(rect.adjusted(0, 0, -2, -1), ToQColor(colour));
+  PaintLines(painter, rect);
+}
+
+void GridDelegate::PaintLines(QPainter& painter, const QRect& rect) const {
+  const ListStyle& style = view_->Style();
+  painter.setPen(style.line);
+  if (style.horizontalLines) painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+  if (style.verticalLines) painter.drawLine(rect.topRight(), rect.bottomRight());
+}
+
+void GridDelegate::PaintExpander(QPainter& painter, const QStyleOptionViewItem& option,
+                                 int gridRow) const {
+  QStyleOption arrow;
+  const int size = 10;
+  const int indent = kLevelIndent * (view_->Shown()->RowOutlineLevel(gridRow) - 1);
+  arrow.rect =
+      QRect(option.rect.left() + indent + 7, option.rect.center().y() - size / 2, size, size);
+  arrow.palette = option.palette;
+  arrow.state = option.state;
+  const bool collapsed = view_->Shown()->RowCollapsed(gridRow);
+  view_->style()->drawPrimitive(
+      collapsed ? QStyle::PE_IndicatorArrowRight : QStyle::PE_IndicatorArrowDown, &arrow, &painter,
+      view_);
+}
+
+// Editing
+
+QWidget* GridDelegate::ListEditor(QWidget* parent, const std::string& list) const {
+  auto* combo = new QComboBox(parent);
+  for (const auto& [id, text] : ComboEntries(list)) combo->addItem(ToQt(text));
+  combo->setCurrentIndex(combo->findText(ToQt(view_->Shown()->DisplayText(editRow_, editCol_))));
+  connect(combo, &QComboBox::activated, this,
+          [this] { const_cast<GridDelegate*>(this)->Commit(); });
+  return combo;
+}
+
+QWidget* GridDelegate::TextEditor(QWidget* parent, int row, int col) const {
+  auto* frame = new QWidget(parent);
+  frame->setAutoFillBackground(true);
+  auto* line = new QLineEdit(frame);
+  line->setFrame(false);
+  line->setTextMargins(kTextMargin - 2, 0, 0, 0);
+  auto* across = new QHBoxLayout(frame);
+  across->setContentsMargins(0, 0, 0, 0);
+  across->setSpacing(0);
+  across->addWidget(line, 1);
+  frame->setFocusProxy(line);
+  line->installEventFilter(const_cast<GridDelegate*>(this));
+  if (const Picker picker = view_->rules_->PickerOf(row, col); picker != Picker::None) {
+    static constexpr const char* kDrawings[] = {"", "calendar", "sessions", "numbers"};
+    auto* button = new QToolButton(frame);
+    button->setIcon(LineIcon(kDrawings[static_cast<int>(picker)]));
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAutoRaise(true);
+    button->setAccessibleName(tr("Choose"));
+    across->addWidget(button);
+    connect(button, &QToolButton::clicked, this,
+            [this, button, picker] { const_cast<GridDelegate*>(this)->Pick(*button, picker); });
+  }
+  return frame;
+}
+
+QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex& index) const {
+  editRow_ = view_->Model().GridRow(index);
+  editCol_ = index.column();
+  const std::string list = view_->rules_->EditList(*view_->Shown(), editRow_, editCol_);
+  editor_ = list.empty() ? TextEditor(parent, editRow_, editCol_) : ListEditor(parent, list);
+  editor_->setFont(view_->Style().font);
+  editor_->setAccessibleName(ToQt(view_->Shown()->TextMatrix(0, editCol_)));
+  return editor_;
+}
+
+void GridDelegate::setEditorData(QWidget* editor, const QModelIndex&) const {
+  if (editor->property("filled").toBool())
+    return;  // a repaint of the cell is no reason to lose what was typed
+  editor->setProperty("filled", true);
+  if (auto* combo = qobject_cast<QComboBox*>(editor)) {
+    if (!typed_) QMetaObject::invokeMethod(combo, &QComboBox::showPopup, Qt::QueuedConnection);
+    return;
+  }
+  auto* line = editor->findChild<QLineEdit*>();
+  line->setText(typed_ ? *typed_ : ToQt(view_->Shown()->TextMatrix(editRow_, editCol_)));
+}
+
+void GridDelegate::Opened() {
+  if (!typed_ || !editor_) return;
+  if (auto* line = editor_->findChild<QLineEdit*>()) line->end(false);
+}
+
+void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                        const QModelIndex&) const {
+  QRect place = option.rect;
+  place.setWidth(std::max(place.width(), kNarrowestEditor));
+  editor->setGeometry(place);
+}
+
+std::optional<QString> GridDelegate::EditorText() const {
+  if (const auto* combo = qobject_cast<const QComboBox*>(editor_.data()))
+    return combo->currentIndex() < 0 ? std::nullopt : std::optional(combo->currentText());
+  return editor_->findChild<QLineEdit*>()->text();
+}
+
+void GridDelegate::CloseEditor() {
+  QWidget* editor = editor_;
+  editor_ = nullptr;
+  if (editor) emit closeEditor(editor, NoHint);
+}
+
+// What a picker writes is final and goes past the reading of typed text.
+void GridDelegate::Pick(QWidget& button, Picker picker) {
+  Grid& grid = *view_->Shown();
+  const int row = editRow_, col = editCol_;
+  SetPickerAnchor(button);
+  committing_ = true;
+  const auto chosen =
+      PickForCell(view_->screen_->ledger, picker, FromQt(*EditorText()), grid.TextMatrix(0, col));
+  committing_ = false;
+  if (!editor_) return;
+  editor_->setFocus();
+  if (!chosen) return;
+  CloseEditor();
+  if (*chosen == grid.TextMatrix(row, col)) return;
+  grid.SetTextMatrix(row, col, *chosen);
+  view_->rules_->Edited(row, col);
+}
+
+bool GridDelegate::Commit() {
+  if (!editor_) return true;
+  if (committing_) return false;
+  const std::optional<QString> text = EditorText();
+  if (text) {
+    committing_ = true;
+    const EditOutcome outcome =
+        FinishEdit(*view_->Shown(), *view_->rules_, editRow_, editCol_, FromQt(*text));
+    committing_ = false;
+    if (outcome == EditOutcome::Refused && editor_) {
+      editor_->setFocus();
+      return false;
+    }
+  }
+  CloseEditor();
+  return true;
+}
+
+// Takes the text and goes on with the next shown cell of the row.
+void GridDelegate::EditNeighbour(int step) {
+  const int row = editRow_;
+  int col = editCol_ + step;
+  if (!Commit()) return;
+  const Grid& grid = *view_->Shown();
+  while (col >= 0 && col < grid.Cols() && !grid.ColVisible(col)) col += step;
+  if (col >= view_->Model().FirstColumn() && col < grid.Cols()) view_->EditCellAt(row, col);
+}
+
+bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
+  if (!editor_) return false;
+  if (event->type() == QEvent::FocusOut) {
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    const bool passing = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    if (!passing && !committing_)
+      QMetaObject::invokeMethod(
+          this, [this] { Commit(); }, Qt::QueuedConnection);
+    return false;
+  }
+  if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (event->type() == QEvent::ShortcutOverride) {
+    // Taking and leaving belong to the editor while it is open, not to the window's buttons.
+    const bool own = key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (own) event->accept();
+    return own;
+  }
+  switch (key) {
+    case Qt::Key_Escape:
+      CloseEditor();
+      return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (auto* combo = qobject_cast<QComboBox*>(watched); combo && combo->view()->isVisible())
+        return false;
+      Commit();
+      return true;
+    case Qt::Key_Tab:
+      EditNeighbour(+1);
+      return true;
+    case Qt::Key_Backtab:
+      EditNeighbour(-1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace lm

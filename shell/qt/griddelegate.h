@@ -1,0 +1,62 @@
+// Paints the cells of a GridView and owns the editor of the cell being typed into.
+#pragma once
+
+#include <QPointer>
+#include <QStyledItemDelegate>
+#include <optional>
+#include <string>
+
+#include "core/screen.h"
+
+namespace lm {
+
+class GridView;
+
+class GridDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+ public:
+  explicit GridDelegate(GridView* view);
+
+  // What the next editor starts with in place of the cell's text.
+  void StartWith(std::optional<QString> typed) { typed_ = std::move(typed); }
+  // After the view has opened an editor and selected all of it: what was typed first must not be
+  // typed over.
+  void Opened();
+  // True when no editor is open afterwards.
+  bool Commit();
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override;
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+  void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+ private:
+  QWidget* ListEditor(QWidget* parent, const std::string& list) const;
+  QWidget* TextEditor(QWidget* parent, int row, int col) const;
+  void PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const;
+  void PaintLines(QPainter& painter, const QRect& rect) const;
+  void PaintExpander(QPainter& painter, const QStyleOptionViewItem& option, int gridRow) const;
+  std::optional<QString> EditorText() const;
+  void CloseEditor();
+  void EditNeighbour(int step);
+  void Pick(QWidget& button, Picker picker);
+
+  GridView* view_;
+  std::optional<QString> typed_;
+  // The open editor and its cell; set when the view makes one.
+  mutable QPointer<QWidget> editor_;
+  mutable int editRow_ = -1;
+  mutable int editCol_ = -1;
+  bool committing_ = false;
+};
+
+}  // namespace lm

@@ -1,0 +1,212 @@
+#include "shell/qt/gridmodel.h"
+
+#include <QBrush>
+#include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include "shell/qt/liststyle.h"
+#include "shell/qt/qtext.h"
+
+namespace lm {
+namespace {
+
+constexpr int kMarkerWidth = 120;  // twips
+
+Qt::Alignment ToQtAlignment(Alignment alignment, DataType type) {
+  switch (alignment) {
+    case Alignment::Left:
+      return Qt::AlignLeft | Qt::AlignVCenter;
+    case Alignment::Centre:
+      return Qt::AlignCenter;
+    case Alignment::Right:
+      return Qt::AlignRight | Qt::AlignVCenter;
+    case Alignment::General:
+      break;
+  }
+  return (type == DataType::Money ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+}  // namespace
+
+GridModel::~GridModel() {
+  if (grid_) grid_->SetObserver(nullptr);
+}
+
+void GridModel::SetGrid(Grid* grid) {
+  if (grid_) grid_->SetObserver(nullptr);
+  grid_ = grid;
+  if (grid_) grid_->SetObserver(this);
+  stale_ = true;
+  Sync();
+}
+
+void GridModel::Sync() {
+  if (!stale_) return;
+  stale_ = false;
+  beginResetModel();
+  ReadRows();
+  endResetModel();
+}
+
+void GridModel::ReadRows() {
+  rows_.clear();
+  positions_.assign(grid_ ? static_cast<std::size_t>(grid_->Rows()) : 0, -1);
+  columns_ = grid_ ? grid_->Cols() : 0;
+  firstColumn_ = HasMarker() ? 1 : 0;
+  while (firstColumn_ + 1 < columns_ && !grid_->ColVisible(firstColumn_)) ++firstColumn_;
+  if (!grid_) return;
+  rows_.reserve(positions_.size());
+  for (int row = grid_->FixedRows(); row < grid_->Rows(); ++row) {
+    if (!grid_->RowVisible(row)) continue;
+    positions_[static_cast<std::size_t>(row)] = static_cast<int>(rows_.size());
+    rows_.push_back(row);
+  }
+}
+
+void GridModel::ReadLater() {
+  if (stale_) return;
+  stale_ = true;
+  QMetaObject::invokeMethod(this, &GridModel::Sync, Qt::QueuedConnection);
+}
+
+int GridModel::GridRow(const QModelIndex& index) const {
+  const auto row = static_cast<std::size_t>(index.row());
+  return index.isValid() && row < rows_.size() ? rows_[row] : -1;
+}
+
+int GridModel::ModelRow(int gridRow) const {
+  return gridRow >= 0 && gridRow < static_cast<int>(positions_.size())
+             ? positions_[static_cast<std::size_t>(gridRow)]
+             : -1;
+}
+
+bool GridModel::HasMarker() const {
+  return grid_ && grid_->Cols() > 1 && grid_->ColKey(0).empty() &&
+         grid_->ColWidth(0) == kMarkerWidth;
+}
+
+int GridModel::TitleColumn(int gridRow) const {
+  for (int col = firstColumn_; col < columns_; ++col)
+    if (grid_->ColVisible(col) && !grid_->TextMatrix(gridRow, col).empty()) return col;
+  return firstColumn_;
+}
+
+int GridModel::TitleEnd(int gridRow) const {
+  int col = TitleColumn(gridRow) + 1;
+  while (col < columns_ && (!grid_->ColVisible(col) || grid_->TextMatrix(gridRow, col).empty()))
+    ++col;
+  return col;
+}
+
+// A group's title stands at the left edge, in whatever column the grid holds it.
+std::string GridModel::ShownText(int gridRow, int col) const {
+  if (!grid_->IsSubtotal(gridRow)) return grid_->DisplayText(gridRow, col);
+  const int title = TitleColumn(gridRow);
+  if (col == firstColumn_) return grid_->DisplayText(gridRow, title);
+  return col == title ? std::string() : grid_->DisplayText(gridRow, col);
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : columns_;
+}
+
+QVariant GridModel::Ground(int gridRow, int col) const {
+  const QColor colour = ToQColor(grid_->CellColour(CellSetting::flexcpBackColor, gridRow, col));
+  if (colour.isValid()) return QBrush(colour);
+  if (grid_->IsSubtotal(gridRow)) return QGuiApplication::palette().brush(QPalette::Button);
+  return {};
+}
+
+Qt::Alignment GridModel::AlignmentOf(int gridRow, int col) const {
+  const int own =
+      QByteArray::fromStdString(grid_->Cell(CellSetting::flexcpAlignment, gridRow, col)).toInt();
+  if (own > 0 && own <= static_cast<int>(Alignment::Right))
+    return ToQtAlignment(static_cast<Alignment>(own), DataType::Text);
+  if (gridRow >= 0 && grid_->IsSubtotal(gridRow) && col == firstColumn_)
+    return Qt::AlignLeft | Qt::AlignVCenter;
+  // A column of figures is one with a number format, whether it is marked as money or not.
+  const bool figures = grid_->ColFormat(col).find('#') != std::string::npos;
+  return ToQtAlignment(grid_->ColAlignment(col),
+                       figures ? DataType::Money : grid_->ColDataType(col));
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  const int row = GridRow(index);
+  const int col = index.column();
+  if (row < 0 || row >= grid_->Rows()) return {};
+  if (HasMarker() && col == 0) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+      return ToQt(ShownText(row, col));
+    case Qt::ToolTipRole:
+      return ToQt(Replace(ShownText(row, col), "\r", ""));
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(AlignmentOf(row, col));
+    case Qt::BackgroundRole:
+      return Ground(row, col);
+    case Qt::ForegroundRole: {
+      const QColor own = ToQColor(grid_->CellColour(CellSetting::flexcpForeColor, row, col));
+      if (own.isValid()) return QBrush(own);
+      const QColor ground = ToQColor(grid_->CellColour(CellSetting::flexcpBackColor, row, col));
+      return ground.isValid() ? QVariant(QBrush(ReadableOn(ground))) : QVariant();
+    }
+    case Qt::FontRole: {
+      if (grid_->Cell(CellSetting::flexcpFontBold, row, col) != "TRUE" && !grid_->IsSubtotal(row))
+        return {};
+      QFont bold;
+      bold.setBold(true);
+      return bold;
+    }
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (!grid_ || orientation != Qt::Horizontal || grid_->FixedRows() == 0) return {};
+  if (role == Qt::DisplayRole) return ToQt(grid_->TextMatrix(0, section));
+  if (role == Qt::ToolTipRole) return ToQt(grid_->TextMatrix(0, section));
+  if (role == Qt::TextAlignmentRole)
+    return QVariant::fromValue(AlignmentOf(0, section) |
+                               static_cast<Qt::Alignment>(Qt::TextWordWrap));
+  return {};
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  if (!index.isValid() || (HasMarker() && index.column() == 0)) return Qt::ItemIsEnabled;
+  const Qt::ItemFlags shown = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  return editable_ ? shown | Qt::ItemIsEditable : shown;
+}
+
+void GridModel::CellsChanged(Grid&, const CellRange& range) {
+  if (stale_) return;
+  if (range.row1 < grid_->FixedRows() && columns_ > 0)
+    emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
+  int first = -1, last = -1;
+  for (int row = std::max(range.row1, grid_->FixedRows()); row <= range.row2; ++row) {
+    const int shown = ModelRow(row);
+    if (shown < 0) continue;
+    if (first < 0) first = shown;
+    last = shown;
+  }
+  if (first >= 0 && columns_ > 0) emit dataChanged(index(first, 0), index(last, columns_ - 1));
+}
+
+void GridModel::RowsInserted(Grid&, int, int) { ReadLater(); }
+void GridModel::RowsRemoved(Grid&, int, int) { ReadLater(); }
+void GridModel::GridReset(Grid&) { ReadLater(); }
+
+void GridModel::LayoutChanged(Grid&) {
+  if (!ignoreLayout_) ReadLater();
+}
+
+void GridModel::CursorMoved(Grid&) {
+  if (!stale_) emit cursorMoved();
+}
+
+}  // namespace lm

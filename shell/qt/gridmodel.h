@@ -1,0 +1,70 @@
+// A Grid as Qt sees it. The rows of the model are the visible data rows, its columns all columns of
+// the grid in their order. Changes of rows or layout are gathered and read once, when the event
+// loop comes round or Sync is called.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <vector>
+
+#include "core/grid.h"
+
+namespace lm {
+
+class GridModel : public QAbstractTableModel, private GridObserver {
+  Q_OBJECT
+ public:
+  explicit GridModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+  ~GridModel() override;
+
+  // The grid's one observer is this model until another grid, or null, is set.
+  void SetGrid(Grid* grid);
+  Grid* Shown() const { return grid_; }
+  void Sync();
+
+  int GridRow(const QModelIndex& index) const;  // -1 for an invalid index
+  int ModelRow(int gridRow) const;              // -1 when the row is not visible
+  // The narrow first column that shows a row's state by its colour.
+  bool HasMarker() const;
+  // The first column that shows something: where a group's title stands.
+  int FirstColumn() const { return firstColumn_; }
+  // The first column behind a group's title that holds a figure.
+  int TitleEnd(int gridRow) const;
+  void SetEditable(bool editable) { editable_ = editable; }
+  // Layout changes that the view itself makes are not read back.
+  void IgnoreLayout(bool ignore) { ignoreLayout_ = ignore; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+ signals:
+  void cursorMoved();
+
+ private:
+  void CellsChanged(Grid& grid, const CellRange& range) override;
+  void RowsInserted(Grid& grid, int row, int count) override;
+  void RowsRemoved(Grid& grid, int row, int count) override;
+  void LayoutChanged(Grid& grid) override;
+  void CursorMoved(Grid& grid) override;
+  void GridReset(Grid& grid) override;
+
+  void ReadLater();
+  void ReadRows();
+  int TitleColumn(int gridRow) const;
+  std::string ShownText(int gridRow, int col) const;
+  QVariant Ground(int gridRow, int col) const;
+  Qt::Alignment AlignmentOf(int gridRow, int col) const;
+
+  Grid* grid_ = nullptr;
+  std::vector<int> rows_;       // grid row of each model row
+  std::vector<int> positions_;  // model row of each grid row, -1 for one not shown
+  int columns_ = 0;
+  int firstColumn_ = 0;
+  bool stale_ = false;
+  bool editable_ = false;
+  bool ignoreLayout_ = false;
+};
+
+}  // namespace lm

@@ -1,0 +1,431 @@
+#include "shell/qt/gridview.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimerEvent>
+
+#include "shell/qt/griddelegate.h"
+#include "shell/qt/qtext.h"
+
+namespace lm {
+namespace {
+
+constexpr int kRowPadding = 10;  // pixels above and below the text together
+constexpr int kHeaderPadding = 14;
+constexpr int kHeaderMargin = 10;  // pixels that a caption does not fill
+constexpr int kColumnPadding = 24;
+constexpr const char* kLargeSum = "88,888.88";
+constexpr int kMeasuredRows = 60;  // rows looked at for the width of a column without one
+constexpr int kNarrowest = 56, kWidest = 260;
+
+}  // namespace
+
+GridView::GridView(QWidget* parent)
+    : QTableView(parent), model_(new GridModel(this)), delegate_(new GridDelegate(this)) {
+  setModel(model_);
+  setItemDelegate(delegate_);
+  setEditTriggers(NoEditTriggers);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setShowGrid(false);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(4);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+
+  QHeaderView* header = horizontalHeader();
+  header->setMinimumSectionSize(4);
+  header->setSectionsMovable(true);
+  header->setSectionsClickable(true);
+  header->setHighlightSections(false);
+  connect(header, &QHeaderView::sectionClicked, this, [this](int col) {
+    if (onHeaderClicked && !(model_->HasMarker() && col == 0) && CommitEditor())
+      onHeaderClicked(col);
+  });
+  connect(header, &QHeaderView::sectionResized, this,
+          [this](int col, int, int pixels) { HeaderSized(col, pixels); });
+  connect(header, &QHeaderView::sectionMoved, this, &GridView::HeaderMoved);
+  connect(model_, &QAbstractItemModel::modelReset, this, &GridView::ReadLayout);
+  connect(model_, &GridModel::cursorMoved, this, &GridView::ReadCursor);
+}
+
+void GridView::Bind(Screen& screen, Grid& grid, GridRules* rules) {
+  screen_ = &screen;
+  rules_ = rules;
+  measured_.clear();
+  model_->SetEditable(rules != nullptr);
+  model_->SetGrid(&grid);
+}
+
+void GridView::Unbind() {
+  model_->SetGrid(nullptr);
+  screen_ = nullptr;
+  rules_ = nullptr;
+}
+
+void GridView::SetChoice(bool choice) {
+  choice_ = choice;
+  setSelectionBehavior(choice ? SelectItems : SelectRows);
+  horizontalHeader()->setSectionsMovable(!choice);
+  horizontalHeader()->setSectionsClickable(!choice);
+}
+
+// Layout
+
+void GridView::ReadStyle() {
+  if (!screen_) return;
+  const QPalette system = QApplication::palette(this);
+  style_ = ListStyleOf(screen_->ledger, system);
+  QPalette own = system;
+  own.setColor(QPalette::Base, style_.base);
+  own.setColor(QPalette::AlternateBase, style_.alternate);
+  own.setColor(QPalette::Text, style_.text);
+  const bool wasReading = std::exchange(reading_, true);
+  setFont(style_.font);
+  horizontalHeader()->setFont(style_.font);
+  setPalette(own);
+  setAlternatingRowColors(style_.alternate != style_.base);
+  verticalHeader()->setDefaultSectionSize(QFontMetrics(style_.font).height() + kRowPadding);
+  reading_ = wasReading;
+}
+
+void GridView::ReadLayout() {
+  Grid* grid = Shown();
+  if (!grid) return;
+  const int scrolled = verticalScrollBar()->value();
+  ReadStyle();
+  reading_ = true;
+  QHeaderView* header = horizontalHeader();
+  header->setVisible(grid->FixedRows() > 0);
+  for (int col = 0; col < grid->Cols(); ++col) {
+    const bool shown = grid->ColVisible(col);
+    header->setSectionHidden(col, !shown);
+    if (!shown) continue;
+    const bool marker = model_->HasMarker() && col == 0;
+    header->setSectionResizeMode(col, choice_  ? QHeaderView::Stretch
+                                      : marker ? QHeaderView::Fixed
+                                               : QHeaderView::Interactive);
+    if (!choice_) header->resizeSection(col, ColumnWidth(col));
+  }
+  header->setFixedHeight(HeaderHeight());
+  ReadRows();
+  ReadSpans();
+  if (hidesWhenEmpty_) setVisible(model_->rowCount() > 0);
+  reading_ = false;
+  ReadCursor();
+  verticalScrollBar()->setValue(scrolled);
+}
+
+void GridView::ReadRows() {
+  Grid* grid = Shown();
+  if (choice_) {
+    verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    return;
+  }
+  for (int shown = 0; shown < model_->rowCount(); ++shown) {
+    const int twips = grid->RowHeight(model_->GridRow(model_->index(shown, 0)));
+    if (twips >= 0) verticalHeader()->resizeSection(shown, TwipsToPixels(twips, logicalDpiY()));
+  }
+}
+
+void GridView::ReadSpans() {
+  clearSpans();
+  Grid* grid = Shown();
+  for (int shown = 0; shown < model_->rowCount(); ++shown) {
+    const int row = model_->GridRow(model_->index(shown, 0));
+    const int title = model_->FirstColumn();
+    if (grid->IsSubtotal(row)) {
+      if (const int end = model_->TitleEnd(row); end - title > 1)
+        setSpan(shown, title, 1, end - title);
+      continue;
+    }
+    if (grid->MergeCells() == MergeSetting::Never) continue;
+    for (int col = 0; col < grid->Cols(); ++col) {
+      const CellRange block = grid->MergedRange(row, col);
+      const int last = model_->ModelRow(block.row2);
+      if (block.row1 != row || block.col1 != col || last < shown) continue;
+      if (last > shown || block.col2 > col)
+        setSpan(shown, col, last - shown + 1, block.col2 - col + 1);
+    }
+  }
+}
+
+void GridView::ReadCursor() {
+  Grid* grid = Shown();
+  if (!grid || reading_) return;
+  const int row = model_->ModelRow(grid->Row());
+  reading_ = true;
+  if (row < 0) {
+    selectionModel()->clear();
+  } else {
+    int col = std::max(grid->Col(), model_->FirstColumn());
+    if (!grid->ColVisible(col)) col = model_->FirstColumn();
+    const QModelIndex index = model_->index(row, col);
+    if (index != currentIndex() || !selectionModel()->isSelected(index))
+      selectionModel()->setCurrentIndex(
+          index, QItemSelectionModel::ClearAndSelect |
+                     (choice_ ? QItemSelectionModel::NoUpdate : QItemSelectionModel::Rows));
+    scrollTo(model_->index(row, col));
+  }
+  reading_ = false;
+}
+
+// A column without a width of its own fits what it shows, and grows with it.
+int GridView::ColumnWidth(int col) {
+  const int twips = Shown()->ColWidth(col);
+  if (twips > 0) return TwipsToPixels(twips, logicalDpiX());
+  int& width = measured_[Shown()->ColKey(col)];
+  width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));
+  return width;
+}
+
+int GridView::sizeHintForColumn(int col) const {
+  QFont bold = style_.font;
+  bold.setBold(true);
+  const QFontMetrics metrics(style_.font), boldMetrics(bold);
+  int widest = metrics.horizontalAdvance(
+      model_->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
+  // The sums of groups come later.
+  if (Shown()->ColFormat(col).find('#') != std::string::npos)
+    widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
+  for (int shown = 0; shown < std::min(model_->rowCount(), kMeasuredRows); ++shown) {
+    const int row = model_->GridRow(model_->index(shown, 0));
+    if (IsGroup(row) && col < model_->TitleEnd(row)) continue;
+    const QString text = model_->index(shown, col).data().toString();
+    widest = std::max(widest, (IsGroup(row) ? boldMetrics : metrics).horizontalAdvance(text));
+  }
+  return widest + kColumnPadding;
+}
+
+// Long captions take several lines.
+int GridView::HeaderHeight() const {
+  const QFontMetrics metrics(style_.font);
+  int tallest = metrics.height();
+  for (int col = 0; col < Shown()->Cols(); ++col) {
+    if (horizontalHeader()->isSectionHidden(col)) continue;
+    const int width = std::max(horizontalHeader()->sectionSize(col) - kHeaderMargin, 1);
+    const QString caption = model_->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString();
+    tallest = std::max(
+        tallest, metrics.boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, caption).height());
+  }
+  return std::min(tallest, 3 * metrics.lineSpacing()) + kHeaderPadding;
+}
+
+void GridView::HeaderSized(int col, int pixels) {
+  if (reading_ || choice_ || !Shown() || pixels <= 0) return;
+  model_->IgnoreLayout(true);
+  Shown()->SetColWidth(col, PixelsToTwips(pixels, logicalDpiX()));
+  model_->IgnoreLayout(false);
+  horizontalHeader()->setFixedHeight(HeaderHeight());
+}
+
+// The header goes back to the model's order at once; the moved column comes with the new layout.
+void GridView::HeaderMoved(int, int from, int to) {
+  if (reading_ || !Shown()) return;
+  reading_ = true;
+  horizontalHeader()->moveSection(to, from);
+  reading_ = false;
+  const bool marker = model_->HasMarker() && (from == 0 || to == 0);
+  if (onColumnMoved && !marker && CommitEditor()) onColumnMoved(from, to);
+}
+
+void GridView::SetSortMark(int col, bool descending) {
+  horizontalHeader()->setSortIndicatorShown(col >= 0);
+  horizontalHeader()->setSortIndicator(col, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+// Groups and rows
+
+void GridView::ToggleGroup(int gridRow) { SetGroupOpen(gridRow, Shown()->RowCollapsed(gridRow)); }
+
+void GridView::SetGroupOpen(int gridRow, bool open) {
+  if (Shown()->RowCollapsed(gridRow) != open) return;
+  Shown()->SetRowCollapsed(gridRow, !open);
+  model_->Sync();
+}
+
+void GridView::OpenRow(int gridRow) {
+  if (gridRow < 0) return;
+  if (choice_)
+    screen_->CellClicked(*Shown(), gridRow, currentIndex().column());
+  else if (IsGroup(gridRow))
+    ToggleGroup(gridRow);
+  else if (rules_)
+    rules_->Opened(gridRow);
+}
+
+// Editing
+
+void GridView::EditCellAt(int gridRow, int col, const std::optional<QString>& typed) {
+  if (!rules_ || !CommitEditor()) return;
+  model_->Sync();
+  const int shown = model_->ModelRow(gridRow);
+  if (shown < 0 || IsGroup(gridRow) || !Shown()->ColVisible(col)) return;
+  const QModelIndex cell = model_->index(shown, col);
+  setCurrentIndex(cell);
+  scrollTo(cell);
+  if (!(model_->flags(cell) & Qt::ItemIsEditable) || !rules_->MayEdit(gridRow, col)) return;
+  setFocus();
+  delegate_->StartWith(typed);
+  edit(model_->index(model_->ModelRow(gridRow), col));
+  delegate_->Opened();
+}
+
+bool GridView::CommitEditor() { return delegate_->Commit(); }
+
+// Keys and mouse
+
+bool GridView::HandleKey(const QKeyEvent& event) {
+  const int row = CurrentRow();
+  const int col = currentIndex().column();
+  const bool plain =
+      !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  if (!plain) return false;
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (choice_) return false;
+      if (editsInPlace_ && rules_)
+        rules_->AddPressed();
+      else if (row >= 0)
+        OpenRow(row);
+      else
+        return false;
+      return true;
+    case Qt::Key_Insert:
+      if (rules_) rules_->AddPressed();
+      return rules_ != nullptr;
+    case Qt::Key_Delete:
+      if (rules_ && row >= 0) rules_->DeletePressed(row);
+      return rules_ && row >= 0;
+    case Qt::Key_F2:
+      if (row >= 0) EditCellAt(row, col);
+      return row >= 0;
+    case Qt::Key_Plus:
+    case Qt::Key_Right:
+    case Qt::Key_Minus:
+    case Qt::Key_Left:
+      if (!IsGroup(row)) break;
+      SetGroupOpen(row, event.key() == Qt::Key_Plus || event.key() == Qt::Key_Right);
+      return true;
+    case Qt::Key_Space:
+      if (choice_ || IsGroup(row)) {
+        OpenRow(row);
+        return true;
+      }
+      break;
+    default:
+      break;
+  }
+  const QString text = event.text();
+  if (!rules_ || choice_ || row < 0 || IsGroup(row) || text.isEmpty() || !text[0].isPrint())
+    return false;
+  EditCellAt(row, col, text);
+  return true;
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  if (Shown() && HandleKey(*event))
+    event->accept();
+  else
+    QTableView::keyPressEvent(event);
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+  // A refused text keeps its editor: the click then leads nowhere.
+  if (!CommitEditor()) return;
+  const QModelIndex pressed = indexAt(event->pos());
+  const int row = model_->GridRow(pressed);
+  wasCurrent_ = pressed.isValid() && pressed == currentIndex() && hasFocus();
+  slowClick_.stop();
+  QTableView::mousePressEvent(event);
+  if (event->button() == Qt::LeftButton && IsGroup(row) &&
+      pressed.column() == model_->FirstColumn())
+    ToggleGroup(row);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  if (event->button() != Qt::LeftButton || indexAt(event->pos()) != currentIndex()) return;
+  if (choice_)
+    OpenRow(CurrentRow());
+  else if (wasCurrent_ && rules_ && !IsGroup(CurrentRow()))
+    slowClick_.start(QApplication::doubleClickInterval(), this);
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  slowClick_.stop();
+  wasCurrent_ = false;
+  const QModelIndex index = indexAt(event->pos());
+  const int row = model_->GridRow(index);
+  if (event->button() != Qt::LeftButton || row < 0 || choice_) return;
+  if (editsInPlace_)
+    EditCellAt(row, index.column());
+  else if (!IsGroup(row))
+    OpenRow(row);
+}
+
+void GridView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != slowClick_.timerId()) return QTableView::timerEvent(event);
+  slowClick_.stop();
+  if (hasFocus() && CurrentRow() >= 0) EditCellAt(CurrentRow(), currentIndex().column());
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+  if (!rules_ || !CommitEditor()) return;
+  const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+  if (byMouse) {
+    const QModelIndex index = indexAt(event->pos());
+    if (index.isValid()) setCurrentIndex(index);
+  }
+  const std::vector<MenuEntry> entries = rules_->ContextMenu(CurrentRow());
+  if (entries.empty()) return;
+  QMenu menu(this);
+  for (const MenuEntry& entry : entries) {
+    if (entry.caption.empty()) {
+      menu.addSeparator();
+      continue;
+    }
+    QAction* action = menu.addAction(ToQt(entry.caption));
+    action->setEnabled(entry.enabled);
+    connect(action, &QAction::triggered, this, [run = entry.run] {
+      if (run) run();
+    });
+  }
+  const QPoint place = byMouse ? event->globalPos()
+                               : viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());
+  menu.exec(place);
+}
+
+void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (reading_ || !Shown() || !current.isValid()) return;
+  reading_ = true;
+  Shown()->Select(model_->GridRow(current), current.column());
+  reading_ = false;
+}
+
+void GridView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  const bool look = event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
+  if (look && !reading_) ReadStyle();
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (model_->rowCount() > 0 || emptyText_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setPen(palette().color(QPalette::PlaceholderText));
+  painter.drawText(viewport()->rect().adjusted(24, 24, -24, -24),
+                   Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+}  // namespace lm

@@ -1,0 +1,101 @@
+// The one list widget: shows any Grid and lets the user sort, move and size columns, open rows,
+// edit in place, and open and close groups.
+#pragma once
+
+#include <QBasicTimer>
+#include <QTableView>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "core/screen.h"
+#include "shell/qt/gridmodel.h"
+#include "shell/qt/liststyle.h"
+
+namespace lm {
+
+class GridDelegate;
+
+class GridView : public QTableView {
+  Q_OBJECT
+  // A list without an editor window: a double click edits in place and Enter adds a row.
+  Q_PROPERTY(bool editsInPlace MEMBER editsInPlace_)
+  // A list of choices: the cursor is a cell, and a click or the space bar takes it.
+  Q_PROPERTY(bool choice READ IsChoice WRITE SetChoice)
+  // A list that is there only while it has rows.
+  Q_PROPERTY(bool hidesWhenEmpty MEMBER hidesWhenEmpty_)
+  // What stands in the middle of an empty list.
+  Q_PROPERTY(QString emptyText MEMBER emptyText_)
+
+ public:
+  explicit GridView(QWidget* parent = nullptr);
+
+  // Both outlive the view or are taken back with Unbind.
+  void Bind(Screen& screen, Grid& grid, GridRules* rules);
+  void Unbind();
+  Grid* Shown() const { return model_->Shown(); }
+  GridModel& Model() { return *model_; }
+  const ListStyle& Style() const { return style_; }
+
+  // The user's acts on headers; without them a header neither sorts nor moves.
+  std::function<void(int col)> onHeaderClicked;
+  std::function<void(int from, int to)> onColumnMoved;
+  // The arrow in a header; -1 takes it away.
+  void SetSortMark(int col, bool descending);
+
+  // Opens the cell for typing when the rules allow, with `typed` in place of its text if given.
+  void EditCellAt(int gridRow, int col, const std::optional<QString>& typed = {});
+  // Stores what the open editor holds. False when it was refused: the editor is still open then.
+  bool CommitEditor();
+
+  bool IsChoice() const { return choice_; }
+  void SetChoice(bool choice);
+  void ReadStyle();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  int sizeHintForColumn(int column) const override;
+
+ private:
+  friend class GridDelegate;
+
+  void ReadLayout();
+  void ReadRows();
+  void ReadSpans();
+  void ReadCursor();
+  int ColumnWidth(int col);
+  int HeaderHeight() const;
+  void HeaderSized(int col, int pixels);
+  void HeaderMoved(int col, int from, int to);
+  int CurrentRow() const { return model_->GridRow(currentIndex()); }
+  bool IsGroup(int gridRow) const { return gridRow >= 0 && Shown()->IsSubtotal(gridRow); }
+  void ToggleGroup(int gridRow);
+  void SetGroupOpen(int gridRow, bool open);
+  void OpenRow(int gridRow);
+  bool HandleKey(const QKeyEvent& event);
+
+  GridModel* model_;
+  GridDelegate* delegate_;
+  Screen* screen_ = nullptr;
+  GridRules* rules_ = nullptr;
+  ListStyle style_;
+  std::map<std::string, int> measured_;  // widths of columns that have none of their own, in pixels
+  QBasicTimer slowClick_;
+  bool reading_ = false;     // the view is being set up from the grid
+  bool wasCurrent_ = false;  // the pressed cell had been the current one
+  bool editsInPlace_ = false;
+  bool choice_ = false;
+  bool hidesWhenEmpty_ = false;
+  QString emptyText_;
+};
+
+}  // namespace lm

@@ -1,0 +1,73 @@
+#include "shell/qt/liststyle.h"
+
+#include <algorithm>
+
+#include "core/numbers.h"
+#include "core/options.h"
+#include "shell/qt/qtext.h"
+
+namespace lm {
+namespace {
+
+constexpr std::string_view kWhite = "16777215";
+constexpr std::string_view kBlack = "0";
+constexpr std::string_view kDefaultLines = "14609391";
+constexpr double kSmallestFont = 6, kLargestFont = 36;
+constexpr int kTwipsPerInch = 1440;
+
+QColor Mixed(const QColor& a, const QColor& b, double share) {
+  const auto mix = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
+  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+QColor OptionColour(const Ledger& ledger, int option, std::string_view untouched,
+                    const QColor& otherwise) {
+  const std::string& text = GetOption(ledger, option);
+  if (text.empty() || text == untouched) return otherwise;
+  const double number = Val(text);
+  if (number < 0 || number > 0xFFFFFF) return otherwise;
+  return ToQColor(static_cast<Colour>(number));
+}
+
+}  // namespace
+
+QColor ToQColor(Colour colour) {
+  if (colour < 0) return {};
+  return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+QColor ReadableOn(const QColor& ground) {
+  const double light = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
+  return light > 0.55 ? QColor(Qt::black) : QColor(Qt::white);
+}
+
+int TwipsToPixels(int twips, int logicalDpi) {
+  return (twips * logicalDpi + kTwipsPerInch / 2) / kTwipsPerInch;
+}
+
+int PixelsToTwips(int pixels, int logicalDpi) {
+  return pixels * kTwipsPerInch / std::max(1, logicalDpi);
+}
+
+ListStyle ListStyleOf(const Ledger& ledger, const QPalette& palette) {
+  ListStyle style;
+  style.base = OptionColour(ledger, optColourBackground, kWhite, palette.color(QPalette::Base));
+  style.alternate = OptionColour(ledger, optColourAlternateRows, kWhite, style.base);
+  const bool ownGround = style.base != palette.color(QPalette::Base);
+  const QColor plainText = ownGround ? ReadableOn(style.base) : palette.color(QPalette::Text);
+  style.text = OptionColour(ledger, optFontColour, kBlack, plainText);
+  style.line =
+      OptionColour(ledger, optColourGridLines, kDefaultLines, Mixed(style.base, plainText, 0.12));
+
+  const std::string& fontName = GetOption(ledger, optFontName);
+  if (!fontName.empty()) style.font.setFamily(ToQt(fontName));
+  const double size = Val(GetOption(ledger, optFontSize));
+  if (size > 0) style.font.setPointSizeF(std::clamp(size, kSmallestFont, kLargestFont));
+
+  const std::string& lines = GetOption(ledger, optGridLines);
+  style.horizontalLines = lines != "Vertical Only" && lines != "None";
+  style.verticalLines = lines != "Horizontal Only" && lines != "None";
+  return style;
+}
+
+}  // namespace lm

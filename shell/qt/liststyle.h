@@ -1,0 +1,36 @@
+// The look of all lists, from the options.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+#include "core/grid.h"
+#include "core/ledger.h"
+
+namespace lm {
+
+struct ListStyle {
+  QFont font;
+  QColor base;
+  QColor alternate;
+  QColor text;
+  QColor line;
+  bool horizontalLines = true;
+  bool verticalLines = true;
+};
+
+// An option that still holds its default leaves the matter to the palette, so that a dark desktop
+// gets dark lists.
+ListStyle ListStyleOf(const Ledger& ledger, const QPalette& palette);
+
+// Invalid for kNoColour.
+QColor ToQColor(Colour colour);
+// Black or white, whichever is read better on this ground.
+QColor ReadableOn(const QColor& ground);
+
+// Twips, 1440 to the inch, and device-independent pixels of this widget's screen.
+int TwipsToPixels(int twips, int logicalDpi);
+int PixelsToTwips(int pixels, int logicalDpi);
+
+}  // namespace lm

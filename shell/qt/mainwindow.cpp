@@ -1,0 +1,343 @@
+#include "shell/qt/mainwindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "core/numbers.h"
+#include "core/options.h"
+#include "core/rows.h"
+#include "core/shortcuts.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/pagewidgets.h"
+#include "shell/qt/printing.h"
+#include "shell/qt/qtext.h"
+#include "shell/qt/virtualkeys.h"
+
+namespace lm {
+namespace {
+
+constexpr int kBarIcon = 22;
+constexpr int kBarRow = 42;
+constexpr int kStatusDelay = 150;  // ms; counting waits until the changes are over
+
+}  // namespace
+
+MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger) {
+  setObjectName("frmMain");
+  setWindowIcon(QIcon(":/icons/ledgerminder.svg"));
+
+  auto* central = new QWidget;
+  auto* across = new QHBoxLayout(central);
+  across->setContentsMargins(0, 0, 0, 0);
+  across->setSpacing(0);
+  across->addWidget(BuildShortcutBar());
+  auto* content = new QWidget;
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(18, 14, 18, 12);
+  column->setSpacing(12);
+  column->addWidget(BuildHead());
+  pages_ = new QStackedWidget;
+  BuildPages();
+  column->addWidget(pages_, 1);
+  across->addWidget(content, 1);
+  setCentralWidget(central);
+  BuildMenus();
+  BuildStatusBar();
+  ApplyLineIcons(*this);
+
+  binder_ = std::make_unique<Binder>(*this, screen);
+  BindLists();
+  const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
+  showCaption();
+  binder_->onCaptionChanged = showCaption;
+  binder_->onClosed = [this] {
+    hide();
+    QApplication::quit();
+  };
+  screen_.layOut = [this](bool) { ShowPage(); };
+  screen_.showWindow = [this] { ShowFirst(); };
+  screen_.printGrid = [this](Grid& grid, const std::string& title) {
+    PrintGrid(ledger_, grid, title, this);
+  };
+  screen_.RefreshCommands();
+  qApp->installEventFilter(this);
+  ShowPage();
+}
+
+MainWindow::~MainWindow() {
+  screen_.layOut = nullptr;
+  screen_.showWindow = nullptr;
+  screen_.printGrid = nullptr;
+}
+
+void MainWindow::ShowFirst() {
+  const QRect available = QWidget::screen()->availableGeometry();
+  resize(QSize(1240, 780).boundedTo(available.size() * 0.94));
+  move(available.center() - rect().center());
+  screen_.maximised ? showMaximized() : show();
+  raise();
+  activateWindow();
+  if (GridView* list = CurrentList()) list->setFocus();
+}
+
+// Menus
+
+void MainWindow::BuildMenus() {
+  for (const MenuNode& node : screen_.MenuBar()) {
+    if (node.hidden) continue;
+    QMenu* menu = menuBar()->addMenu(ToQt(node.caption));
+    menu->setObjectName(ToQt(node.name));
+    AddMenuNodes(*menu, node.children);
+  }
+}
+
+void MainWindow::AddMenuNodes(QMenu& menu, const std::vector<MenuNode>& nodes) {
+  for (const MenuNode& node : nodes) {
+    if (node.hidden) continue;
+    if (!node.children.empty()) {
+      QMenu* below = menu.addMenu(ToQt(node.caption));
+      below->setObjectName(ToQt(node.name));
+      AddMenuNodes(*below, node.children);
+      continue;
+    }
+    if (!node.command) {
+      menu.addSeparator();
+      continue;
+    }
+    QAction* action = menu.addAction(ToQt(node.caption));
+    action->setObjectName(ToQt(node.name));
+    action->setCheckable(node.checkable);
+    if (node.header) {
+      QFont bold = menu.font();
+      bold.setBold(true);
+      action->setFont(bold);
+    }
+    actions_[action] = &node;
+    connect(action, &QAction::triggered, this, [this, &node] { binder_->Press(*node.command); });
+  }
+  connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { RefreshMenu(menu); });
+}
+
+void MainWindow::RefreshMenu(QMenu& menu) {
+  screen_.RefreshCommands();
+  for (QAction* action : menu.actions()) {
+    const auto found = actions_.find(action);
+    if (found == actions_.end()) continue;
+    const MenuNode& node = *found->second;
+    const QString shortcut = ToQt(screen_.ShortcutTextOf(node));
+    const QString caption = ToQt(node.command->Text());
+    action->setText(shortcut.isEmpty() ? caption : caption + '\t' + shortcut);
+    action->setEnabled(node.command->Enabled());
+    action->setVisible(node.command->Visible());
+    if (node.checkable) action->setChecked(screen_.IsChecked(node));
+  }
+}
+
+// Shortcut bar
+
+QWidget* MainWindow::BuildShortcutBar() {
+  bar_ = new QListWidget;
+  bar_->setObjectName("fgMenu");
+  bar_->setAccessibleName(tr("Pages"));
+  bar_->setFrameShape(QFrame::NoFrame);
+  bar_->setIconSize(QSize(kBarIcon, kBarIcon));
+  bar_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  bar_->setSpacing(2);
+  const Grid& menu = screen_.fgMenu;
+  for (int col = 1; col < menu.Cols(); ++col) {
+    auto* item = new QListWidgetItem(ToQt(menu.TextMatrix(1, col)), bar_);
+    item->setSizeHint(QSize(0, std::max(kBarRow, bar_->fontMetrics().height() + 18)));
+  }
+  connect(bar_, &QListWidget::currentRowChanged, this, [this](int row) {
+    if (row < 0 || row + 1 == screen_.fgMenu.Col()) return;
+    if (binder_ && !binder_->CommitPending()) return ShowPage();
+    screen_.ShowPage(static_cast<Page>(row + 1));
+  });
+  connect(bar_, &QListWidget::itemActivated, this, [this] {
+    if (GridView* list = CurrentList()) list->setFocus();
+  });
+  return bar_;
+}
+
+void MainWindow::ShowShortcutBar() {
+  bar_->setVisible(screen_.ShortcutBarVisible());
+  const bool icons = OptionIsTrue(ledger_, optIconsInToolbar);
+  int widest = 0;
+  for (int row = 0; row < bar_->count(); ++row) {
+    const std::string picture = screen_.fgMenu.Cell(CellSetting::flexcpPicture, 0, row + 1);
+    bar_->item(row)->setIcon(icons ? LineIcon(ToQt(picture)) : QIcon());
+    widest = std::max(widest, bar_->fontMetrics().horizontalAdvance(bar_->item(row)->text()));
+  }
+  bar_->setFixedWidth(widest + (icons ? kBarIcon : 0) + 44);
+  const QSignalBlocker quiet(bar_);
+  bar_->setCurrentRow(screen_.fgMenu.Col() - 1);
+}
+
+// Pages
+
+QWidget* MainWindow::BuildHead() {
+  auto* head = new QWidget;
+  auto* column = new QVBoxLayout(head);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(10);
+  auto* title = new QLabel;
+  title->setObjectName("lblPage");
+  QFont font = title->font();
+  font.setPointSizeF(font.pointSizeF() * 1.55);
+  font.setBold(true);
+  title->setFont(font);
+  column->addWidget(title);
+
+  auto* frame = new QFrame;
+  frame->setObjectName("noteFrame");
+  frame->setFrameShape(QFrame::StyledPanel);
+  auto* across = new QHBoxLayout(frame);
+  across->setContentsMargins(12, 8, 12, 8);
+  across->setSpacing(10);
+  auto* picture = new QLabel;
+  picture->setPixmap(
+      LineIcon("information", AccentColour()).pixmap(QSize(20, 20), devicePixelRatioF()));
+  auto* note = new QLabel;
+  note->setObjectName("lblPageNote");
+  note->setWordWrap(true);
+  across->addWidget(picture);
+  across->addWidget(note, 1);
+  column->addWidget(frame);
+  noteFrame_ = frame;
+  return head;
+}
+
+void MainWindow::BuildPages() {
+  for (const PageSpec& spec : kPages) pages_->addWidget(MakePage(spec.page));
+  forms_ = pages_->findChild<QStackedWidget*>(kFormStack);
+}
+
+void MainWindow::BindLists() {
+  statusTimer_.setSingleShot(true);
+  statusTimer_.setInterval(kStatusDelay);
+  connect(&statusTimer_, &QTimer::timeout, this, &MainWindow::RefreshStatus);
+  for (GridView* list : findChildren<GridView*>()) {
+    Grid* grid = list->Shown();
+    if (!grid) continue;
+    list->onHeaderClicked = [this, list, grid](int col) {
+      screen_.HeaderClicked(*grid, col);
+      ShowSortMark(*list);
+    };
+    list->onColumnMoved = [this, grid](int from, int to) { screen_.ColumnMoved(*grid, from, to); };
+    const auto later = [this] { statusTimer_.start(); };
+    connect(list->model(), &QAbstractItemModel::modelReset, this, [this, list, later] {
+      ShowSortMark(*list);
+      later();
+    });
+    connect(list->model(), &QAbstractItemModel::dataChanged, this, later);
+  }
+}
+
+void MainWindow::ShowSortMark(GridView& list) {
+  if (!list.Shown()) return;
+  const frmMain::SortState sort = screen_.SortOf(*list.Shown());
+  list.SetSortMark(sort.key.empty() ? -1 : list.Shown()->ColIndex(sort.key), sort.descending);
+}
+
+GridView* MainWindow::CurrentList() const {
+  const Grid* grid = screen_.PageGrid();
+  return grid ? binder_->ViewOf(*grid) : nullptr;
+}
+
+void MainWindow::ShowPage() {
+  ShowShortcutBar();
+  const Page page = screen_.CurrentPage();
+  pages_->setCurrentIndex(ColumnOf(page) - 1);
+  forms_->setCurrentIndex(screen_.tabForm.Selected());
+  // A page that is all note tells it in its middle.
+  noteFrame_->setVisible(!screen_.PageReady(page) && screen_.PageGrid());
+  statusTimer_.start();
+}
+
+// Status bar
+
+void MainWindow::BuildStatusBar() {
+  rowCount_ = new QLabel;
+  statusBar()->addWidget(rowCount_, 1);
+  const auto add = [this](QLabel*& label) {
+    label = new QLabel;
+    statusBar()->addPermanentWidget(label);
+  };
+  add(newRows_);
+  add(editedRows_);
+  statusBar()->setContentsMargins(12, 0, 4, 0);
+}
+
+void MainWindow::RefreshStatus() {
+  GridView* list = CurrentList();
+  int shown = 0;
+  if (list) {
+    const Grid& grid = *list->Shown();
+    for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+      shown += !grid.RowHidden(row) && !grid.IsSubtotal(row);
+  }
+  rowCount_->setText(!list        ? QString()
+                     : shown == 1 ? tr("1 row shown")
+                                  : tr("%1 rows shown").arg(shown));
+
+  int added = 0, edited = 0;
+  for (const Grid* table : ledger_.dataTables) {
+    for (int row = table->FixedRows(); row < table->Rows(); ++row) {
+      const RowState state = StateOfRow(ledger_, *table, row);
+      added += state == RowState::New;
+      edited += state == RowState::Edited;
+    }
+  }
+  const auto show = [this](QLabel& label, int count, const QString& text, int option) {
+    const QString colour = ToQColor(ValInt(GetOption(ledger_, option))).name();
+    label.setVisible(count > 0);
+    label.setTextFormat(Qt::RichText);
+    label.setText(
+        QStringLiteral("<span style=\"color:%1\">&#9632;</span>&nbsp;%2").arg(colour, text));
+  };
+  show(*newRows_, added, tr("%1 new, not saved").arg(added), optNewRowColour);
+  show(*editedRows_, edited, tr("%1 edited, not saved").arg(edited), optEditedRowColour);
+}
+
+// Keys and closing
+
+bool MainWindow::IsShortcut(QObject* watched, QEvent* event) const {
+  if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  if (!widget || widget->window() != this || QApplication::activePopupWidget() ||
+      QApplication::activeModalWidget())
+    return false;
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  const int code = VirtualKey(key);
+  return code >= 0 && FindShortcut(ledger_, code, ShiftBits(key)) >= 0;
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!IsShortcut(watched, event)) return QMainWindow::eventFilter(watched, event);
+  if (event->type() == QEvent::ShortcutOverride) {
+    // Taken here, so that no menu's Alt letter gets it; the key press itself follows.
+    event->accept();
+    return true;
+  }
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  return !binder_->CommitPending() || screen_.ShortcutPressed(VirtualKey(key), ShiftBits(key));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!screen_.Closed() && binder_->CommitPending()) screen_.CloseRequested();
+  event->setAccepted(screen_.Closed());
+}
+
+}  // namespace lm

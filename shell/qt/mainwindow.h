@@ -1,0 +1,67 @@
+// The main window: the view of frmMain. Shortcut bar, menus, pages and status bar are made from
+// what the screen tells.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <map>
+#include <memory>
+
+#include "shell/frmMain.h"
+
+class QLabel;
+class QListWidget;
+class QStackedWidget;
+
+namespace lm {
+
+class Binder;
+class GridView;
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  // The screen outlives the window.
+  explicit MainWindow(frmMain& screen);
+  ~MainWindow() override;
+  Binder& Bindings() { return *binder_; }
+  // The list in front; null on a page without one.
+  GridView* CurrentList() const;
+  void RefreshStatus();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  // Every key of this window goes past the shortcuts first.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildMenus();
+  void AddMenuNodes(QMenu& menu, const std::vector<MenuNode>& nodes);
+  void RefreshMenu(QMenu& menu);
+  QWidget* BuildShortcutBar();
+  QWidget* BuildHead();
+  void BuildPages();
+  void BuildStatusBar();
+  void BindLists();
+  void ShowShortcutBar();
+  void ShowPage();
+  void ShowSortMark(GridView& list);
+  bool IsShortcut(QObject* watched, QEvent* event) const;
+  void ShowFirst();
+
+  frmMain& screen_;
+  Ledger& ledger_;
+  QListWidget* bar_ = nullptr;
+  QWidget* noteFrame_ = nullptr;
+  QStackedWidget* pages_ = nullptr;
+  QStackedWidget* forms_ = nullptr;  // the lists of the Pension page
+  QLabel* rowCount_ = nullptr;
+  QLabel* newRows_ = nullptr;
+  QLabel* editedRows_ = nullptr;
+  std::map<QAction*, const MenuNode*> actions_;
+  QTimer statusTimer_;
+  std::unique_ptr<Binder>
+      binder_;  // gone first: the lists let go of their tables while the rest stands
+};
+
+}  // namespace lm

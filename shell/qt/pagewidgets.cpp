@@ -1,0 +1,232 @@
+#include "shell/qt/pagewidgets.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "shell/mydetails.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/qtext.h"
+
+namespace lm {
+namespace {
+
+constexpr int kSpacing = 10;
+
+struct ButtonSpec {
+  const char* name;
+  const char* drawing;
+};
+
+constexpr ButtonSpec kSessionButtons[] = {{"cmdAddSession", "plus"},
+                                          {"cmdEditSession", "edit"},
+                                          {"cmdCopySession", "copy"},
+                                          {"cmdDeleteSession", "delete"}};
+constexpr ButtonSpec kPracticeButtons[] = {
+    {"cmdAddPractice", "plus"}, {"cmdEditPractice", "edit"}, {"cmdDeletePractice", "delete"}};
+
+struct ListSpec {
+  const char* table;
+  const char* accessibleName;
+  const char* emptyText;
+};
+
+constexpr ListSpec kSessions{
+    "fgSessions", "Sessions",
+    "No sessions here. Choose another period above, or add a session with the green plus."};
+constexpr ListSpec kPractices{"fgPractices", "Practices",
+                              "No practices yet. Add the first one with the green plus."};
+constexpr ListSpec kEvents{"fgEvents", "Events", "There are no events."};
+constexpr ListSpec kInvoices{"fgInvoices", "Invoices", "There are no invoices."};
+constexpr ListSpec kExpenses{"fgExpenses", "Expenses", "There are no general expenses."};
+constexpr ListSpec kForms[] = {
+    {"fgPensionA", "Forms A", "There are no Forms A."},
+    {"fgPensionB", "Forms B", "There are no Forms B."},
+    {"fgPensionSolo", "Forms SOLO", "There are no Forms SOLO."},
+    {"fgPensionC", "Forms C", "There are no Forms C."},
+    {"fgPensionD", "Forms D", "There are no Forms D."},
+    {"fgPensionPayments", "Pension payments", "There are no pension payments."},
+};
+
+template <typename Widget>
+Widget* Named(const char* name) {
+  auto* widget = new Widget;
+  widget->setObjectName(name);
+  return widget;
+}
+
+GridView* MakeList(const ListSpec& spec) {
+  auto* list = Named<GridView>(spec.table);
+  list->setAccessibleName(spec.accessibleName);
+  list->setProperty("emptyText", QString(spec.emptyText));
+  return list;
+}
+
+QTabBar* MakeTabs(const char* name) {
+  auto* tabs = Named<QTabBar>(name);
+  tabs->setExpanding(false);
+  tabs->setDrawBase(false);
+  tabs->setDocumentMode(true);
+  return tabs;
+}
+
+QVBoxLayout* MakeColumn(QWidget* page) {
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kSpacing);
+  return column;
+}
+
+template <std::size_t N>
+QHBoxLayout* MakeButtons(const ButtonSpec (&specs)[N]) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(6);
+  for (const ButtonSpec& spec : specs) {
+    auto* button = Named<QPushButton>(spec.name);
+    button->setProperty("lineIcon", spec.drawing);
+    row->addWidget(button);
+  }
+  row->addStretch();
+  return row;
+}
+
+QWidget* MakeSessionsPage() {
+  auto* page = new QWidget;
+  QVBoxLayout* column = MakeColumn(page);
+  QHBoxLayout* top = MakeButtons(kSessionButtons);
+  auto* group = Named<QComboBox>("cboGroupSessions");
+  auto* caption = new QLabel(QObject::tr("&Group by:"));
+  caption->setBuddy(group);
+  top->addWidget(Named<QLabel>("lblGrpBySession"));
+  top->addSpacing(6);
+  top->addWidget(Named<QLabel>("lblCollapseSessions"));
+  top->addSpacing(12);
+  top->addWidget(caption);
+  top->addWidget(group);
+  column->addLayout(top);
+  column->addWidget(MakeTabs("tabSessions"));
+  column->addWidget(MakeList(kSessions), 1);
+  return page;
+}
+
+QWidget* MakePracticesPage() {
+  auto* page = new QWidget;
+  QVBoxLayout* column = MakeColumn(page);
+  column->addLayout(MakeButtons(kPracticeButtons));
+  column->addWidget(MakeList(kPractices), 1);
+  return page;
+}
+
+QWidget* MakePensionPage() {
+  auto* page = new QWidget;
+  QVBoxLayout* column = MakeColumn(page);
+  column->addWidget(MakeTabs("tabForm"));
+  auto* stack = Named<QStackedWidget>(kFormStack);
+  for (const ListSpec& form : kForms) stack->addWidget(MakeList(form));
+  column->addWidget(stack, 1);
+  return page;
+}
+
+// The fields of one tab in two columns, the first half in the left one.
+QWidget* MakeDetailsTab(MyDetailsTab tab) {
+  std::vector<const MyDetailSpec*> fields;
+  for (const MyDetailSpec& spec : kMyDetailSpecs)
+    if (spec.tab == tab) fields.push_back(&spec);
+  auto* page = new QWidget;
+  auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(20, 20, 20, 20);
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(12);
+  grid->setColumnMinimumWidth(2, 28);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(4, 1);
+  const auto half = static_cast<int>(fields.size() + 1) / 2;
+  for (int i = 0; i < static_cast<int>(fields.size()); ++i) {
+    const MyDetailSpec& spec = *fields[static_cast<std::size_t>(i)];
+    auto* box = new QLineEdit;
+    box->setObjectName(QStringLiteral("txtMyDetails%1").arg(spec.field));
+    auto* caption = new QLabel(ToQt(spec.caption));
+    caption->setBuddy(box);
+    const int column = i < half ? 0 : 3;
+    grid->addWidget(caption, i % half, column);
+    grid->addWidget(box, i % half, column + 1);
+  }
+  grid->setRowStretch(half, 1);
+  return page;
+}
+
+QWidget* MakeMyDetailsPage() {
+  auto* page = new QWidget;
+  QVBoxLayout* column = MakeColumn(page);
+  auto* name = Named<QLabel>("lblMyName");
+  QFont bold = name->font();
+  bold.setBold(true);
+  name->setFont(bold);
+  column->addWidget(name);
+  auto* tabs = Named<QTabWidget>("tabMyDetails");
+  for (std::size_t i = 0; i < kMyDetailsTabs.size(); ++i)
+    tabs->addTab(MakeDetailsTab(static_cast<MyDetailsTab>(i)), ToQt(kMyDetailsTabs[i]));
+  column->addWidget(tabs, 1);
+  return page;
+}
+
+QWidget* MakeEmptyPage(const PageSpec& spec) {
+  constexpr int kDrawing = 72;
+  auto* page = new QWidget;
+  QVBoxLayout* column = MakeColumn(page);
+  auto* picture = new QLabel;
+  const QColor faint = page->palette().color(QPalette::PlaceholderText);
+  picture->setPixmap(LineIcon(ToQt(spec.icon), faint)
+                         .pixmap(QSize(kDrawing, kDrawing), page->devicePixelRatioF()));
+  picture->setAlignment(Qt::AlignCenter);
+  auto* note = new QLabel(ToQt(spec.note));
+  note->setAlignment(Qt::AlignCenter);
+  note->setWordWrap(true);
+  note->setFixedWidth(420);
+  auto* middle = new QHBoxLayout;
+  middle->addStretch();
+  middle->addWidget(note);
+  middle->addStretch();
+  column->addStretch(2);
+  column->addWidget(picture);
+  column->addLayout(middle);
+  column->addStretch(3);
+  return page;
+}
+
+}  // namespace
+
+QWidget* MakePage(Page page) {
+  switch (page) {
+    case Page::Sessions:
+      return MakeSessionsPage();
+    case Page::Practices:
+      return MakePracticesPage();
+    case Page::Pension:
+      return MakePensionPage();
+    case Page::MyDetails:
+      return MakeMyDetailsPage();
+    case Page::Events:
+      return MakeList(kEvents);
+    case Page::Invoices:
+      return MakeList(kInvoices);
+    case Page::Expenses:
+      return MakeList(kExpenses);
+    case Page::Calendar:
+    case Page::Reports:
+    case Page::LMToday:
+      break;
+  }
+  return MakeEmptyPage(PageSpecOf(page));
+}
+
+}  // namespace lm

@@ -1,0 +1,148 @@
+#include "shell/qt/views.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScreen>
+
+#include "core/text.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/frmMesgBox.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/qtext.h"
+#include "shell/qt/virtualkeys.h"
+#include "ui_frmGetPassword.h"
+#include "ui_frmPopupCalendar.h"
+#include "ui_frmPopupClock.h"
+#include "ui_frmPopupNumbers.h"
+#include "ui_frmPractice.h"
+#include "ui_frmSession.h"
+#include "ui_frmWelcome.h"
+
+namespace lm {
+namespace {
+
+constexpr const char* kAnchor = "pickerAnchor";
+
+// The widgets belong to the dialog; the generated class only names them.
+template <typename Ui>
+void Build(QDialog& dialog) {
+  Ui().setupUi(&dialog);
+}
+
+constexpr ViewSpec kViews[] = {
+    {"frmSession", Build<Ui::frmSession>},
+    {"frmPractice", Build<Ui::frmPractice>},
+    {"frmWelcome", Build<Ui::frmWelcome>},
+    {"frmGetPassword", Build<Ui::frmGetPassword>},
+    {"frmPopupCalendar", Build<Ui::frmPopupCalendar>, ViewKind::Popup},
+    {"frmPopupClock", Build<Ui::frmPopupClock>, ViewKind::Popup},
+    {"frmPopupNumbers", Build<Ui::frmPopupNumbers>, ViewKind::Popup},
+};
+
+}  // namespace
+
+std::span<const ViewSpec> Views() { return kViews; }
+
+const ViewSpec* FindView(std::string_view screen) {
+  for (const ViewSpec& view : kViews)
+    if (EqualsIgnoreCase(view.screen, screen)) return &view;
+  return nullptr;
+}
+
+void SetPickerAnchor(QWidget& widget) {
+  widget.window()->setProperty(kAnchor, QVariant::fromValue(QPointer<QWidget>(&widget)));
+}
+
+ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent)
+    : QDialog(parent), screen_(screen), kind_(view.kind) {
+  if (kind_ == ViewKind::Popup) setWindowFlags(Qt::Popup);
+  view.build(*this);
+  ApplyLineIcons(*this);
+  binder_ = std::make_unique<Binder>(*this, screen);
+  const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
+  binder_->onCaptionChanged = showCaption;
+  binder_->onClosed = [this] { done(0); };
+  showCaption();
+  if (kind_ != ViewKind::Popup) return;
+  installEventFilter(this);
+  for (QWidget* widget : findChildren<QWidget*>()) widget->installEventFilter(this);
+}
+
+ScreenDialog::~ScreenDialog() = default;
+
+void ScreenDialog::reject() { screen_.CloseRequested(); }
+
+void ScreenDialog::closeEvent(QCloseEvent* event) {
+  if (!screen_.Closed()) screen_.CloseRequested();
+  event->setAccepted(screen_.Closed());
+}
+
+void ScreenDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (kind_ == ViewKind::Dialog) {
+    CentreWindow(*this);
+    binder_->TakeFirstFocus();
+    return;
+  }
+  const QWidget* opener = parentWidget() ? parentWidget()->window() : nullptr;
+  DropBelow(opener ? opener->property(kAnchor).value<QPointer<QWidget>>() : nullptr);
+  // Arrows and figures work at once, and Enter takes the choice.
+  QWidget* first = nullptr;
+  for (GridView* grid : findChildren<GridView*>())
+    if (grid->isVisible()) first = grid;
+  if (screen_.defaultButton) first = binder_->WidgetOf(*screen_.defaultButton);
+  if (first) first->setFocus();
+}
+
+void ScreenDialog::paintEvent(QPaintEvent* event) {
+  QDialog::paintEvent(event);
+  if (kind_ != ViewKind::Popup) return;
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::Dark));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void ScreenDialog::DropBelow(const QWidget* anchor) {
+  adjustSize();
+  if (!anchor) return CentreWindow(*this);
+  const QRect available = anchor->screen()->availableGeometry();
+  QPoint place = anchor->mapToGlobal(QPoint(anchor->width() - width(), anchor->height() + 2));
+  if (place.y() + height() > available.bottom())
+    place.setY(anchor->mapToGlobal(QPoint()).y() - height() - 2);
+  place.setX(std::clamp(place.x(), available.left(),
+                        std::max(available.left(), available.right() - width())));
+  place.setY(std::max(place.y(), available.top()));
+  move(place);
+}
+
+// A screen that knows keys of its own gets them before the widgets do, except for those that press
+// the button in focus.
+bool ScreenDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (enter) button->click();
+    if (enter || key.key() == Qt::Key_Space) return enter;
+  }
+  const std::string typed = FromQt(key.text());
+  return screen_.KeyPressed(VirtualKey(key), typed.size() == 1 ? typed[0] : '\0');
+}
+
+void RunView(Screen& screen, QWidget* parent) {
+  const ViewSpec* view = FindView(screen.Name());
+  if (!view) {
+    qWarning("no view for %s", screen.Name().c_str());
+    screen.Close();
+    return;
+  }
+  ScreenDialog dialog(*view, screen, parent);
+  if (!screen.Closed()) dialog.exec();
+}
+
+}  // namespace lm

@@ -1,0 +1,58 @@
+// The record windows: which view shows which screen, and the dialog that carries it.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "core/screen.h"
+
+namespace lm {
+
+class Binder;
+
+enum class ViewKind {
+  Dialog,
+  Popup,  // drops without a frame below what opened it, and closes when the user clicks elsewhere
+};
+
+struct ViewSpec {
+  std::string_view screen;
+  void (*build)(QDialog& dialog);  // fills the dialog from its .ui
+  ViewKind kind = ViewKind::Dialog;
+};
+
+std::span<const ViewSpec> Views();
+const ViewSpec* FindView(std::string_view screen);  // null when no view is registered
+
+// A screen in its window. Closing the frame and Escape ask the screen, which closes or not.
+class ScreenDialog : public QDialog {
+  Q_OBJECT
+ public:
+  ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent);
+  ~ScreenDialog() override;
+  Binder& Bindings() { return *binder_; }
+
+ protected:
+  void reject() override;
+  void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void DropBelow(const QWidget* anchor);
+
+  Screen& screen_;
+  ViewKind kind_;
+  std::unique_ptr<Binder> binder_;
+};
+
+// Shows the screen over `parent` until it has closed. A screen without a view is closed at once.
+void RunView(Screen& screen, QWidget* parent);
+
+// What was pressed last in a window: a picker drops below it.
+void SetPickerAnchor(QWidget& widget);
+
+}  // namespace lm

@@ -1,0 +1,85 @@
+#include "tests/qt/demo.h"
+
+#include "core/formatting.h"
+#include "core/options.h"
+#include "core/rows.h"
+
+namespace lm::test {
+
+void FillDemo(TestLedger& test) {
+  Ledger& ledger = test.ledger;
+  SetMyDetail(ledger, kMyTitleField, "Dr");
+  SetMyDetail(ledger, kFirstNameField, "Frances");
+  SetMyDetail(ledger, kLastNameField, "Okafor");
+  SetMyDetail(ledger, 0, "14 Linden Terrace");
+  SetMyDetail(ledger, 4, "BS6 5QA");
+  SetMyDetail(ledger, 6, "f.okafor@example.org");
+
+  const std::vector<std::vector<std::string>> practices{
+      {"NAME=Riverside Surgery", "PCODE=F84003", "ODS_CODE=L81007", "ADDR1=2 Quay Street",
+       "ADDR2=Bristol", "POSTCODE=BS1 4RW", "PHONE=0117 496 0110", "PMANAGER=Anne Priddy",
+       "MILEAGE=12.5", "RATE_NORMAL=80.00"},
+      {"NAME=Orchard Lane Practice", "PCODE=F84119", "ADDR1=Orchard Lane", "POSTCODE=BA1 2XY",
+       "MILEAGE=31", "RATE_NORMAL=85.00", "RATE_OOHS=98.00"},
+      {"NAME=St Mary's Out of Hours", "PCODE=F84200", "ADDR1=St Mary's Hospital",
+       "RATE_OOHS=102.50"},
+  };
+  for (const auto& cells : practices) test.AddRow(ledger.fgPractices, cells);
+  test.AddRow(ledger.fgInvoices,
+              {"NUMBER=INV-00001", "PRACTICE=1", "CDATE=31/01/2026", "AMOUNT=560.00"});
+
+  struct Day {
+    const char* practice;
+    const char* date;
+    const char* start;
+    const char* end;
+    const char* type;
+    const char* rate;
+    const char* extras;
+    const char* expenses;
+    const char* contribution;
+    const char* total;
+  };
+  constexpr Day kDays[] = {
+      {"1", "26/01/2026", "09:00", "12:30", "1", "280.00", "0.00", "5.00", "36.24", "321.24"},
+      {"1", "27/01/2026", "09:00", "12:30", "1", "280.00", "0.00", "0.00", "36.24", "316.24"},
+      {"2", "28/01/2026", "08:30", "18:00", "1", "765.00", "40.00", "12.40", "104.18", "921.58"},
+      {"3", "30/01/2026", "18:30", "23:00", "2", "461.25", "0.00", "0.00", "66.33", "527.58"},
+      {"2", "02/02/2026", "09:00", "13:00", "1", "340.00", "0.00", "12.40", "44.00", "396.40"},
+      {"1", "03/02/2026", "09:00", "17:30", "1", "680.00", "25.00", "5.00", "91.24", "801.24"},
+      {"1", "04/02/2026", "14:00", "18:00", "4", "320.00", "0.00", "0.00", "0.00", "320.00"},
+      {"3", "06/02/2026", "18:30", "23:00", "2", "461.25", "0.00", "0.00", "66.33", "527.58"},
+      {"2", "09/02/2026", "08:30", "12:30", "1", "340.00", "0.00", "12.40", "44.00", "396.40"},
+      {"1", "11/02/2026", "09:00", "10:00", "0", "150.00", "0.00", "0.00", "0.00", "150.00"},
+      {"2", "16/02/2026", "08:30", "18:00", "1", "765.00", "0.00", "12.40", "99.01", "876.41"},
+      {"1", "18/02/2026", "09:00", "12:30", "1", "280.00", "0.00", "0.00", "36.24", "316.24"},
+  };
+  for (const Day& day : kDays) {
+    const auto cell = [](const char* key, const char* text) {
+      return std::string(key) + "=" + text;
+    };
+    test.AddRow(ledger.fgSessions,
+                {cell("PRACTICE", day.practice), cell("SDATE", day.date), cell("STIME", day.start),
+                 cell("ETIME", day.end), cell("SESS_TYPE", day.type), cell("RATE", day.rate),
+                 cell("EXTRAS", day.extras), cell("EXPENSES", day.expenses),
+                 cell("EMPLOYERCONTRIB", day.contribution), cell("TOTAL", day.total),
+                 "EMPLOYERCONTRIBRATE=14.38"});
+  }
+  Grid& sessions = ledger.fgSessions;
+  const int first = sessions.FixedRows();
+  for (int row = first; row < first + 2; ++row) sessions.SetTextMatrix(row, "INVOICE", "1");
+  sessions.SetTextMatrix(first + 2, "FORMS", "A");
+  sessions.SetTextMatrix(first + 5, "NOTES", "Cover for Dr Hale. Ask about parking.");
+  MarkEdited(ledger, sessions, first + 5);
+  MarkNew(ledger, sessions, sessions.Rows() - 1);
+  MarkNew(ledger, sessions, sessions.Rows() - 2);
+
+  test.AddRow(ledger.fgExtras, {"SESSID=6", "ITEM=Home visit", "RATE=25.00"});
+  test.AddRow(ledger.fgExtras,
+              {"SESSID=3", "ITEM=Insurance report", "NOTES=Paid by the practice", "RATE=40.00"});
+  test.AddRow(ledger.fgSessionExpenses,
+              {"SESSID=6", "ITEM=Mileage charge to and from Practice", "CATEGORY=0", "RATE=5.00"});
+  FormatTables(ledger);
+}
+
+}  // namespace lm::test

@@ -1,0 +1,161 @@
+// Message boxes, keys, paper, and what the operating system tells.
+#include "shell/qt/desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPdfWriter>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "core/shortcuts.h"
+#include "shell/qt/frmMesgBox.h"
+#include "shell/qt/icons.h"
+#include "shell/qt/printing.h"
+#include "shell/qt/virtualkeys.h"
+#include "tests/qt/demo.h"
+
+namespace lm::test {
+namespace {
+
+MessageBoxText Box(Buttons buttons) {
+  MessageBoxText box;
+  box.title = "LedgerMinder";
+  box.mainPrompt = "First line\r\nSecond <b>line</b>";
+  box.buttons = buttons;
+  box.sound = false;
+  return box;
+}
+
+// Presses a key, or a button by name, in the box that is about to open.
+Answer AnswerOf(Buttons buttons, Qt::Key key, const char* button = nullptr) {
+  QTimer::singleShot(0, [=] {
+    QWidget* box = QApplication::activeModalWidget();
+    if (button)
+      box->findChild<QPushButton*>(button)->click();
+    else
+      QTest::keyClick(box->focusWidget(), key);
+  });
+  DesktopMessages messages;
+  return messages.Show(Box(buttons));
+}
+
+TEST(MessageBox, AnswersByKeyAndButton) {
+  struct Case {
+    Buttons buttons;
+    Answer safe;
+  };
+  const Case cases[] = {{Buttons::Ok, Answer::Ok},
+                        {Buttons::OkCancel, Answer::Cancel},
+                        {Buttons::YesNoCancel, Answer::Cancel},
+                        {Buttons::YesNo, Answer::No}};
+  for (const Case& each : cases) {
+    EXPECT_EQ(AnswerOf(each.buttons, Qt::Key_Escape), each.safe);
+    EXPECT_EQ(AnswerOf(each.buttons, Qt::Key_Return), each.safe);
+  }
+  EXPECT_EQ(AnswerOf(Buttons::YesNoCancel, Qt::Key_unknown, "cmdYes"), Answer::Yes);
+  EXPECT_EQ(AnswerOf(Buttons::OkCancel, Qt::Key_unknown, "cmdOk"), Answer::Ok);
+}
+
+TEST(MessageBox, EveryIconHasItsPicture) {
+  const std::pair<int, const char*> icons[] = {
+      {0, "picCritical"},    {1, "picExclamation"}, {2, "picInformation"}, {3, "picQuestion"},
+      {4, "picExclamation"}, {5, "picCompleted"},   {6, "picTip"},         {99, "picInformation"}};
+  for (const auto& [number, name] : icons) {
+    MessageBoxText text = Box(Buttons::Ok);
+    text.icon = static_cast<Icon>(number);
+    const frmMesgBox box(text);
+    const auto* picture = box.findChild<QLabel*>(name);
+    ASSERT_NE(picture, nullptr) << number;
+    EXPECT_FALSE(picture->pixmap().isNull()) << number;
+  }
+}
+
+TEST(MessageBox, TipsComeOneAtATimeAndCanBeStopped) {
+  DesktopMessages messages;
+  MessageBoxText tip = Box(Buttons::Ok);
+  tip.offerStopTips = true;
+  int stopped = 0;
+  for (int i = 0; i < 3; ++i) messages.ShowTip(tip, [&] { ++stopped; });
+  const auto shownTips = [] {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    std::vector<frmMesgBox*> shown;
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (auto* box = qobject_cast<frmMesgBox*>(window); box && box->isVisible())
+        shown.push_back(box);
+    return shown;
+  };
+  for (const bool tick : {false, true}) {
+    const auto shown = shownTips();
+    ASSERT_EQ(shown.size(), 1u);
+    shown[0]->findChild<QCheckBox*>("chkStopShowingTips")->setChecked(tick);
+    shown[0]->findChild<QPushButton*>("cmdOk")->click();
+  }
+  EXPECT_EQ(stopped, 1);
+  EXPECT_TRUE(shownTips().empty()) << "the third is not shown any more";
+}
+
+TEST(VirtualKeys, EveryKeyOfTheShortcutWindowCanBePressed) {
+  std::map<int, int> codes;  // what a press of each Qt key gives
+  for (int key = 0x20; key < 0x60; ++key)
+    codes[VirtualKey(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier))] = key;
+  for (int key = Qt::Key_Escape; key <= Qt::Key_F12; ++key)
+    codes[VirtualKey(QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier))] = key;
+  for (const KeyName& name : KeyNames()) {
+    EXPECT_TRUE(name.code == kNoKey || codes.contains(name.code)) << name.name;
+  }
+  EXPECT_EQ(VirtualKey(QKeyEvent(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier)), -1);
+  EXPECT_EQ(
+      ShiftBits(QKeyEvent(QEvent::KeyPress, Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier)),
+      3);
+  EXPECT_EQ(ShiftBits(QKeyEvent(QEvent::KeyPress, Qt::Key_S, Qt::AltModifier)), 4);
+}
+
+TEST(Desktop, ListsProcessesWithoutTheCommandLineProgram) {
+  DesktopSystem system;
+  const auto names = system.RunningProcesses();
+  EXPECT_NE(std::find(names.begin(), names.end(), "qt_tests"), names.end());
+  EXPECT_FALSE(system.Open("/no/such/file/at all"));
+}
+
+TEST(Desktop, BusyPointerNests) {
+  DesktopWindows windows;
+  windows.BusyPointer(true);
+  windows.BusyPointer(true);
+  windows.BusyPointer(false);
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  windows.BusyPointer(false);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(Icons, EveryDrawingPaintsAndUnknownOnesDoNot) {
+  for (const char* name :
+       {"calendar", "sessions", "mydetails", "lmtoday", "plus", "edit", "copy", "delete", "help"})
+    EXPECT_FALSE(LineIcon(name).pixmap(24).toImage().isNull()) << name;
+  EXPECT_TRUE(LineIcon("no such drawing").isNull());
+}
+
+TEST(Printing, AListGoesOverItsPages) {
+  TestLedger test;
+  FillDemo(test);
+  const QTemporaryDir folder;
+  const auto pages = [&](int rows) {
+    const RedrawOff redrawOff(test.ledger.fgSessions);
+    while (test.ledger.fgSessions.Rows() < rows)
+      test.AddRow(test.ledger.fgSessions, {"SDATE=banana", "RATE=12,3x"});
+    QPdfWriter paper(folder.filePath("list.pdf"));
+    return PaintGrid(paper, test, test.ledger.fgSessions, "Sessions");
+  };
+  EXPECT_EQ(pages(10), 1);
+  EXPECT_GT(pages(300), 3);
+  EXPECT_GT(QFile(folder.filePath("list.pdf")).size(), 1000);
+}
+
+}  // namespace
+}  // namespace lm::test

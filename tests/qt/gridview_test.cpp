@@ -1,0 +1,281 @@
+#include "shell/qt/gridview.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "core/options.h"
+#include "core/tables.h"
+#include "shell/qt/qtext.h"
+#include "tests/qt/demo.h"
+
+namespace lm::test {
+namespace {
+
+class Rules : public GridRules {
+ public:
+  bool MayEdit(int, int) override {
+    ++asked;
+    return mayEdit;
+  }
+  std::optional<std::string> Accept(int, int, std::string_view text) override {
+    if (text == "bad") return std::nullopt;
+    return std::string(text);
+  }
+  void Edited(int row, int col) override { edited.emplace_back(row, col); }
+  void Opened(int row) override { opened.push_back(row); }
+  void AddPressed() override { ++added; }
+  void DeletePressed(int row) override { deleted.push_back(row); }
+
+  bool mayEdit = true;
+  int asked = 0;
+  int added = 0;
+  std::vector<std::pair<int, int>> edited;
+  std::vector<int> opened, deleted;
+};
+
+class ListScreen : public Screen {
+ public:
+  explicit ListScreen(Ledger& theLedger) : Screen(theLedger, "ListScreen") {
+    grid.SetRows(2);
+    grid.SetFixedRows(2);
+    grid.SetRowHidden(1, true);
+    grid.SetCols(5);
+    grid.SetFixedCols(1);
+    grid.SetColWidth(0, 120);
+    const char* keys[] = {"", "ID", "NAME", "KIND", "RATE"};
+    for (int col = 1; col < 5; ++col) {
+      grid.SetColKey(col, keys[col]);
+      grid.SetTextMatrix(0, col, keys[col]);
+    }
+    grid.SetColHidden(1, true);
+    grid.SetColComboList(3, "#1;First|#2;Second");
+    grid.SetColDataType(4, DataType::Money);
+    grid.SetColFormat(4, "#,##0.00");
+  }
+  int AddRow(int id) {
+    return grid.AddItem("\t" + std::to_string(id) + "\tName " + std::to_string(id) + "\t1\t" +
+                        std::to_string(id * 10));
+  }
+  Grid grid{"fgList"};
+  Rules rules;
+};
+
+struct ShownList {
+  TestLedger test;
+  ListScreen screen{test.ledger};
+  GridView view;
+
+  explicit ShownList(int rows = 3) {
+    for (int id = 1; id <= rows; ++id) screen.AddRow(id);
+    view.Bind(screen, screen.grid, &screen.rules);
+    view.resize(600, 400);
+    view.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+  }
+  ~ShownList() { view.Unbind(); }
+  QModelIndex Cell(int row, int col) { return view.Model().index(row, col); }
+  QPoint Middle(int row, int col) { return view.visualRect(Cell(row, col)).center(); }
+  QLineEdit* Editor() {
+    QCoreApplication::sendPostedEvents(nullptr,
+                                       QEvent::DeferredDelete);  // of editors closed before
+    return view.viewport()->findChild<QLineEdit*>();
+  }
+};
+
+TEST(GridView, ShowsTheVisibleRowsAndColumnsAsTheGridDisplaysThem) {
+  ShownList list;
+  EXPECT_EQ(list.view.Model().rowCount(), 3);
+  EXPECT_TRUE(list.view.isColumnHidden(1));
+  EXPECT_EQ(list.Cell(0, 3).data().toString(), "First");
+  EXPECT_EQ(list.Cell(0, 4).data().toString(), "10.00");
+  EXPECT_TRUE(list.Cell(0, 4).data(Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignRight);
+  EXPECT_EQ(list.view.horizontalHeader()->sectionSize(0),
+            TwipsToPixels(120, list.view.logicalDpiX()));
+  list.screen.grid.SetRowHidden(3, true);
+  list.screen.AddRow(9);
+  QApplication::processEvents();
+  EXPECT_EQ(list.view.Model().rowCount(), 3);
+  EXPECT_EQ(list.Cell(2, 2).data().toString(), "Name 9");
+}
+
+TEST(GridView, OneChangedCellTouchesOneRow) {
+  ShownList list(200);
+  QSignalSpy changes(&list.view.Model(), &QAbstractItemModel::dataChanged);
+  QSignalSpy resets(&list.view.Model(), &QAbstractItemModel::modelReset);
+  list.screen.grid.SetTextMatrix(7, 2, "Other");
+  QApplication::processEvents();
+  ASSERT_EQ(changes.count(), 1);
+  EXPECT_EQ(resets.count(), 0);
+  EXPECT_EQ(changes[0][0].toModelIndex().row(), 5);
+  EXPECT_EQ(changes[0][1].toModelIndex().row(), 5);
+  for (int i = 0; i < 100; ++i) list.screen.AddRow(300 + i);
+  list.screen.grid.RemoveItem(2);
+  QApplication::processEvents();
+  EXPECT_EQ(resets.count(), 1) << "many changes of rows are read once";
+  EXPECT_EQ(list.view.Model().rowCount(), 299);
+}
+
+TEST(GridView, FiftyThousandRowsComeQuickly) {
+  ShownList list(0);
+  {
+    const RedrawOff redrawOff(list.screen.grid);
+    for (int id = 1; id <= 50000; ++id) list.screen.AddRow(id);
+  }
+  QElapsedTimer timer;
+  timer.start();
+  list.view.Model().Sync();
+  list.view.grab();
+  EXPECT_LT(timer.elapsed(), 1500);
+  EXPECT_EQ(list.view.Model().rowCount(), 50000);
+}
+
+TEST(GridView, EditsInPlaceThroughTheRulesAndAsksOnce) {
+  ShownList list;
+  list.screen.grid.Select(2, 2);
+  list.view.setFocus();
+  QTest::keyClick(&list.view, Qt::Key_F2);
+  ASSERT_NE(list.Editor(), nullptr);
+  EXPECT_EQ(list.Editor()->text(), "Name 1");
+  QTest::keyClick(list.Editor(), Qt::Key_Return);
+  EXPECT_TRUE(list.screen.rules.edited.empty()) << "an unchanged text is no edit";
+
+  QTest::keyClick(&list.view, Qt::Key_X);
+  ASSERT_NE(list.Editor(), nullptr);
+  EXPECT_EQ(list.Editor()->text(), "x") << "typing begins the edit";
+  QTest::keyClicks(list.Editor(), "yz");
+  QTest::keyClick(list.Editor(), Qt::Key_Return);
+  EXPECT_EQ(list.screen.grid.TextMatrix(2, 2), "xyz");
+  EXPECT_EQ(list.screen.rules.edited, (std::vector<std::pair<int, int>>{{2, 2}}));
+  EXPECT_EQ(list.screen.rules.asked, 2);
+}
+
+TEST(GridView, RefusedTextKeepsItsEditor) {
+  ShownList list;
+  list.view.EditCellAt(2, 2, QString("bad"));
+  ASSERT_NE(list.Editor(), nullptr);
+  QTest::keyClick(list.Editor(), Qt::Key_Return);
+  EXPECT_FALSE(list.view.CommitEditor());
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(2, 2));
+  EXPECT_EQ(list.view.Model().GridRow(list.view.currentIndex()), 2)
+      << "a click leads nowhere meanwhile";
+  ASSERT_NE(list.Editor(), nullptr);
+  QTest::keyClick(list.Editor(), Qt::Key_Escape);
+  EXPECT_TRUE(list.view.CommitEditor());
+  EXPECT_EQ(list.screen.grid.TextMatrix(2, 2), "Name 1");
+}
+
+TEST(GridView, CellsWithAListChooseAnEntry) {
+  ShownList list;
+  list.view.EditCellAt(2, 3);
+  auto* combo = list.view.viewport()->findChild<QComboBox*>();
+  ASSERT_NE(combo, nullptr);
+  EXPECT_EQ(combo->currentText(), "First");
+  combo->hidePopup();
+  combo->setCurrentIndex(1);
+  emit combo->activated(1);
+  EXPECT_EQ(list.screen.grid.TextMatrix(2, 3), "2");
+  list.screen.rules.mayEdit = false;
+  list.view.EditCellAt(3, 2);
+  EXPECT_EQ(list.Editor(), nullptr);
+}
+
+TEST(GridView, KeysAndMouseReachTheRules) {
+  ShownList list;
+  list.view.setFocus();
+  list.screen.grid.Select(3, 2);
+  QTest::keyClick(&list.view, Qt::Key_Return);
+  QTest::keyClick(&list.view, Qt::Key_Delete);
+  QTest::keyClick(&list.view, Qt::Key_Insert);
+  EXPECT_EQ(list.screen.rules.opened, std::vector<int>{3});
+  EXPECT_EQ(list.screen.rules.deleted, std::vector<int>{3});
+  EXPECT_EQ(list.screen.rules.added, 1);
+  QTest::mouseDClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(2, 2));
+  EXPECT_EQ(list.screen.rules.opened, (std::vector<int>{3, 4}));
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(0, 4));
+  EXPECT_EQ(list.screen.grid.Row(), 2);
+  EXPECT_EQ(list.screen.grid.Col(), 4);
+  list.view.setProperty("editsInPlace", true);
+  QTest::keyClick(&list.view, Qt::Key_Return);
+  EXPECT_EQ(list.screen.rules.added, 2);
+}
+
+TEST(GridView, GroupsOpenAndClose) {
+  ShownList list(4);
+  Grid& grid = list.screen.grid;
+  grid.Subtotal(SubtotalFunction::Sum, grid.ColIndex("KIND"), grid.ColIndex("RATE"), {});
+  QApplication::processEvents();
+  ASSERT_EQ(list.view.Model().rowCount(), 5);
+  EXPECT_EQ(list.Cell(0, 2).data().toString(), "First") << "the title stands at the left edge";
+  EXPECT_EQ(list.Cell(0, 4).data().toString(), "100.00");
+  EXPECT_EQ(list.view.columnSpan(0, 2), 2);
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(0, 2));
+  EXPECT_EQ(list.view.Model().rowCount(), 1);
+  QTest::keyClick(&list.view, Qt::Key_Right);
+  EXPECT_EQ(list.view.Model().rowCount(), 5);
+  list.view.EditCellAt(2, 2);
+  EXPECT_EQ(list.Editor(), nullptr) << "a group row is no record";
+  EXPECT_TRUE(list.screen.rules.opened.empty());
+}
+
+TEST(GridView, HeadersSortMoveAndSize) {
+  ShownList list;
+  std::vector<int> clicked;
+  std::vector<std::pair<int, int>> moved;
+  list.view.onHeaderClicked = [&](int col) { clicked.push_back(col); };
+  list.view.onColumnMoved = [&](int from, int to) {
+    moved.emplace_back(from, to);
+    list.screen.grid.SetColPosition(from, to);
+  };
+  QHeaderView* header = list.view.horizontalHeader();
+  emit header->sectionClicked(2);
+  emit header->sectionClicked(0);
+  EXPECT_EQ(clicked, std::vector<int>{2}) << "the marker does not sort";
+  header->resizeSection(2, 144);
+  EXPECT_EQ(list.screen.grid.ColWidth(2), PixelsToTwips(144, list.view.logicalDpiX()));
+  header->moveSection(4, 2);
+  header->moveSection(2, 0);
+  QApplication::processEvents();
+  EXPECT_EQ(moved, (std::vector<std::pair<int, int>>{{4, 2}})) << "nothing moves before the marker";
+  EXPECT_EQ(list.screen.grid.ColKey(2), "RATE");
+  EXPECT_EQ(header->visualIndex(2), 2);
+  EXPECT_EQ(list.view.horizontalHeader()->model()->headerData(2, Qt::Horizontal).toString(),
+            "RATE");
+}
+
+TEST(GridView, MergedCellsSpan) {
+  ShownList list;
+  list.screen.grid.SetMergeCol(3, true);
+  list.screen.grid.SetMergeCells(MergeSetting::Free);
+  QApplication::processEvents();
+  EXPECT_EQ(list.view.rowSpan(0, 3), 3);
+  EXPECT_EQ(list.view.rowSpan(0, 2), 1);
+}
+
+TEST(ListStyle, DefaultsLeaveThePaletteAndOwnColoursStayReadable) {
+  TestLedger test;
+  QPalette dark;
+  dark.setColor(QPalette::Base, QColor(30, 30, 30));
+  dark.setColor(QPalette::Text, QColor(220, 220, 220));
+  EXPECT_EQ(ListStyleOf(test, dark).base, QColor(30, 30, 30));
+  EXPECT_EQ(ListStyleOf(test, dark).text, QColor(220, 220, 220));
+  SetOption(test, optColourBackground, "13434879");  // pale
+  EXPECT_EQ(ListStyleOf(test, dark).text, QColor(Qt::black));
+  for (const char* damaged : {"banana", "-7", "99999999999", "1e300"}) {
+    SetOption(test, optColourGridLines, damaged);
+    SetOption(test, optFontSize, damaged);
+    const ListStyle style = ListStyleOf(test, dark);
+    EXPECT_TRUE(style.line.isValid()) << damaged;
+    EXPECT_LE(style.font.pointSizeF(), 36) << damaged;
+  }
+  SetOption(test, optGridLines, "Vertical Only");
+  EXPECT_FALSE(ListStyleOf(test, dark).horizontalLines);
+}
+
+}  // namespace
+}  // namespace lm::test

@@ -1,0 +1,130 @@
+#include "shell/qt/mainwindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTest>
+
+#include "core/options.h"
+#include "core/shortcuts.h"
+#include "records/windows.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/qtext.h"
+#include "tests/qt/demo.h"
+
+namespace lm::test {
+namespace {
+
+struct Running {
+  TestLedger test;
+  WindowCatalogue windows;
+  std::unique_ptr<frmMain> screen;
+  std::unique_ptr<MainWindow> window;
+
+  Running() {
+    SetDefaultShortcuts(test.ledger);
+    FillDemo(test);
+    AddRecordWindows(windows);
+    screen = std::make_unique<frmMain>(test.ledger, windows);
+    window = std::make_unique<MainWindow>(*screen);
+    screen->ShowPage(Page::Practices);
+    window->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+  template <typename Widget>
+  Widget* Find(const char* name) {
+    return window->findChild<Widget*>(name);
+  }
+};
+
+TEST(MainWindow, ShortcutsGoBeforeMenuLettersAndBoxes) {
+  Running run;
+  QTest::keyClick(run.window->CurrentList(), Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(run.screen->CurrentPage(), Page::Sessions);
+  QTest::keyClick(run.window.get(), Qt::Key_T, Qt::AltModifier);
+  EXPECT_EQ(run.screen->CurrentPage(), Page::LMToday)
+      << "Alt+T is LM Today before it is the Tools menu";
+  QTest::keyClick(run.window.get(), Qt::Key_F6);
+  EXPECT_FALSE(run.screen->ShortcutBarVisible());
+  EXPECT_FALSE(run.Find<QListWidget>("fgMenu")->isVisible());
+}
+
+TEST(MainWindow, BarChoosesPages) {
+  Running run;
+  auto* bar = run.Find<QListWidget>("fgMenu");
+  EXPECT_EQ(bar->count(), 10);
+  EXPECT_EQ(bar->currentRow(), 5);
+  bar->setCurrentRow(8);
+  EXPECT_EQ(run.screen->CurrentPage(), Page::MyDetails);
+  for (int row = 0; row < bar->count(); ++row) EXPECT_FALSE(bar->item(row)->icon().isNull()) << row;
+  SetOption(run.test, optIconsInToolbar, "FALSE");
+  run.screen->ShowPage(Page::Sessions);
+  EXPECT_TRUE(bar->item(0)->icon().isNull());
+}
+
+TEST(MainWindow, EveryShownMenuNodeHasItsAction) {
+  Running run;
+  std::function<void(const std::vector<MenuNode>&)> walk = [&](const std::vector<MenuNode>& nodes) {
+    for (const MenuNode& node : nodes) {
+      if (node.hidden || node.name.empty()) continue;
+      const bool found = node.command ? run.Find<QAction>(node.name.c_str()) != nullptr
+                                      : run.Find<QMenu>(node.name.c_str()) != nullptr;
+      EXPECT_TRUE(found) << node.name;
+      walk(node.children);
+    }
+  };
+  walk(run.screen->MenuBar());
+  EXPECT_EQ(run.Find<QMenu>("mnuHideMe_AlwaysHideLastToPreventErrors"), nullptr);
+
+  auto* file = run.Find<QMenu>("mnuFile");
+  emit file->aboutToShow();
+  EXPECT_EQ(run.Find<QAction>("mnuSave")->text(), "&Save\tCtrl+S");
+  EXPECT_TRUE(run.Find<QAction>("mnuSave")->isEnabled());
+}
+
+TEST(MainWindow, MyDetailsAreTakenBeforeThePageChanges) {
+  Running run;
+  run.screen->ShowPage(Page::MyDetails);
+  auto* title = run.Find<QLineEdit>("txtMyDetails17");
+  title->setFocus();
+  title->selectAll();
+  QTest::keyClicks(title, "Prof");
+  QTest::keyClick(title, Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(MyDetail(run.test, kMyTitleField), "Prof");
+  EXPECT_EQ(run.screen->CurrentPage(), Page::Sessions);
+}
+
+TEST(MainWindow, StatusBarCounts) {
+  Running run;
+  run.screen->ShowPage(Page::Sessions);
+  run.screen->tabSessions.SetSelected(run.screen->tabSessions.Count() - 1);
+  run.screen->tabSessions.onEntered();
+  run.window->RefreshStatus();
+  QStringList texts;
+  for (const QLabel* label : run.window->statusBar()->findChildren<QLabel*>())
+    texts << label->text();
+  const QString all = texts.join("|");
+  EXPECT_TRUE(all.contains("12 rows shown")) << all.toStdString();
+  EXPECT_TRUE(all.contains("2 new")) << all.toStdString();
+  EXPECT_TRUE(all.contains("1 edited")) << all.toStdString();
+}
+
+TEST(MainWindow, ClosesWhenTheScreenAgrees) {
+  Running run;
+  run.test.shown.answers = {Answer::No};
+  run.window->close();
+  EXPECT_TRUE(run.window->isVisible());
+  run.test.shown.answers = {Answer::Yes};
+  run.window->close();
+  EXPECT_TRUE(run.screen->Closed());
+  EXPECT_FALSE(run.window->isVisible());
+}
+
+}  // namespace
+}  // namespace lm::test

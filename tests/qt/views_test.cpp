@@ -1,0 +1,184 @@
+// Names: what stands in a screen stands in its view, and the other way round.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <functional>
+#include <set>
+
+#include "core/frmGetPassword.h"
+#include "entry/frmPopupCalendar.h"
+#include "entry/frmPopupClock.h"
+#include "entry/frmPopupNumbers.h"
+#include "records/frmPractice.h"
+#include "records/frmSession.h"
+#include "records/frmWelcome.h"
+#include "records/windows.h"
+#include "shell/frmMain.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/mainwindow.h"
+#include "shell/qt/qtext.h"
+#include "shell/qt/views.h"
+#include "tests/qt/demo.h"
+
+namespace lm::test {
+namespace {
+
+using ScreenMaker = std::function<std::unique_ptr<Screen>(Ledger&)>;
+
+template <typename S, typename... Rest>
+ScreenMaker Make(Rest... rest) {
+  return [=](Ledger& ledger) -> std::unique_ptr<Screen> {
+    return std::make_unique<S>(ledger, rest...);
+  };
+}
+
+const std::map<std::string, ScreenMaker>& Screens() {
+  static const std::map<std::string, ScreenMaker> screens{
+      {"frmSession", Make<frmSession>()},
+      {"frmPractice", Make<frmPractice>()},
+      {"frmWelcome", Make<frmWelcome>()},
+      {"frmGetPassword", Make<frmGetPassword>("LedgerMinder.dat")},
+      {"frmPopupCalendar", Make<frmPopupCalendar>("Date")},
+      {"frmPopupClock", Make<frmPopupClock>("Time")},
+      {"frmPopupNumbers", Make<frmPopupNumbers>("Amount")},
+  };
+  return screens;
+}
+
+bool MayShowField(const QWidget& widget) {
+  return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
+         qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
+         qobject_cast<const QAbstractButton*>(&widget) ||
+         qobject_cast<const QTabWidget*>(&widget) || qobject_cast<const QTabBar*>(&widget) ||
+         qobject_cast<const GridView*>(&widget);
+}
+
+// The widgets of a view that carry a name of their own; a fixed text's name begins with "caption".
+std::set<std::string> NamesOf(const QWidget& view) {
+  std::set<std::string> names;
+  for (const QWidget* widget : view.findChildren<QWidget*>()) {
+    const QString name = widget->objectName();
+    if (MayShowField(*widget) && !name.isEmpty() && !name.startsWith("qt_") &&
+        !name.startsWith("caption") && !name.startsWith("Scroll"))
+      names.insert(ToUpper(FromQt(name)));
+  }
+  return names;
+}
+
+std::set<std::string> NamesOf(const Screen& screen) {
+  std::set<std::string> names;
+  for (const Field* field : screen.Fields()) names.insert(ToUpper(field->Name()));
+  for (const Screen::ListedGrid& listed : screen.Grids())
+    names.insert(ToUpper(listed.grid->Name()));
+  return names;
+}
+
+TEST(Views, EveryNameStandsOnBothSides) {
+  TestLedger test;
+  FillDemo(test);
+  for (const ViewSpec& view : Views()) {
+    const auto maker = Screens().find(std::string(view.screen));
+    ASSERT_NE(maker, Screens().end()) << view.screen << " has no screen in this test";
+    const auto screen = maker->second(test);
+    QDialog dialog;
+    view.build(dialog);
+    EXPECT_EQ(NamesOf(*screen), NamesOf(dialog)) << view.screen;
+  }
+  EXPECT_EQ(Views().size(), Screens().size());
+}
+
+TEST(Views, EveryFieldHasANameForReaders) {
+  TestLedger test;
+  FillDemo(test);
+  for (const ViewSpec& view : Views()) {
+    const auto screen = Screens().at(std::string(view.screen))(test);
+    ScreenDialog dialog(view, *screen, nullptr);
+    for (const Field* field : screen->Fields()) {
+      const QWidget* widget = dialog.Bindings().WidgetOf(*field);
+      ASSERT_NE(widget, nullptr) << view.screen << " " << field->Name();
+      if (widget->focusPolicy() == Qt::NoFocus) continue;
+      EXPECT_FALSE(widget->accessibleName().isEmpty()) << field->Name();
+      // The field's own name is no caption, except for tab strips, whose tabs speak for themselves.
+      const bool speaksForItself =
+          field->Kind() == FieldKind::Tabs || qobject_cast<const QLabel*>(widget);
+      EXPECT_TRUE(speaksForItself || widget->accessibleName() != ToQt(field->Name()))
+          << view.screen << " " << field->Name();
+    }
+  }
+}
+
+TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
+  TestLedger test;
+  FillDemo(test);
+  const std::pair<const char*, const char*> starts[] = {
+      {"frmSession", "cPractice"},       {"frmPractice", "txtName"}, {"frmWelcome", "txtTitle"},
+      {"frmGetPassword", "txtPassword"}, {"frmPopupCalendar", "fg"}, {"frmPopupClock", "cmdOK"},
+      {"frmPopupNumbers", "cmdOK"}};
+  for (const auto& [name, first] : starts) {
+    const auto screen = Screens().at(name)(test);
+    ScreenDialog dialog(*FindView(name), *screen, nullptr);
+    dialog.show();
+    ASSERT_NE(dialog.focusWidget(), nullptr) << name;
+    EXPECT_EQ(dialog.focusWidget()->objectName().toStdString(), first) << name;
+  }
+}
+
+// Two Alt letters alike on one page would each need a second press.
+TEST(Views, NoAltLetterStandsTwiceOnAPage) {
+  TestLedger test;
+  FillDemo(test);
+  for (const ViewSpec& view : Views()) {
+    const auto screen = Screens().at(std::string(view.screen))(test);
+    ScreenDialog dialog(view, *screen, nullptr);
+    auto* tabs = dialog.findChild<QTabWidget*>();
+    const int pages = tabs ? tabs->count() : 1;
+    for (int page = 0; page < pages; ++page) {
+      std::map<QString, QString> letters;
+      const auto take = [&](const QString& text) {
+        const int at = static_cast<int>(text.indexOf('&'));
+        if (at < 0) return;
+        const QString letter = text.mid(at + 1, 1).toUpper();
+        EXPECT_FALSE(letters.contains(letter)) << view.screen << ": " << text.toStdString()
+                                               << " and " << letters[letter].toStdString();
+        letters[letter] = text;
+      };
+      const auto onThisPage = [&](const QWidget* widget) {
+        for (int other = 0; tabs && other < pages; ++other)
+          if (other != page && tabs->widget(other)->isAncestorOf(widget)) return false;
+        return true;
+      };
+      for (const QLabel* label : dialog.findChildren<QLabel*>())
+        if (label->buddy() && onThisPage(label)) take(label->text());
+      for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+        if (onThisPage(button)) take(button->text());
+    }
+  }
+}
+
+TEST(Views, MainWindowShowsEveryFieldAndCommand) {
+  TestLedger test;
+  WindowCatalogue windows;
+  AddRecordWindows(windows);
+  frmMain screen(test, windows);
+  MainWindow window(screen);
+  for (const Field* field : screen.Fields()) {
+    if (FindCommand(field->Name())) continue;  // menus are looked at with the main window
+    EXPECT_NE(window.Bindings().WidgetOf(*field), nullptr) << field->Name();
+  }
+  for (const PageSpec& page : kPages) {
+    test.ledger.starting = false;
+    screen.ShowPage(page.page);
+    EXPECT_EQ(screen.PageGrid() != nullptr, window.CurrentList() != nullptr) << page.caption;
+  }
+}
+
+}  // namespace
+}  // namespace lm::test

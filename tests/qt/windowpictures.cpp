@@ -1,0 +1,184 @@
+// Saves a picture of every window, filled with sample data, into the folder that
+// LEDGERMINDER_PICTURES names. "dark" as argument takes a dark palette; QT_SCALE_FACTOR scales.
+#include <QApplication>
+#include <QDir>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include "core/frmGetPassword.h"
+#include "core/messagebox.h"
+#include "entry/frmPopupCalendar.h"
+#include "entry/frmPopupClock.h"
+#include "entry/frmPopupNumbers.h"
+#include "records/frmPractice.h"
+#include "records/frmSession.h"
+#include "records/frmWelcome.h"
+#include "records/windows.h"
+#include "shell/frmMain.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/frmMesgBox.h"
+#include "shell/qt/frmSplashScreen.h"
+#include "shell/qt/gridview.h"
+#include "shell/qt/mainwindow.h"
+#include "shell/qt/views.h"
+#include "tests/qt/demo.h"
+
+namespace {
+
+using namespace lm;
+
+QString suffix;
+
+void Grab(QWidget& window, const QString& name) {
+  window.show();
+  for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  const QString file = qEnvironmentVariable("LEDGERMINDER_PICTURES") + "/" + name + suffix + ".png";
+  if (!window.grab().save(file)) qFatal("cannot write %s", qPrintable(file));
+}
+
+QPalette DarkPalette() {
+  QPalette dark;
+  const QColor window(43, 45, 48), base(30, 31, 34), text(223, 225, 229), faint(134, 138, 145);
+  for (const auto role : {QPalette::Window, QPalette::Button}) dark.setColor(role, window);
+  for (const auto role : {QPalette::Base, QPalette::ToolTipBase}) dark.setColor(role, base);
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    dark.setColor(role, text);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    dark.setColor(QPalette::Disabled, role, faint);
+  dark.setColor(QPalette::AlternateBase, QColor(38, 40, 43));
+  dark.setColor(QPalette::PlaceholderText, faint);
+  dark.setColor(QPalette::Link, QColor(108, 178, 240));
+  dark.setColor(QPalette::Highlight, QColor(46, 96, 150));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::Light, QColor(70, 73, 78));
+  dark.setColor(QPalette::Midlight, QColor(60, 63, 67));
+  dark.setColor(QPalette::Mid, QColor(34, 36, 38));
+  dark.setColor(QPalette::Dark, QColor(24, 25, 27));
+  return dark;
+}
+
+void GrabScreen(Screen& screen, const QString& name) {
+  ScreenDialog dialog(*FindView(screen.Name()), screen, nullptr);
+  Grab(dialog, name);
+}
+
+// A picker's start is reached only by opening it.
+void GrabPicker(test::TestLedger& test, PopupPicker& picker, const char* text,
+                const QString& name) {
+  test.shown.modal.push_back([&](Screen& screen) { GrabScreen(screen, name); });
+  picker.PickFrom(text);
+}
+
+void GrabMain(test::TestLedger& test) {
+  WindowCatalogue windows;
+  AddRecordWindows(windows);
+  frmMain screen(test, windows);
+  MainWindow window(screen);
+  screen.SetWindowTitle();
+  window.resize(1240, 780);
+  for (const PageSpec& page : kPages) {
+    screen.ShowPage(page.page);
+    window.RefreshStatus();
+    Grab(window,
+         QString("main-%1").arg(QString::fromLatin1(page.icon.data(), int(page.icon.size()))));
+  }
+  screen.ShowPage(Page::Sessions);
+  screen.tabSessions.SetSelected(screen.tabSessions.Count() - 1);
+  screen.tabSessions.onEntered();
+  screen.cboGroupSessions.SetListIndex(1);
+  screen.cboGroupSessions.onEntered();
+  screen.HeaderClicked(test.ledger.fgSessions, test.ledger.fgSessions.ColIndex("SDATE"));
+  test.ledger.fgSessions.Select(4, 4);
+  Grab(window, "main-sessions-grouped");
+  screen.cboGroupSessions.SetListIndex(0);
+  screen.cboGroupSessions.onEntered();
+  QApplication::processEvents();
+  window.CurrentList()->EditCellAt(test.ledger.fgSessions.FixedRows() + 7,
+                                   test.ledger.fgSessions.ColIndex("RATE"));
+  Grab(window, "main-sessions-editing");
+}
+
+void GrabRecords(test::TestLedger& test) {
+  frmSession session(test);
+  session.OpenSession("6");
+  for (int tab = 0; tab < session.tabMain.Count(); ++tab) {
+    session.tabMain.SetSelected(tab);
+    GrabScreen(session, QString("frmSession-%1").arg(tab));
+  }
+  frmSession locked(test);
+  locked.OpenSession("1");
+  GrabScreen(locked, "frmSession-locked");
+  frmPractice practice(test);
+  practice.Open("1");
+  for (int tab = 0; tab < practice.tabMain.Count(); ++tab) {
+    practice.tabMain.SetSelected(tab);
+    GrabScreen(practice, QString("frmPractice-%1").arg(tab));
+  }
+  frmWelcome welcome(test);
+  GrabScreen(welcome, "frmWelcome");
+  frmGetPassword password(test, "LedgerMinder.dat");
+  GrabScreen(password, "frmGetPassword");
+  frmPopupCalendar calendar(test, "Start Date");
+  GrabPicker(test, calendar, "10/02/2026", "frmPopupCalendar");
+  frmPopupClock clock(test, "Start Time");
+  GrabPicker(test, clock, "13:05", "frmPopupClock");
+  frmPopupNumbers numbers(test, "Rate");
+  GrabPicker(test, numbers, "12.50", "frmPopupNumbers");
+}
+
+void GrabBoxes() {
+  MessageBoxText box;
+  box.title = "LedgerMinder";
+  box.mainPrompt = "A session already exists with this date and time.\r\nSave this session anyway?";
+  box.minorPrompt =
+      "Click Yes to save this session with duplicate date and time.\r\nClick No to return to the "
+      "session and change "
+      "its details.";
+  box.buttons = Buttons::YesNoCancel;
+  box.icon = Icon::Question;
+  box.link = "https://www.ledgerminder.example/EmployerContrib.php";
+  frmMesgBox question(box);
+  Grab(question, "frmMesgBox-question");
+  MessageBoxText tip;
+  tip.title = "LedgerMinder Tip";
+  tip.mainPrompt = "Sessions Page";
+  tip.minorPrompt = "Double click a session to open it.";
+  tip.icon = Icon::Tip;
+  tip.offerStopTips = true;
+  frmMesgBox tipBox(tip);
+  Grab(tipBox, "frmMesgBox-tip");
+  MessageBoxText error;
+  error.title = "LedgerMinder";
+  error.mainPrompt = "The rate must be blank or a number.";
+  error.icon = Icon::Exclamation;
+  frmMesgBox errorBox(error);
+  Grab(errorBox, "frmMesgBox-short");
+  frmSplashScreen splash("4.0.0");
+  splash.SetProgressBar(35, "Loading and decrypting data...");
+  splash.ShowLastOpened("Last Opened: Mon 02-Feb-2026 18:04 by frances");
+  Grab(splash, "frmSplashScreen");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  const QString folder = qEnvironmentVariable("LEDGERMINDER_PICTURES");
+  if (folder.isEmpty() || !QDir().mkpath(folder)) qFatal("LEDGERMINDER_PICTURES names no folder");
+  if (application.arguments().contains("dark")) {
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(DarkPalette());
+    suffix = "-dark";
+  }
+  if (application.devicePixelRatio() > 1)
+    suffix += QString("-%1").arg(application.devicePixelRatio());
+  lm::test::TestLedger test;
+  lm::test::FillDemo(test);
+  GrabMain(test);
+  GrabRecords(test);
+  GrabBoxes();
+  return 0;
+}
