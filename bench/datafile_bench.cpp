@@ -53,66 +53,87 @@ void Fill(lm::Ledger& ledger) {
   }
 }
 
-// A saved program directory and what stands in its data file.
-struct Saved {
-  lm::test::TestLedger test;
+// The saved file, with nothing else in memory: as the start of the program meets it.
+struct File {
+  lm::test::TempDirectory directory;
+  lm::test::ScriptedPlatform platform;
   std::vector<std::string> sections;
-  std::vector<std::string> plain;
   std::int64_t bytes = 0;
 
-  Saved() {
-    Fill(test.ledger);
-    Save(test.ledger);
+  File() {
+    const auto ledger = std::make_unique<lm::Ledger>(platform.platform);
+    ledger->programDirectory = directory.Path();
+    Fill(*ledger);
+    Save(*ledger);
     std::string error;
-    const std::string text = *lm::ReadFile(test.ledger.File("LedgerMinder.dat"), error);
+    const std::string text = *lm::ReadFile(ledger->File("LedgerMinder.dat"), error);
     bytes = static_cast<std::int64_t>(text.size());
     const auto parts = lm::Split(text, lm::kSectionEnd);
     sections.assign(parts.begin() + 1, parts.end());
-    for (const std::string& section : sections)
-      plain.push_back(lm::clsRC4().DecryptString(section, Key(), true));
   }
-  std::string Key() const { return std::string(lm::TableKey(test.ledger, "fgSessions")); }
 };
 
-Saved& Data() {
-  static Saved saved;
-  return saved;
+File& Stored() {
+  static File file;
+  return file;
+}
+
+// The tables loaded from it, as a day's work finds them, and their plain texts.
+struct Loaded {
+  lm::Ledger ledger{Stored().platform.platform};
+  std::vector<std::string> plain;
+
+  Loaded() {
+    ledger.programDirectory = Stored().directory.Path();
+    LoadData(ledger);
+    for (const std::string& section : Stored().sections)
+      plain.push_back(lm::clsRC4().DecryptString(section, Key(ledger), true));
+  }
+  static std::string Key(const lm::Ledger& ledger) {
+    return std::string(lm::TableKey(ledger, "fgSessions"));
+  }
+};
+
+Loaded& Data() {
+  static Loaded loaded;
+  return loaded;
 }
 
 void LoadCiphersAlone(benchmark::State& state) {
-  const std::string key = Data().Key();
+  const lm::Ledger ledger(Stored().platform.platform);
+  const std::string key = Loaded::Key(ledger);
   for (auto _ : state)
-    for (const std::string& section : Data().sections)
+    for (const std::string& section : Stored().sections)
       benchmark::DoNotOptimize(lm::DigestOf(lm::clsRC4().DecryptString(section, key, true)));
-  state.SetBytesProcessed(state.iterations() * Data().bytes);
+  state.SetBytesProcessed(state.iterations() * Stored().bytes);
 }
 
 void Load(benchmark::State& state) {
   for (auto _ : state) {
-    auto ledger = std::make_unique<lm::Ledger>(Data().test.shown.platform);
-    ledger->programDirectory = Data().test.directory.Path();
+    auto ledger = std::make_unique<lm::Ledger>(Stored().platform.platform);
+    ledger->programDirectory = Stored().directory.Path();
     if (!LoadData(*ledger)) state.SkipWithError("not loaded");
     state.PauseTiming();  // taking the tables down is no part of loading
     ledger.reset();
     state.ResumeTiming();
   }
-  state.SetBytesProcessed(state.iterations() * Data().bytes);
+  state.SetBytesProcessed(state.iterations() * Stored().bytes);
 }
 
 void SaveCiphersAlone(benchmark::State& state) {
-  const std::string key = Data().Key();
+  const std::string key = Loaded::Key(Data().ledger);
   for (auto _ : state)
     for (const std::string& plain : Data().plain) {
       benchmark::DoNotOptimize(lm::DigestOf(plain));
       benchmark::DoNotOptimize(lm::clsRC4().EncryptString(plain, key, true));
     }
-  state.SetBytesProcessed(state.iterations() * Data().bytes);
+  state.SetBytesProcessed(state.iterations() * Stored().bytes);
 }
 
 void Save(benchmark::State& state) {
   for (auto _ : state)
-    if (!Save(Data().test.ledger)) state.SkipWithError("not saved");
-  state.SetBytesProcessed(state.iterations() * Data().bytes);
+    if (!Save(Data().ledger)) state.SkipWithError("not saved");
+  state.SetBytesProcessed(state.iterations() * Stored().bytes);
 }
 
 BENCHMARK(LoadCiphersAlone)->Unit(benchmark::kMillisecond);

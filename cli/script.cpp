@@ -4,7 +4,6 @@
 
 #include "cli/words.h"
 #include "core/clsMD5.h"
-#include "core/datafile.h"
 #include "core/format.h"
 #include "core/options.h"
 #include "core/text.h"
@@ -133,6 +132,8 @@ void Script::RunLine(const std::string& line) {
 }
 
 void Script::DoLoad(Words words) {
+  // The windows that are open go on with the main window when they have closed.
+  if (!ledger_.openScreens.empty()) throw ScriptError("a window is open: " + Top()->Name());
   main_.reset();
   EntryHooks hooks;
   hooks.createMain = [this]() -> frmMain& {
@@ -147,9 +148,10 @@ void Script::DoLoad(Words words) {
 }
 
 void Script::DoOpen(Words words) {
+  RequireLoaded();
   if (!windows_.Has(words[0])) throw ScriptError("unknown window: " + words[0]);
   windows_.Open(ledger_, words[0], {words.begin() + 1, words.end()});
-  if (main_) main_->RefreshSessions();
+  main_->RefreshSessions();
 }
 
 void Script::DoSet(Words words) {
@@ -199,13 +201,13 @@ void Script::DoClick(Words words) {
 }
 
 void Script::DoSort(Words words) {
-  if (!main_) throw ScriptError("nothing is loaded");
+  RequireLoaded();
   Grid& grid = *NamedGrid(words[0]).grid;
   main_->HeaderClicked(grid, NamedColumn(grid, words[1]));
 }
 
 void Script::DoMoveColumn(Words words) {
-  if (!main_) throw ScriptError("nothing is loaded");
+  RequireLoaded();
   Grid& grid = *NamedGrid(words[0]).grid;
   main_->ColumnMoved(grid, NamedColumn(grid, words[1]), ValInt(words[2]));
 }
@@ -258,9 +260,14 @@ void Script::DoDigest(Words words) {
 void Script::DoFormat(Words words) { EmitResult(Format(words[0], words[1])); }
 
 void Script::DoSave(Words) {
-  if (!(main_ ? main_->SaveAll() : Save(ledger_))) throw ScriptError("not saved");
+  RequireLoaded();
+  if (!main_->SaveAll()) throw ScriptError("not saved");
   for (const std::string_view name : {"Options.dat", "LedgerMinder.dat"})
     terminal_.Emit({{"file", name}});
+}
+
+void Script::RequireLoaded() const {
+  if (!main_) throw ScriptError("nothing is loaded");
 }
 
 Screen* Script::Top() const {

@@ -61,6 +61,8 @@ class Script {
   void DoFormat(Words words);
   void DoSave(Words words);
 
+  // Blank tables and options must not replace the files.
+  void RequireLoaded() const;
   Screen* Top() const;
   Field& NamedField(const std::string& name, bool alsoMainWindow) const;
   // A grid of the window on top, of the main window, or a table, by its name.

@@ -46,9 +46,10 @@ std::uint64_t LoadBigEndian(const unsigned char* bytes) {
   return word;
 }
 
-std::string Encode(const unsigned char* bytes, std::size_t count) {
-  std::string text((count + 2) / 3 * 4, '=');
-  char* out = text.data();
+void AppendEncoded(const unsigned char* bytes, std::size_t count, std::string& text) {
+  const std::size_t begin = text.size();
+  text.resize(begin + (count + 2) / 3 * 4, '=');
+  char* out = text.data() + begin;
   for (; count >= 8; count -= 6, bytes += 6, out += 8) {  // six bytes of the eight read
     const std::uint64_t word = LoadBigEndian(bytes);
     PutPair(out, word >> 52);
@@ -67,7 +68,6 @@ std::string Encode(const unsigned char* bytes, std::size_t count) {
     PutPair(out, group >> 12);
     if (count == 2) out[2] = kPairs[group & 4095][0];
   }
-  return text;
 }
 
 [[noreturn]] void ThrowNotBase64() { throw std::invalid_argument("not Base64"); }
@@ -140,11 +140,19 @@ std::vector<unsigned char> clsRC4::DecodeArray64(std::string_view text) const {
 }
 
 std::string clsRC4::Encode64(std::string_view text) const {
-  return Encode(reinterpret_cast<const unsigned char*>(text.data()), text.size());
+  std::string encoded;
+  AppendEncode64(text, encoded);
+  return encoded;
+}
+
+void clsRC4::AppendEncode64(std::string_view text, std::string& encoded) const {
+  AppendEncoded(reinterpret_cast<const unsigned char*>(text.data()), text.size(), encoded);
 }
 
 std::string clsRC4::EncodeArray64(std::span<const unsigned char> bytes) const {
-  return Encode(bytes.data(), bytes.size());
+  std::string encoded;
+  AppendEncoded(bytes.data(), bytes.size(), encoded);
+  return encoded;
 }
 
 void clsRC4::DecryptByte(std::span<unsigned char> bytes, std::string_view key) {

@@ -19,6 +19,7 @@ class clsRC4 {
   std::string Decode64(std::string_view text) const;
   std::vector<unsigned char> DecodeArray64(std::string_view text) const;
   std::string Encode64(std::string_view text) const;
+  void AppendEncode64(std::string_view text, std::string& encoded) const;  // behind what is there
   std::string EncodeArray64(std::span<const unsigned char> bytes) const;
 
   // In place. An empty key argument keeps the current key.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <random>
@@ -137,10 +138,14 @@ std::string Padding() {
 
 constexpr std::size_t kRoomForCell = 16;  // more than most cells take; longer ones make it grow
 
+std::size_t RoomFor(const Grid& grid) {
+  return kRoomForCell * static_cast<std::size_t>(grid.Rows()) *
+         static_cast<std::size_t>(grid.Cols());
+}
+
 std::string PlainTableText(const Grid& grid) {
   std::string text = Padding();
-  text.reserve(kRoomForCell * static_cast<std::size_t>(grid.Rows()) *
-               static_cast<std::size_t>(grid.Cols()));
+  text.reserve(RoomFor(grid));
   const auto endField = [&text] { text += kFieldEnd; };
   const auto endRecord = [&text] { text += kRecordEnd; };
   endField();
@@ -159,6 +164,14 @@ std::string PlainTableText(const Grid& grid) {
   endField();
   endRecord();
   return text;
+}
+
+// The table section behind the text: a large file is put together in one place.
+void AppendSection(Ledger& ledger, const Grid& grid, std::string& text) {
+  std::string plain = PlainTableText(grid);
+  clsRC4 cipher;
+  cipher.EncryptByte(BytesOf(plain), TableKey(ledger, grid.Name()));
+  cipher.AppendEncode64(plain, text);
 }
 
 // The data file.
@@ -202,27 +215,20 @@ std::unique_ptr<DataFile> ReadDataFile(Ledger& ledger, const fs::path& path) {
   return file;
 }
 
-// Digits where the shape has a 0, its own characters elsewhere.
-bool HasShape(std::string_view text, std::string_view shape) {
-  return std::ranges::equal(
-      text, shape, [](char c, char s) { return s == '0' ? c >= '0' && c <= '9' : c == s; });
-}
-
 bool IsVersion(std::string_view text) {
   const auto numbers = Split(text, '.');
   return numbers.size() == 3 && std::ranges::all_of(numbers, AllDigits);
 }
 
-// The version of the program that wrote the file; "" for a file without a header, nothing for a
-// header that is not as it was written.
+// The version of the program that wrote the file, which is all that is read of the header: the
+// tables prove by themselves that they are whole. "" for a file without a header, nothing for a
+// header that does not begin with a version.
 std::optional<std::string> VersionFromHeader(std::string_view header) {
   if (header.empty()) return "";
   try {
     const std::string clear = clsRC4().DecryptString(header, HeaderKey(), true);
     const auto fields = Split(clear, kFieldEnd);
-    if (fields.size() == 4 && IsVersion(fields[0]) && HasShape(fields[1], "00-00-0000 00:00:00") &&
-        fields[2].empty() && fields[3].empty())
-      return std::string(fields[0]);
+    if (fields.size() > 1 && IsVersion(fields[0])) return std::string(fields[0]);
   } catch (const std::exception&) {
     // not Base64
   }
@@ -355,10 +361,9 @@ bool LoadGridFile(Ledger& ledger, const fs::path& path, Grid& grid) {
 }
 
 std::string GridToText(Ledger& ledger, const Grid& grid) {
-  std::string text = PlainTableText(grid);
-  clsRC4 cipher;
-  cipher.EncryptByte(BytesOf(text), TableKey(ledger, grid.Name()));
-  return cipher.Encode64(text);
+  std::string section;
+  AppendSection(ledger, grid, section);
+  return section;
 }
 
 bool WriteTextFile(Ledger& ledger, std::string_view text, const fs::path& path) {
@@ -368,8 +373,37 @@ bool WriteTextFile(Ledger& ledger, std::string_view text, const fs::path& path) 
   return false;
 }
 
+namespace {
+
+std::string DataFileText(Ledger& ledger) {
+  std::string text = DigestOf(ledger.dataPassword) + HeaderText(ledger);
+  std::size_t room = text.size();
+  for (const Grid* grid : ledger.dataTables) room += RoomFor(*grid) / 3 * 4;
+  text.reserve(room);
+  for (const Grid* grid : ledger.dataTables) {
+    text += kSectionEnd;
+    AppendSection(ledger, *grid, text);
+  }
+  return text;
+}
+
+// A table that outgrew its digest or the memory is told, and the file stays as it is.
+bool WriteBuilt(Ledger& ledger, const fs::path& path, const std::function<std::string()>& build) {
+  std::string text;
+  try {
+    text = build();
+  } catch (const std::exception&) {
+    ShowMessage(ledger, "The data is too large to be saved",
+                PathText(path) + "\\n\\nThe file was left as it is.", Buttons::Ok, Icon::Critical);
+    return false;
+  }
+  return WriteTextFile(ledger, text, path);
+}
+
+}  // namespace
+
 bool SaveGridFile(Ledger& ledger, const fs::path& path, Grid& grid) {
-  return WriteTextFile(ledger, GridToText(ledger, grid), path);
+  return WriteBuilt(ledger, path, [&] { return GridToText(ledger, grid); });
 }
 
 bool LoadData(Ledger& ledger, const fs::path& path) {
@@ -411,9 +445,7 @@ bool WriteDataFile(Ledger& ledger, const fs::path& path) {
                 Buttons::Ok, Icon::Critical);
     return false;
   }
-  std::vector<std::string> sections{DigestOf(ledger.dataPassword) + HeaderText(ledger)};
-  for (const Grid* grid : ledger.dataTables) sections.push_back(GridToText(ledger, *grid));
-  return WriteTextFile(ledger, Join(sections, std::string_view(&kSectionEnd, 1)), path);
+  return WriteBuilt(ledger, path, [&] { return DataFileText(ledger); });
 }
 
 bool Save(Ledger& ledger) {

@@ -32,7 +32,7 @@ bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorProm
 }
 
 void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text) {
-  if (!OptionIsTrue(ledger, optShowTips)) return;
+  if (EqualsIgnoreCase(GetOption(ledger, optShowTips), "FALSE")) return;
   if (!ledger.shownTips.emplace(text).second) return;
   MessageBoxText message;
   message.mainPrompt = WithBreaks(mainPrompt);

@@ -30,6 +30,13 @@ bool Exists(const fs::path& path) {
   return fs::exists(path, ignored);
 }
 
+// Also true for a link to a drive that is away and for a file that cannot be looked at: blank files
+// must not take the place of the user's.
+bool MayExist(const fs::path& path) {
+  std::error_code ignored;
+  return fs::symlink_status(path, ignored).type() != fs::file_type::not_found;
+}
+
 bool MakeFolderOrTell(Ledger& ledger, const fs::path& path) {
   std::string error;
   if (MakeFolder(path, error)) return true;
@@ -80,7 +87,7 @@ fs::path ChooseProgramDirectory(Platform& platform) {
 }
 
 bool IsFirstStart(const Ledger& ledger) {
-  return !Exists(ledger.File("Options.dat")) && !Exists(ledger.File("LedgerMinder.dat"));
+  return !MayExist(ledger.File("Options.dat")) && !MayExist(ledger.File("LedgerMinder.dat"));
 }
 
 bool MakeProgramDirectory(Ledger& ledger) {

@@ -35,12 +35,12 @@ constexpr ColumnSpec Money(Key key, Caption caption, int width = kDefaultWidth) 
 constexpr ColumnSpec Day(Key key, Caption caption, int width = kDateWidth) {
   return {.key = key, .caption = caption, .type = DataType::Date, .width = width};
 }
-constexpr ColumnSpec Month(int width = kDateWidth) {
+constexpr ColumnSpec Month() {
   return {.key = "MONTH",
           .caption = "Month",
           .type = DataType::Date,
           .format = kMonthFormat,
-          .width = width};
+          .width = kDateWidth};
 }
 constexpr ColumnSpec Time(Key key, Caption caption) {
   return {.key = key,
@@ -131,7 +131,7 @@ constexpr ColumnSpec kInvoices[] = {
 constexpr ColumnSpec kPensionA[] = {
     Hidden("ID", "ID"),
     List("PRACTICE", "Practice", Lookup::Practices, kPracticeWidth),
-    Month(),
+    Day("MONTH", "Month"),
     Text("SESSIONS", "Sessions"),
     Number("AMOUNT", "Amount"),
     Number("PENSIONABLE", "Pensionable"),
@@ -145,7 +145,7 @@ constexpr ColumnSpec kPensionA[] = {
 
 constexpr ColumnSpec kPensionB[] = {
     Hidden("ID", "ID"),
-    Month(),
+    Day("MONTH", "Month"),
     Number("AMOUNT", "Amount"),
     Number("PENSIONABLE", "Pensionable"),
     Number("CONTRIBUTION", "My Contrib."),
@@ -239,7 +239,7 @@ constexpr ColumnSpec kEvents[] = {
 
 constexpr ColumnSpec kPensionPayments[] = {
     Hidden("ID", "ID", 0),
-    Month(1500),
+    Day("MONTH", "Month", 1500),
     List("FORM", "Form", Lookup::PaymentForms, 1000),
     List("PRACTICE", "OOH Provider", Lookup::Practices, 2000),
     Number("AMOUNT", "Amount", kAmountFormat, 1200),

@@ -6,6 +6,17 @@
 #include "core/text.h"
 
 namespace lm {
+namespace {
+
+// Group rows do not count: theirs is the title of a group, and a practice may be called "2".
+bool RefersTo(const Grid& table, std::string_view practiceId) {
+  const int col = table.ColIndex("PRACTICE");
+  int row = table.FindRow(practiceId, -1, col);
+  while (row >= 0 && table.IsSubtotal(row)) row = table.FindRow(practiceId, row + 1, col);
+  return row >= 0;
+}
+
+}  // namespace
 
 std::string PracticeCell(const Ledger& ledger, std::string_view id, std::string_view key) {
   const int row = id.empty() ? -1 : ledger.fgPractices.FindRow(id, "ID");
@@ -34,11 +45,11 @@ bool DeletePractice(Ledger& ledger, std::string_view id) {
     ShowMessage(ledger, "Delete Practice", "There is no practice selected to delete.");
     return false;
   }
-  if (ledger.fgSessions.FindRow(id, "PRACTICE") >= 0) {
+  if (RefersTo(ledger.fgSessions, id)) {
     ShowMessage(ledger, "A Practice cannot be deleted while it has associated sessions.");
     return false;
   }
-  if (ledger.fgPensionPayments.FindRow(id, "PRACTICE") >= 0) {
+  if (RefersTo(ledger.fgPensionPayments, id)) {
     ShowMessage(ledger, "A Practice cannot be deleted while it has associated pension payments.");
     return false;
   }

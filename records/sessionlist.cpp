@@ -88,10 +88,12 @@ void SessionListRules::Opened(int row) {
 void SessionListRules::AddPressed() { NewSession(ledger_, CellText(ledger_.platform.clock.Now())); }
 
 void SessionListRules::DeletePressed(int row) {
-  if (IsSession(row))
-    DeleteSession(ledger_, ledger_.fgSessions.TextMatrix(row, "ID"));
-  else
+  // A damaged row without an ID is nothing that could be found again and deleted.
+  const std::string id = IsSession(row) ? ledger_.fgSessions.TextMatrix(row, "ID") : "";
+  if (id.empty())
     ShowMessage(ledger_, "Delete Session", "There is no session selected to delete.");
+  else
+    DeleteSession(ledger_, id);
 }
 
 std::vector<MenuEntry> SessionListRules::ContextMenu(int row) {

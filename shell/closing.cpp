@@ -5,6 +5,7 @@
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/platform.h"
+#include "core/rows.h"
 #include "core/text.h"
 #include "shell/frmMain.h"
 
@@ -20,11 +21,11 @@ bool frmMain::CloseMain() {
   if (!ledger.exitWithoutSaving) {
     if (!ConfirmExit()) return false;
     // Tables that a failed load left incomplete must replace neither the file nor today's backup.
-    if (!ledger.dataIncomplete) {
-      // A save that failed has told why. The window stays, since closing would lose the changes.
-      if (OptionIsTrue(ledger, optAutoSave) && !SaveAll()) return false;
-      BackUpIfDue();
-    }
+    // There is nothing to keep in them but what was entered since.
+    const bool nothingToSave = ledger.dataIncomplete && !HasUnsavedRows(ledger);
+    // A save that failed has told why. The window stays, since closing would lose the changes.
+    if (OptionIsTrue(ledger, optAutoSave) && !nothingToSave && !SaveAll()) return false;
+    if (!ledger.dataIncomplete) BackUpIfDue();
   }
   UnloadAllWindows();
   return true;

@@ -41,7 +41,9 @@ bool LoadNamedOrDefaultData(Ledger& ledger, std::string_view commandLine) {
                 "file.\\n\\nYou can turn auto save back on from the Options screen.",
                 Buttons::Ok, Icon::Information);
   }
-  return LoadData(ledger, PathFromText(path));
+  if (!LoadData(ledger, PathFromText(path))) return false;
+  if (!path.empty()) SaveOptions(ledger);  // auto save stays off in later runs
+  return true;
 }
 
 void FindRetiredForms(Ledger& ledger) {

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -22,9 +23,13 @@
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/views.h"
+#include "shell/qt/virtualkeys.h"
 
 namespace lm {
 namespace {
+
+// On a picker's button: the name of the box for which it picks.
+constexpr const char* kPickerOf = "pickerOf";
 
 bool IsTextBox(const QObject* widget) {
   return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
@@ -181,7 +186,22 @@ void Binder::ComboChosen(ComboField& combo, int index) {
   if (combo.onEntered) combo.onEntered();
 }
 
+QAbstractButton* Binder::PickerOf(const QWidget& box) const {
+  for (auto* button : view_.findChildren<QAbstractButton*>())
+    if (button->property(kPickerOf).toString() == box.objectName()) return button;
+  return nullptr;
+}
+
+bool Binder::HandleKey(QWidget& box, const QKeyEvent& key) {
+  if (IsStrayAltLetter(key)) return true;
+  QAbstractButton* picker = OpensPicker(key) ? PickerOf(box) : nullptr;
+  if (picker) picker->click();
+  return picker != nullptr;
+}
+
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress)
+    return HandleKey(static_cast<QWidget&>(*watched), static_cast<const QKeyEvent&>(*event));
   if (event->type() != QEvent::FocusOut) return false;
   const auto reason = static_cast<QFocusEvent*>(event)->reason();
   // Another program or a menu in front is no leaving of the field.
@@ -236,6 +256,9 @@ void Binder::Press(Field& field) {
   QWidget* widget = WidgetOf(field);
   if (widget) SetPickerAnchor(*widget);
   if (&field != screen_.cancelButton && !CommitPending()) return;
+  // What a picker writes is gone on with where it stands.
+  const QString box = widget ? widget->property(kPickerOf).toString() : QString();
+  if (auto* picked = box.isEmpty() ? nullptr : view_.findChild<QWidget*>(box)) picked->setFocus();
   screen_.Press(field);
 }
 
@@ -263,7 +286,12 @@ void Binder::ShowText(const Bound& bound) {
   if (auto* line = qobject_cast<QLineEdit*>(bound.widget)) {
     if (field.Kind() == FieldKind::Text && static_cast<const TextField&>(field).password)
       line->setEchoMode(QLineEdit::Password);
-    if (line->text() != text) line->setText(text);
+    if (line->text() != text) {
+      // What is about to be typed over stays so when the value under it changes.
+      const bool whole = line->hasFocus() && line->selectedText() == line->text();
+      line->setText(text);
+      if (whole) line->selectAll();
+    }
   } else if (auto* edit = qobject_cast<QPlainTextEdit*>(bound.widget)) {
     if (!SameText(TypedText(*edit), field.Text())) edit->setPlainText(text);
   } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {

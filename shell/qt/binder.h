@@ -10,7 +10,9 @@
 
 #include "core/screen.h"
 
+class QAbstractButton;
 class QComboBox;
+class QKeyEvent;
 class QLabel;
 class QTabBar;
 class QTabWidget;
@@ -68,6 +70,8 @@ class Binder : public QObject, private ScreenObserver {
   void ComboChosen(ComboField& combo, int index);
   bool Commit(Bound& bound);
   void CommitLater();
+  QAbstractButton* PickerOf(const QWidget& box) const;
+  bool HandleKey(QWidget& box, const QKeyEvent& key);
   Bound* Of(const QObject* widget);
   Bound* Of(const Field& field);
   void BringToFront(QWidget& widget);

@@ -1,5 +1,6 @@
 #include "shell/qt/desktop.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QTimer>
 
@@ -58,6 +59,8 @@ void DesktopMessages::ShowTip(const MessageBoxText& message, std::function<void(
 void DesktopMessages::ShowNextTip() {
   auto* box = new frmMesgBox(tips_.front().message, TopWindow());
   box->setAttribute(Qt::WA_DeleteOnClose);
+  // It must not take the keys from under somebody who types.
+  box->setAttribute(Qt::WA_ShowWithoutActivating);
   QObject::connect(box, &QDialog::finished, box, [this, box] {
     const Tip shown = std::move(tips_.front());
     tips_.pop_front();
@@ -68,6 +71,8 @@ void DesktopMessages::ShowNextTip() {
     if (!tips_.empty()) ShowNextTip();
   });
   box->show();
+  QAccessibleEvent alert(box, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 Date DesktopClock::Now() { return native::LocalTime(); }

@@ -13,6 +13,7 @@
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/views.h"
+#include "shell/qt/virtualkeys.h"
 
 namespace lm {
 namespace {
@@ -115,12 +116,14 @@ QWidget* GridDelegate::ListEditor(QWidget* parent, const std::string& list) cons
   return combo;
 }
 
-QWidget* GridDelegate::TextEditor(QWidget* parent, int row, int col) const {
+QWidget* GridDelegate::TextEditor(QWidget* parent, int row, int col,
+                                  Qt::Alignment alignment) const {
   auto* frame = new QWidget(parent);
   frame->setAutoFillBackground(true);
   auto* line = new QLineEdit(frame);
   line->setFrame(false);
-  line->setTextMargins(kTextMargin - 2, 0, 0, 0);
+  line->setTextMargins(kTextMargin - 2, 0, kTextMargin - 2, 0);
+  line->setAlignment(alignment);
   auto* across = new QHBoxLayout(frame);
   across->setContentsMargins(0, 0, 0, 0);
   across->setSpacing(0);
@@ -146,7 +149,9 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   editRow_ = view_->Model().GridRow(index);
   editCol_ = index.column();
   const std::string list = view_->rules_->EditList(*view_->Shown(), editRow_, editCol_);
-  editor_ = list.empty() ? TextEditor(parent, editRow_, editCol_) : ListEditor(parent, list);
+  const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+  editor_ =
+      list.empty() ? TextEditor(parent, editRow_, editCol_, alignment) : ListEditor(parent, list);
   editor_->setFont(view_->Style().font);
   editor_->setAccessibleName(ToQt(view_->Shown()->TextMatrix(0, editCol_)));
   return editor_;
@@ -157,7 +162,10 @@ void GridDelegate::setEditorData(QWidget* editor, const QModelIndex&) const {
     return;  // a repaint of the cell is no reason to lose what was typed
   editor->setProperty("filled", true);
   if (auto* combo = qobject_cast<QComboBox*>(editor)) {
-    if (!typed_) QMetaObject::invokeMethod(combo, &QComboBox::showPopup, Qt::QueuedConnection);
+    // A letter chooses the first entry that begins with it.
+    const int entry = typed_ ? combo->findText(*typed_, Qt::MatchStartsWith) : -1;
+    if (entry >= 0) combo->setCurrentIndex(entry);
+    QMetaObject::invokeMethod(combo, &QComboBox::showPopup, Qt::QueuedConnection);
     return;
   }
   auto* line = editor->findChild<QLineEdit*>();
@@ -224,6 +232,12 @@ bool GridDelegate::Commit() {
   return true;
 }
 
+// A list that has dropped down takes the focus, and is still the editor.
+void GridDelegate::CommitWhenLeft() {
+  const auto* combo = qobject_cast<const QComboBox*>(editor_.data());
+  if (!combo || !combo->view()->isVisible()) Commit();
+}
+
 // Takes the text and goes on with the next shown cell of the row.
 void GridDelegate::EditNeighbour(int step) {
   const int row = editRow_;
@@ -240,8 +254,7 @@ bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
     const bool passing = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
     if (!passing && !committing_)
-      QMetaObject::invokeMethod(
-          this, [this] { Commit(); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(this, &GridDelegate::CommitWhenLeft, Qt::QueuedConnection);
     return false;
   }
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) return false;
@@ -252,6 +265,10 @@ bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (own) event->accept();
     return own;
   }
+  const auto& pressed = static_cast<const QKeyEvent&>(*event);
+  auto* picker = OpensPicker(pressed) ? editor_->findChild<QToolButton*>() : nullptr;
+  if (picker) picker->click();
+  if (picker || (qobject_cast<QLineEdit*>(watched) && IsStrayAltLetter(pressed))) return true;
   switch (key) {
     case Qt::Key_Escape:
       CloseEditor();

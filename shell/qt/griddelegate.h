@@ -41,12 +41,13 @@ class GridDelegate : public QStyledItemDelegate {
 
  private:
   QWidget* ListEditor(QWidget* parent, const std::string& list) const;
-  QWidget* TextEditor(QWidget* parent, int row, int col) const;
+  QWidget* TextEditor(QWidget* parent, int row, int col, Qt::Alignment alignment) const;
   void PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const;
   void PaintLines(QPainter& painter, const QRect& rect) const;
   void PaintExpander(QPainter& painter, const QStyleOptionViewItem& option, int gridRow) const;
   std::optional<QString> EditorText() const;
   void CloseEditor();
+  void CommitWhenLeft();
   void EditNeighbour(int step);
   void Pick(QWidget& button, Picker picker);
 

@@ -339,6 +339,14 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     QTableView::keyPressEvent(event);
 }
 
+// The column of markers holds nothing to stand on.
+QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  const QModelIndex to = QTableView::moveCursor(action, modifiers);
+  return to.column() == 0 && model_->HasMarker()
+             ? to.siblingAtColumn(model_->FirstColumn())
+             : to;
+}
+
 void GridView::mousePressEvent(QMouseEvent* event) {
   // A refused text keeps its editor: the click then leads nowhere.
   if (!CommitEditor()) return;

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -18,6 +19,7 @@
 #include "core/rows.h"
 #include "core/shortcuts.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/pagewidgets.h"
@@ -89,7 +91,7 @@ void MainWindow::ShowFirst() {
   screen_.maximised ? showMaximized() : show();
   raise();
   activateWindow();
-  if (GridView* list = CurrentList()) list->setFocus();
+  FocusPage();
 }
 
 // Menus
@@ -163,11 +165,12 @@ QWidget* MainWindow::BuildShortcutBar() {
   connect(bar_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row < 0 || row + 1 == screen_.fgMenu.Col()) return;
     if (binder_ && !binder_->CommitPending()) return ShowPage();
+    // The arrow keys go on through the bar.
+    const QScopedValueRollback walking(walkingTheBar_, true);
     screen_.ShowPage(static_cast<Page>(row + 1));
   });
-  connect(bar_, &QListWidget::itemActivated, this, [this] {
-    if (GridView* list = CurrentList()) list->setFocus();
-  });
+  connect(bar_, &QListWidget::itemActivated, this, &MainWindow::FocusPage);
+  connect(bar_, &QListWidget::itemClicked, this, &MainWindow::FocusPage);
   return bar_;
 }
 
@@ -259,11 +262,20 @@ GridView* MainWindow::CurrentList() const {
 void MainWindow::ShowPage() {
   ShowShortcutBar();
   const Page page = screen_.CurrentPage();
+  const bool another = pages_->currentIndex() != ColumnOf(page) - 1;
   pages_->setCurrentIndex(ColumnOf(page) - 1);
   forms_->setCurrentIndex(screen_.tabForm.Selected());
   // A page that is all note tells it in its middle.
   noteFrame_->setVisible(!screen_.PageReady(page) && screen_.PageGrid());
+  if (another && !walkingTheBar_) FocusPage();
   statusTimer_.start();
+}
+
+// On a page's list, else on its first box; a page with neither leaves the keys with the bar.
+void MainWindow::FocusPage() {
+  QWidget* first = CurrentList();
+  if (!first) first = pages_->currentWidget()->focusProxy();
+  (first ? first : bar_)->setFocus();
 }
 
 // Status bar
@@ -333,6 +345,15 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   }
   const auto& key = static_cast<const QKeyEvent&>(*event);
   return !binder_->CommitPending() || screen_.ShortcutPressed(VirtualKey(key), ShiftBits(key));
+}
+
+// A tip leaves the focus here, so here is where it is sent away without the mouse.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  auto* tip = event->key() == Qt::Key_Escape ? findChild<frmMesgBox*>() : nullptr;
+  if (tip)
+    tip->close();
+  else
+    QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

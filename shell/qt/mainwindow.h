@@ -31,6 +31,7 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   // Every key of this window goes past the shortcuts first.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -45,6 +46,7 @@ class MainWindow : public QMainWindow {
   void BindLists();
   void ShowShortcutBar();
   void ShowPage();
+  void FocusPage();
   void ShowSortMark(GridView& list);
   bool IsShortcut(QObject* watched, QEvent* event) const;
   void ShowFirst();
@@ -58,6 +60,7 @@ class MainWindow : public QMainWindow {
   QLabel* rowCount_ = nullptr;
   QLabel* newRows_ = nullptr;
   QLabel* editedRows_ = nullptr;
+  bool walkingTheBar_ = false;  // the page changes because the bar's current row did
   std::map<QAction*, const MenuNode*> actions_;
   QTimer statusTimer_;
   std::unique_ptr<Binder>

@@ -93,6 +93,7 @@ QHBoxLayout* MakeButtons(const ButtonSpec (&specs)[N]) {
   for (const ButtonSpec& spec : specs) {
     auto* button = Named<QPushButton>(spec.name);
     button->setProperty("lineIcon", spec.drawing);
+    button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the list
     row->addWidget(button);
   }
   row->addStretch();
@@ -176,6 +177,11 @@ QWidget* MakeMyDetailsPage() {
   for (std::size_t i = 0; i < kMyDetailsTabs.size(); ++i)
     tabs->addTab(MakeDetailsTab(static_cast<MyDetailsTab>(i)), ToQt(kMyDetailsTabs[i]));
   column->addWidget(tabs, 1);
+  const auto showFirstBox = [page, tabs] {
+    page->setFocusProxy(tabs->currentWidget()->findChild<QLineEdit*>());
+  };
+  QObject::connect(tabs, &QTabWidget::currentChanged, page, showFirstBox);
+  showFirstBox();
   return page;
 }
 

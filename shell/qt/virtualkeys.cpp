@@ -43,4 +43,16 @@ int ShiftBits(const QKeyEvent& event) {
   return bits;
 }
 
+bool OpensPicker(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+  return (event.key() == Qt::Key_Down && held == Qt::AltModifier) ||
+         (event.key() == Qt::Key_F4 && held == Qt::NoModifier);
+}
+
+bool IsStrayAltLetter(const QKeyEvent& event) {
+  // Where Alt types signs of its own, the text is not the letter of the key.
+  return event.modifiers() == Qt::AltModifier && event.key() >= Qt::Key_A &&
+         event.key() <= Qt::Key_Z && event.text().toUpper() == QChar(event.key());
+}
+
 }  // namespace lm

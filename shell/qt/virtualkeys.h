@@ -1,4 +1,5 @@
-// The key codes that the shortcuts are stored with, for Qt's key events.
+// What a key event means: the code that the shortcuts are stored with, and the keys that a box and a
+// list's cell understand alike.
 #pragma once
 
 class QKeyEvent;
@@ -10,5 +11,10 @@ namespace lm {
 int VirtualKey(const QKeyEvent& event);
 // 1 Shift + 2 Ctrl + 4 Alt.
 int ShiftBits(const QKeyEvent& event);
+
+// Alt+Down and F4 open the picker of a box or a cell.
+bool OpensPicker(const QKeyEvent& event);
+// Alt and a letter that no caption claimed: nothing to type into a box.
+bool IsStrayAltLetter(const QKeyEvent& event);
 
 }  // namespace lm

@@ -46,6 +46,22 @@ TEST(Startup, AFirstStartMakesWhatTheStartReads) {
   }
 }
 
+#ifndef _WIN32
+
+TEST(Startup, FilesOutOfReachAreNoFirstStart) {
+  test::TestLedger test;
+  Ledger& ledger = test.ledger;
+  ledger.programDirectory /= "new";
+  fs::create_directory(ledger.programDirectory);
+  ASSERT_TRUE(IsFirstStart(ledger));
+  fs::create_symlink("/not mounted/LedgerMinder.dat", ledger.File("LedgerMinder.dat"));
+  EXPECT_FALSE(IsFirstStart(ledger));
+  ledger.programDirectory /= std::string(300, 'n');  // no file system can look there
+  EXPECT_FALSE(IsFirstStart(ledger));
+}
+
+#endif
+
 TEST(Startup, OneMissingFileIsNoFirstStart) {
   test::TestLedger test;
   Ledger& ledger = test.ledger;

@@ -47,8 +47,10 @@ def check(output, wanted):
 
 
 def run(cli, options, directory, script, wanted):
-    done = subprocess.run([cli, "--dir", directory, *options, "run", "-"], input="\n".join(script) + "\n",
-                          capture_output=True, text=True, timeout=120, encoding="utf-8")
+    # --force: a desktop program that runs on this machine is not asked about.
+    done = subprocess.run([cli, "--dir", directory, "--force", *options, "run", "-"],
+                          input="\n".join(script) + "\n", capture_output=True, text=True,
+                          timeout=120, encoding="utf-8")
     output = [json.loads(line) for line in done.stdout.splitlines()]
     fault = check(output, wanted)
     expects_error = any("error" in want for _, want in wanted)
@@ -61,7 +63,7 @@ def run(cli, options, directory, script, wanted):
 
 
 def main():
-    binaries, journey = sys.argv[1:]
+    binaries, journey = map(os.path.abspath, sys.argv[1:])
     cli = pathlib.Path(binaries) / "ledgerminder-cli"
     environment = {**os.environ, "PATH": f"{binaries}:{os.environ['PATH']}"}
     with tempfile.TemporaryDirectory() as folder:

@@ -76,6 +76,8 @@ TEST_F(Practices, DeletingIsRefusedWhileSomethingRefersToIt) {
   EXPECT_GE(Row("4"), 0);
 
   practices.SetTextMatrix(Row("9"), "BRANCHOF", "4");
+  const int group = t.AddRow(ledger.fgSessions, {"PRACTICE=4"});  // of a practice named "4"
+  ledger.fgSessions.SetRowOutlineLevel(group, 1);
   t.shown.answers = {Answer::Yes};
   EXPECT_TRUE(DeletePractice(ledger, practices.TextMatrix(Row("4"), "ID")));
   EXPECT_EQ(Row("4"), -1);

@@ -130,6 +130,11 @@ TEST_F(SessionList, RowsThatAreNoSessionAreLeftAlone) {
     for (const MenuEntry& entry : rules.ContextMenu(none))
       EXPECT_EQ(entry.enabled, entry.caption == "&New Session") << none << " " << entry.caption;
   }
+  const std::string id = Cell("ID");
+  sessions.SetTextMatrix(row, "ID", "");
+  rules.DeletePressed(row);
+  EXPECT_EQ(t.shown.messages.back().minorPrompt, "There is no session selected to delete.");
+  sessions.SetTextMatrix(row, "ID", id);
   t.shown.answers = {Answer::Yes};
   rules.DeletePressed(row);
   EXPECT_EQ(sessions.Rows(), sessions.FixedRows() + 1);

@@ -150,6 +150,12 @@ TEST_F(Entry, CommandLineNamesADataFile) {
     EXPECT_EQ(run.Start(commandLine), starts) << commandLine;
     EXPECT_EQ(run.Messages(), messages) << commandLine;
     EXPECT_EQ(GetOption(run.ledger, optAutoSave), autoSave) << commandLine;
+    // A load that went well stores it for later runs; one that failed writes nothing.
+    ProgramRun next(home);
+    ASSERT_TRUE(next.Start());
+    EXPECT_EQ(GetOption(next.ledger, optAutoSave), starts ? autoSave : "TRUE") << commandLine;
+    SetOption(next.ledger, optAutoSave, "TRUE");
+    ASSERT_TRUE(SaveOptions(next.ledger));
   }
 }
 

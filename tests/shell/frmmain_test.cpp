@@ -182,6 +182,9 @@ TEST_F(MainWindow, TipsComeOneAVisitAndOnlyOnce) {
   SetOption(ledger, optShowTips, "FALSE");
   window->ShowPage(Page::MyDetails);
   EXPECT_EQ(TipTitles(), Titles{});
+  SetOption(ledger, optShowTips, "");
+  window->ShowPage(Page::MyDetails);
+  EXPECT_EQ(TipTitles(), Titles{"My Details"}) << "not set is not off";
 }
 
 TEST_F(MainWindow, MyDetailsGoStraightToTheOptions) {
@@ -318,7 +321,13 @@ TEST_F(Closing, ExitWithoutSavingSavesNothing) {
 TEST_F(Closing, IncompleteTablesReplaceNothing) {
   SetOption(ledger, optAutoBackupDays, "1");
   ledger.dataIncomplete = true;
+  // What was entered since does not go without a word.
+  AddRecord(ledger, ledger.fgEvents);
+  EXPECT_FALSE(window->CloseMain());
+  EXPECT_EQ(test.shown.TakeMessage(), "The data was not loaded completely");
+  ledger.fgEvents.ClearData();
   EXPECT_TRUE(window->CloseMain());
+  EXPECT_EQ(test.shown.TakeMessage(), "");
   EXPECT_FALSE(std::filesystem::exists(DataFile()));
   EXPECT_FALSE(std::filesystem::exists(BackupFile()));
 }

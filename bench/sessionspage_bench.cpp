@@ -1,0 +1,88 @@
+// The Sessions page at 50,000 rows: what the list does between a click and its redraw.
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+#include "core/formatting.h"
+#include "records/windows.h"
+#include "shell/frmMain.h"
+#include "tests/support/scripted_platform.h"
+
+namespace {
+
+constexpr int kSessions = 50'000;
+
+struct SessionsPage {
+  lm::test::TestLedger test;
+  lm::WindowCatalogue windows;
+  std::unique_ptr<lm::frmMain> window;
+
+  SessionsPage() {
+    lm::Ledger& ledger = test.ledger;
+    lm::AddRecordWindows(windows);
+    for (int i = 1; i <= 40; ++i)
+      test.AddRow(ledger.fgPractices, {"NAME=Practice " + std::to_string(i)});
+    lm::Grid& sessions = ledger.fgSessions;
+    for (int i = 1; i <= kSessions; ++i) {
+      const int row = sessions.AddItem("");
+      sessions.SetTextMatrix(row, "ID", std::to_string(i));
+      sessions.SetTextMatrix(row, "PRACTICE", std::to_string(1 + i * 7 % 40));
+      sessions.SetTextMatrix(row, "SDATE",
+                             lm::CellText(lm::DateSerial(1990, 1, 1 + i * 31 % 13'000)));
+      sessions.SetTextMatrix(row, "SESS_TYPE", "1");
+      for (const char* key : {"RATE", "EXTRAS", "EXPENSES", "EMPLOYERCONTRIB", "TOTAL"})
+        sessions.SetTextMatrix(row, key, std::to_string(i % 500) + ".25");
+    }
+    lm::FormatTables(ledger);
+    window = std::make_unique<lm::frmMain>(ledger, windows);
+    window->ShowPage(lm::Page::Sessions);
+    window->Enter(window->tabSessions, "All");
+  }
+};
+
+SessionsPage& Page() {
+  static SessionsPage page;
+  return page;
+}
+
+void SortByHeader(benchmark::State& state) {
+  lm::Grid& sessions = Page().test.ledger.fgSessions;
+  for (auto _ : state) Page().window->HeaderClicked(sessions, sessions.ColIndex("SDATE"));
+}
+
+void Regroup(benchmark::State& state, const char* by) {
+  lm::frmMain& window = *Page().window;
+  for (auto _ : state) {
+    window.Enter(window.cboGroupSessions, by);
+    window.Enter(window.cboGroupSessions, "No Grouping");
+  }
+}
+
+void Filter(benchmark::State& state) {
+  lm::frmMain& window = *Page().window;
+  for (auto _ : state) {
+    window.Enter(window.tabSessions, "Current");
+    window.Enter(window.tabSessions, "All");
+  }
+}
+
+void EditOneCell(benchmark::State& state) {
+  lm::frmMain& window = *Page().window;
+  lm::Grid& sessions = Page().test.ledger.fgSessions;
+  const int row = sessions.FixedRows() + kSessions / 2;
+  static int pounds = 100;  // another rate each time, also when the run is repeated
+  for (auto _ : state) {
+    const std::string rate = std::to_string(++pounds % 1000 + 100);
+    if (window.Edit(sessions, row, sessions.ColIndex("RATE"), rate) != lm::EditOutcome::Accepted)
+      state.SkipWithError("not accepted");
+  }
+}
+
+BENCHMARK(SortByHeader)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Regroup, practice, "Practice")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Regroup, month, "Month")->Unit(benchmark::kMillisecond);
+BENCHMARK(Filter)->Unit(benchmark::kMillisecond);
+BENCHMARK(EditOneCell)->Unit(benchmark::kMicrosecond);
+
+}  // namespace

@@ -1,0 +1,102 @@
+// Milliseconds from main() until the first window has been painted and takes input: of the program
+// with the data file in DIR, or of an empty window. Usage: start_bench DIR | --empty | --make DIR
+//
+// --make writes a data file of 50,000 sessions to DIR.
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QTimer>
+#include <chrono>
+#include <cstdio>
+#include <memory>
+
+#include "core/datafile.h"
+#include "core/options.h"
+#include "core/startup.h"
+#include "records/windows.h"
+#include "shell/entry.h"
+#include "shell/qt/desktop.h"
+#include "shell/qt/mainwindow.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double MillisecondsSince(Clock::time_point start) {
+  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+// Until nothing waits to be painted or handled.
+void Settle() {
+  QTimer::singleShot(0, [] { QTimer::singleShot(0, [] { QApplication::quit(); }); });
+  QApplication::exec();
+}
+
+int Make(lm::Ledger& ledger) {
+  lm::SetFirstInstallOptions(ledger);
+  lm::SetOption(ledger, lm::optStartPage, "Sessions");
+  lm::SetOption(ledger, lm::optShowTips, "FALSE");
+  if (!lm::MakeProgramDirectory(ledger)) return 1;
+  for (int i = 1; i <= 50'000; ++i) {
+    const int row = ledger.fgSessions.AddItem("");
+    const auto set = [&](std::string_view key, std::string_view text) {
+      ledger.fgSessions.SetTextMatrix(row, key, text);
+    };
+    set("ID", std::to_string(i));
+    set("SDATE", lm::CellText(lm::DateSerial(1990, 1, 1 + i * 31 % 13'000)));
+    set("STIME", "08:30");
+    set("ETIME", "12:30");
+    set("SESS_TYPE", "1");
+    for (const char* key : {"RATE", "EXTRAS", "EXPENSES", "EMPLOYERCONTRIB", "TOTAL"})
+      set(key, std::to_string(i % 500) + ".25");
+    set("NOTES", "Door code at the side entrance, visits after lunch");
+  }
+  return lm::Save(ledger) ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Clock::time_point start = Clock::now();
+  const std::string word = argc > 1 ? argv[1] : "";
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  if (word == "--empty") {
+    QMainWindow window;
+    window.resize(1240, 780);
+    window.show();
+    Settle();
+    std::printf("empty %.1f ms\n", MillisecondsSince(start));
+    return 0;
+  }
+
+  lm::DesktopPlatform desktop;
+  lm::Ledger ledger(desktop.platform);
+  ledger.programDirectory = word == "--make" && argc > 2 ? argv[2] : word;
+  if (word == "--make") return Make(ledger);
+
+  lm::WindowCatalogue windows;
+  lm::AddRecordWindows(windows);
+  desktop.windows.SetCatalogue(ledger, windows);
+  std::unique_ptr<lm::frmMain> screen;
+  std::unique_ptr<lm::MainWindow> window;
+  lm::EntryHooks hooks;
+  double loaded = 0;
+  hooks.createMain = [&]() -> lm::frmMain& {
+    screen = std::make_unique<lm::frmMain>(ledger, windows);
+    window = std::make_unique<lm::MainWindow>(*screen);
+    return *screen;
+  };
+  hooks.showSplash = [&] { desktop.progress.OpenSplash(); };
+  hooks.closeSplash = [&] {
+    loaded = MillisecondsSince(start);
+    desktop.progress.CloseSplash();
+  };
+  if (!lm::RunEntryProcedure(ledger, hooks, "")) return 1;
+  const double shown = MillisecondsSince(start);
+  Settle();
+  std::printf("data and first page %.1f ms, shown %.1f ms, usable %.1f ms\n", loaded, shown,
+              MillisecondsSince(start));
+  return 0;
+}
