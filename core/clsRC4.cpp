@@ -70,8 +70,6 @@ void AppendEncoded(const unsigned char* bytes, std::size_t count, std::string& t
   }
 }
 
-[[noreturn]] void ThrowNotBase64() { throw std::invalid_argument("not Base64"); }
-
 // The text without line breaks and padding.
 std::string Squeezed(std::string_view text) {
   std::string kept;
@@ -86,28 +84,22 @@ std::string Squeezed(std::string_view text) {
   return kept;
 }
 
-// The last group, of two or three characters.
+// The last group, of two or three characters. False when it is no such group.
 template <class Bytes>
-void DecodeRest(std::string_view rest, Bytes& bytes, std::size_t at) {
+bool DecodeRest(std::string_view rest, Bytes& bytes, std::size_t at) {
   std::uint32_t group = 0;
   for (std::size_t place = 0; place < rest.size(); ++place)
     group |= kPlaces[place][static_cast<unsigned char>(rest[place])];
   const std::uint32_t leftOver = rest.size() == 2 ? 0xFFFF : 0xFF;
-  if (rest.size() == 1 || group & kNotInAlphabet || group & leftOver) ThrowNotBase64();
+  if (rest.size() == 1 || group & kNotInAlphabet || group & leftOver) return false;
   bytes[at] = static_cast<typename Bytes::value_type>(group >> 16);
   if (rest.size() == 3) bytes[at + 1] = static_cast<typename Bytes::value_type>(group >> 8 & 255);
+  return true;
 }
 
+// False when the text holds a sign outside the alphabet, or is of no length that a text encodes to.
 template <class Bytes>
-Bytes Decode(std::string_view text) {
-  while (text.ends_with('=')) text.remove_suffix(1);
-  std::string squeezed;
-  if (text.find('=') != text.npos || text.find('\r') != text.npos) {
-    squeezed = Squeezed(text);
-    text = squeezed;
-  }
-
-  Bytes bytes;
+bool DecodeUnbroken(std::string_view text, Bytes& bytes) {
   bytes.resize(text.size() / 4 * 3 + (text.size() % 4 == 0 ? 0 : text.size() % 4 - 1));
   const auto* in = reinterpret_cast<const unsigned char*>(text.data());
   const std::size_t groups = text.size() / 4;
@@ -122,8 +114,17 @@ Bytes Decode(std::string_view text) {
     out[1] = static_cast<Byte>(group >> 8 & 255);
     out[2] = static_cast<Byte>(group & 255);
   }
-  if (seen & kNotInAlphabet) ThrowNotBase64();
-  if (text.size() % 4 != 0) DecodeRest(text.substr(groups * 4), bytes, groups * 3);
+  if (seen & kNotInAlphabet) return false;
+  return text.size() % 4 == 0 || DecodeRest(text.substr(groups * 4), bytes, groups * 3);
+}
+
+// Broken lines are rare: only a text that does not decode as it stands is looked through for them.
+template <class Bytes>
+Bytes Decode(std::string_view text) {
+  while (text.ends_with('=')) text.remove_suffix(1);
+  Bytes bytes;
+  if (!DecodeUnbroken(text, bytes) && !DecodeUnbroken(Squeezed(text), bytes))
+    throw std::invalid_argument("not Base64");
   return bytes;
 }
 

@@ -4,6 +4,7 @@
 // --make writes a data file of 50,000 sessions to DIR.
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QMainWindow>
 #include <QTimer>
 #include <chrono>
@@ -28,8 +29,9 @@ double MillisecondsSince(Clock::time_point start) {
 
 // Until nothing waits to be painted or handled.
 void Settle() {
-  QTimer::singleShot(0, [] { QTimer::singleShot(0, [] { QApplication::quit(); }); });
-  QApplication::exec();
+  QEventLoop loop;
+  QTimer::singleShot(0, [&] { QTimer::singleShot(0, &loop, &QEventLoop::quit); });
+  loop.exec();
 }
 
 int Make(lm::Ledger& ledger) {
