@@ -31,6 +31,9 @@ namespace {
 // On a picker's button: the name of the box for which it picks.
 constexpr const char* kPickerOf = "pickerOf";
 
+// Begins the text of the one that is chosen of several labels.
+constexpr QChar kChosen(0x2022);
+
 bool IsTextBox(const QObject* widget) {
   return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget);
 }
@@ -328,10 +331,13 @@ void Binder::ShowLabel(const Bound& bound, QLabel& label) const {
   label.setTextFormat(Qt::RichText);
   label.setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   label.setFocusPolicy(Qt::TabFocus);
-  const QString look = label.property("plainLink").toBool()
-                           ? QStringLiteral(" style=\"text-decoration:none; color:%1\"")
-                                 .arg(label.palette().color(QPalette::WindowText).name())
-                           : QString();
+  const QString weight =
+      text.startsWith(kChosen) ? QStringLiteral("bold") : QStringLiteral("normal");
+  const QString look =
+      label.property("plainLink").toBool()
+          ? QStringLiteral(" style=\"text-decoration:none; font-weight:%1; color:%2\"")
+                .arg(weight, label.palette().color(QPalette::WindowText).name())
+          : QString();
   label.setText(QStringLiteral("<a href=\"#\"%1>%2</a>").arg(look, text.toHtmlEscaped()));
   label.setVisible(bound.field->Visible() && !text.isEmpty());
 }

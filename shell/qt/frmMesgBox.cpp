@@ -91,6 +91,10 @@ std::vector<Answer> AnswersOf(Buttons buttons) {
 
 Answer SafeAnswer(Buttons buttons) { return AnswersOf(buttons).back(); }
 
+Answer EnterAnswer(Buttons buttons) {
+  return buttons == Buttons::OkCancel ? Answer::Ok : SafeAnswer(buttons);
+}
+
 QWidget* MainWindowWidget() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (qobject_cast<QMainWindow*>(window)) return window;
@@ -179,9 +183,9 @@ void frmMesgBox::AddButtons(const MessageBoxText& message, QVBoxLayout& column) 
       accept();
     });
     row->addWidget(button);
-    if (answer == safe_) {
+    if (answer == EnterAnswer(message.buttons)) {
       button->setDefault(true);
-      safeButton_ = button;
+      enterButton_ = button;
     }
   }
   column.addLayout(row);
@@ -194,7 +198,7 @@ bool frmMesgBox::StopTips() const {
 void frmMesgBox::showEvent(QShowEvent* event) {
   CentreWindow(*this);
   // Otherwise the first button would have the focus, and Enter with it.
-  safeButton_->setFocus();
+  enterButton_->setFocus();
   QDialog::showEvent(event);
 }
 

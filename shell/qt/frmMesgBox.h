@@ -13,8 +13,11 @@ namespace lm {
 // The buttons of a message, in the order in which they stand.
 std::vector<Answer> AnswersOf(Buttons buttons);
 // The button that does the least: Cancel, else No, else OK. It stands last; Escape and the frame's
-// close box mean it, and Enter presses it at first.
+// close box mean it.
 Answer SafeAnswer(Buttons buttons);
+// What Enter answers: no more than is asked for. OK of OK and Cancel is the advice; a question is
+// answered with its safe button.
+Answer EnterAnswer(Buttons buttons);
 
 class frmMesgBox : public QDialog {
   Q_OBJECT
@@ -34,7 +37,7 @@ class frmMesgBox : public QDialog {
 
   Answer safe_;
   Answer pressed_;
-  QPushButton* safeButton_ = nullptr;
+  QPushButton* enterButton_ = nullptr;
   QCheckBox* chkStopShowingTips_ = nullptr;
 };
 

@@ -342,9 +342,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 // The column of markers holds nothing to stand on.
 QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
   const QModelIndex to = QTableView::moveCursor(action, modifiers);
-  return to.column() == 0 && model_->HasMarker()
-             ? to.siblingAtColumn(model_->FirstColumn())
-             : to;
+  return to.column() == 0 && model_->HasMarker() ? to.siblingAtColumn(model_->FirstColumn()) : to;
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {

@@ -15,11 +15,6 @@ constexpr std::string_view kDefaultLines = "14609391";
 constexpr double kSmallestFont = 6, kLargestFont = 36;
 constexpr int kTwipsPerInch = 1440;
 
-QColor Mixed(const QColor& a, const QColor& b, double share) {
-  const auto mix = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
-  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
-
 QColor OptionColour(const Ledger& ledger, int option, std::string_view untouched,
                     const QColor& otherwise) {
   const std::string& text = GetOption(ledger, option);
@@ -34,6 +29,11 @@ QColor OptionColour(const Ledger& ledger, int option, std::string_view untouched
 QColor ToQColor(Colour colour) {
   if (colour < 0) return {};
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+QColor MixedColour(const QColor& a, const QColor& b, double share) {
+  const auto mix = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
+  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
 QColor ReadableOn(const QColor& ground) {
@@ -56,8 +56,8 @@ ListStyle ListStyleOf(const Ledger& ledger, const QPalette& palette) {
   const bool ownGround = style.base != palette.color(QPalette::Base);
   const QColor plainText = ownGround ? ReadableOn(style.base) : palette.color(QPalette::Text);
   style.text = OptionColour(ledger, optFontColour, kBlack, plainText);
-  style.line =
-      OptionColour(ledger, optColourGridLines, kDefaultLines, Mixed(style.base, plainText, 0.12));
+  style.line = OptionColour(ledger, optColourGridLines, kDefaultLines,
+                            MixedColour(style.base, plainText, 0.12));
 
   const std::string& fontName = GetOption(ledger, optFontName);
   if (!fontName.empty()) style.font.setFamily(ToQt(fontName));

@@ -26,6 +26,8 @@ ListStyle ListStyleOf(const Ledger& ledger, const QPalette& palette);
 
 // Invalid for kNoColour.
 QColor ToQColor(Colour colour);
+// From a towards b: a share of 0 is all a, of 1 all b.
+QColor MixedColour(const QColor& a, const QColor& b, double share);
 // Black or white, whichever is read better on this ground.
 QColor ReadableOn(const QColor& ground);
 

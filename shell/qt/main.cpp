@@ -9,6 +9,7 @@
 #include "shell/qt/desktop.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/readablepalette.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(QIcon(":/icons/ledgerminder.svg"));
   // The main window alone ends the program; a splash window or a tip that closes does not.
   QApplication::setQuitOnLastWindowClosed(false);
+  const lm::PaletteKeeper palette;
 
   lm::DesktopPlatform desktop;
   lm::Ledger ledger(desktop.platform);

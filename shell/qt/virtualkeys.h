@@ -1,5 +1,5 @@
-// What a key event means: the code that the shortcuts are stored with, and the keys that a box and a
-// list's cell understand alike.
+// What a key event means: the code that the shortcuts are stored with, and the keys that a box and
+// a list's cell understand alike.
 #pragma once
 
 class QKeyEvent;

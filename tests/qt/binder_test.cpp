@@ -187,6 +187,18 @@ TEST(Binder, ScreenChangesShow) {
   EXPECT_TRUE(v.binder.CommitPending()) << "a disabled box cannot hold anybody";
 }
 
+TEST(Binder, ASelectedTextStaysSelectedWhenItChanges) {
+  SampleView v;
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&v.view));
+  v.name->setFocus();
+  v.name->selectAll();
+  v.screen.tName.SetText("worked out");
+  EXPECT_EQ(v.name->selectedText(), "worked out") << "to be typed over";
+  v.name->end(false);
+  v.screen.tName.SetText("again");
+  EXPECT_EQ(v.name->selectedText(), "");
+}
+
 TEST(ScreenDialog, EscapeCancelsWhateverWasTyped) {
   TestLedger test;
   FillDemo(test);

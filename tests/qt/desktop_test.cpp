@@ -18,6 +18,7 @@
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/printing.h"
+#include "shell/qt/readablepalette.h"
 #include "shell/qt/virtualkeys.h"
 #include "tests/qt/demo.h"
 
@@ -49,15 +50,15 @@ Answer AnswerOf(Buttons buttons, Qt::Key key, const char* button = nullptr) {
 TEST(MessageBox, AnswersByKeyAndButton) {
   struct Case {
     Buttons buttons;
-    Answer safe;
+    Answer escape, enter;
   };
-  const Case cases[] = {{Buttons::Ok, Answer::Ok},
-                        {Buttons::OkCancel, Answer::Cancel},
-                        {Buttons::YesNoCancel, Answer::Cancel},
-                        {Buttons::YesNo, Answer::No}};
+  const Case cases[] = {{Buttons::Ok, Answer::Ok, Answer::Ok},
+                        {Buttons::OkCancel, Answer::Cancel, Answer::Ok},
+                        {Buttons::YesNoCancel, Answer::Cancel, Answer::Cancel},
+                        {Buttons::YesNo, Answer::No, Answer::No}};
   for (const Case& each : cases) {
-    EXPECT_EQ(AnswerOf(each.buttons, Qt::Key_Escape), each.safe);
-    EXPECT_EQ(AnswerOf(each.buttons, Qt::Key_Return), each.safe);
+    EXPECT_EQ(AnswerOf(each.buttons, Qt::Key_Escape), each.escape);
+    EXPECT_EQ(AnswerOf(each.buttons, Qt::Key_Return), each.enter);
   }
   EXPECT_EQ(AnswerOf(Buttons::YesNoCancel, Qt::Key_unknown, "cmdYes"), Answer::Yes);
   EXPECT_EQ(AnswerOf(Buttons::OkCancel, Qt::Key_unknown, "cmdOk"), Answer::Ok);
@@ -99,6 +100,17 @@ TEST(MessageBox, TipsComeOneAtATimeAndCanBeStopped) {
   }
   EXPECT_EQ(stopped, 1);
   EXPECT_TRUE(shownTips().empty()) << "the third is not shown any more";
+}
+
+TEST(ReadablePalette, DisabledTextStandsOutFromItsGround) {
+  for (const auto& [text, ground] : {std::pair{Qt::black, Qt::white}, {Qt::white, Qt::black}}) {
+    QPalette palette(text, ground, ground, ground, ground, text, text, ground, ground);
+    palette = ReadablePalette(palette);
+    const int apart = palette.color(QPalette::Disabled, QPalette::Text).lightness() -
+                      palette.color(QPalette::Active, QPalette::Base).lightness();
+    EXPECT_GT(std::abs(apart), 120);
+    EXPECT_LT(std::abs(apart), 200) << "it must still be told from enabled text";
+  }
 }
 
 TEST(VirtualKeys, EveryKeyOfTheShortcutWindowCanBePressed) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QHeaderView>
@@ -183,6 +185,34 @@ TEST(GridView, CellsWithAListChooseAnEntry) {
   list.screen.rules.mayEdit = false;
   list.view.EditCellAt(3, 2);
   EXPECT_EQ(list.Editor(), nullptr);
+}
+
+TEST(GridView, AListThatDroppedDownIsStillTheEditor) {
+  ShownList list;
+  list.screen.grid.Select(3, 3);
+  QTest::keyClicks(&list.view, "s");
+  QApplication::processEvents();
+  auto* combo = list.view.viewport()->findChild<QComboBox*>();
+  ASSERT_NE(combo, nullptr);
+  ASSERT_TRUE(combo->view()->isVisible());
+  EXPECT_EQ(combo->currentText(), "Second") << "the letter chose it";
+  // As on a desktop, where the list takes the focus for reasons of its own.
+  QFocusEvent left(QEvent::FocusOut, Qt::OtherFocusReason);
+  QApplication::sendEvent(combo, &left);
+  QApplication::processEvents();
+  ASSERT_TRUE(list.view.viewport()->findChild<QComboBox*>());
+  QTest::keyClick(combo->view(), Qt::Key_Return);
+  EXPECT_EQ(list.screen.grid.TextMatrix(3, 3), "2");
+  EXPECT_TRUE(list.view.hasFocus());
+}
+
+TEST(GridView, NoCursorOnTheMarkers) {
+  ShownList list;
+  list.screen.grid.Select(3, 4);
+  QTest::keyClick(&list.view, Qt::Key_Home);
+  EXPECT_EQ(list.view.currentIndex().column(), 2);
+  QTest::keyClick(&list.view, Qt::Key_Left);
+  EXPECT_EQ(list.view.currentIndex().column(), 2);
 }
 
 TEST(GridView, KeysAndMouseReachTheRules) {

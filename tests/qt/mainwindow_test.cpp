@@ -14,6 +14,7 @@
 #include "core/shortcuts.h"
 #include "records/windows.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/qtext.h"
 #include "tests/qt/demo.h"
@@ -66,6 +67,34 @@ TEST(MainWindow, BarChoosesPages) {
   SetOption(run.test, optIconsInToolbar, "FALSE");
   run.screen->ShowPage(Page::Sessions);
   EXPECT_TRUE(bar->item(0)->icon().isNull());
+}
+
+TEST(MainWindow, AChosenPageGetsTheKeys) {
+  Running run;
+  auto* bar = run.Find<QListWidget>("fgMenu");
+  QTest::keyClick(run.window.get(), Qt::Key_S, Qt::AltModifier);
+  EXPECT_TRUE(run.window->CurrentList()->hasFocus());
+  QTest::keyClick(run.window.get(), Qt::Key_D, Qt::AltModifier);
+  EXPECT_TRUE(run.Find<QLineEdit>("txtMyDetails17")->hasFocus());
+  QTest::keyClick(run.window.get(), Qt::Key_T, Qt::AltModifier);
+  EXPECT_TRUE(bar->hasFocus()) << "this page has nothing to type into";
+  QTest::keyClick(bar, Qt::Key_Home);
+  QTest::keyClick(bar, Qt::Key_Down);
+  EXPECT_EQ(run.screen->CurrentPage(), Page::Sessions);
+  EXPECT_TRUE(bar->hasFocus()) << "the arrows walk on";
+  QTest::mouseClick(bar->viewport(), Qt::LeftButton, {},
+                    bar->visualItemRect(bar->item(5)).center());
+  EXPECT_EQ(run.screen->CurrentPage(), Page::Practices);
+  EXPECT_TRUE(run.window->CurrentList()->hasFocus());
+}
+
+TEST(MainWindow, EscapeSendsATipAway) {
+  Running run;
+  auto* tip = new frmMesgBox({}, run.window.get());
+  tip->setAttribute(Qt::WA_ShowWithoutActivating);
+  tip->show();
+  QTest::keyClick(run.window->CurrentList(), Qt::Key_Escape);
+  EXPECT_FALSE(tip->isVisible());
 }
 
 TEST(MainWindow, EveryShownMenuNodeHasItsAction) {

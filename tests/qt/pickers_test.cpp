@@ -48,6 +48,28 @@ struct OpenSessionWindow {
   }
 };
 
+TEST(Pickers, StandOutsideTheTabOrderAndDropFromTheirBox) {
+  OpenSessionWindow window;
+  auto* date = window.dialog->findChild<QLineEdit*>("cSDate");
+  auto* time = window.dialog->findChild<QLineEdit*>("cSTime");
+  date->setFocus();
+  QTest::keyClick(date, Qt::Key_Tab);
+  EXPECT_TRUE(time->hasFocus());
+  QTest::keyClick(time, Qt::Key_R, Qt::AltModifier);
+  EXPECT_EQ(time->text(), "09:00") << "an Alt letter types nothing";
+
+  window.test.shown.modal.push_back(
+      [](Screen& screen) { EXPECT_EQ(screen.Caption(), "End Date"); });
+  QTest::keyClick(window.dialog->findChild<QLineEdit*>("cEDate"), Qt::Key_Down, Qt::AltModifier);
+  EXPECT_TRUE(window.test.shown.modal.empty()) << "the picker was opened";
+  EXPECT_TRUE(window.dialog->findChild<QLineEdit*>("cEDate")->hasFocus());
+
+  for (const auto* button : window.dialog->findChildren<QToolButton*>()) {
+    const QString box = button->property("pickerOf").toString();
+    EXPECT_TRUE(box.isEmpty() || window.dialog->findChild<QLineEdit*>(box)) << qPrintable(box);
+  }
+}
+
 TEST(Pickers, DateTimeAndAmountByKeyboard) {
   OpenSessionWindow window;
   window.Pick("cmdStart", {Qt::Key_Down, Qt::Key_Right, Qt::Key_Return});

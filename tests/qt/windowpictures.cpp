@@ -20,6 +20,7 @@
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
+#include "shell/qt/readablepalette.h"
 #include "shell/qt/views.h"
 #include "tests/qt/demo.h"
 
@@ -173,6 +174,7 @@ int main(int argc, char** argv) {
     QApplication::setPalette(DarkPalette());
     suffix = "-dark";
   }
+  QApplication::setPalette(ReadablePalette(QApplication::palette()));
   if (application.devicePixelRatio() > 1)
     suffix += QString("-%1").arg(application.devicePixelRatio());
   lm::test::TestLedger test;
