@@ -86,7 +86,12 @@ int Demo(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledger, const S
   if (HoldsData(ledger) && !settings.force)
     return Fail("the directory already holds data; --force adds the demo month to it");
   std::istringstream lines(lm::DemoScript(terminal.Now()));
-  if (!script.Run(lines)) return 1;
+  std::ostringstream silent;
+  terminal.SetOutput(silent);
+  if (!script.Run(lines)) {
+    std::cerr << silent.str();
+    return 1;
+  }
   lm::TellWrittenFiles(ledger.programDirectory, std::cout);
   return 0;
 }
@@ -102,12 +107,8 @@ int RunScript(lm::Script& script, const std::string& name) {
 
 int main(int argc, char** argv) {
   Settings settings;
-  std::ostringstream silent;
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
-  const bool demo = std::find(arguments.begin(), arguments.end(), "demo") != arguments.end();
-
-  lm::Terminal terminal(demo ? static_cast<std::ostream&>(silent) : std::cout);
-  const std::string fault = ReadArguments(arguments, settings, terminal);
+  lm::Terminal terminal(std::cout);
+  const std::string fault = ReadArguments({argv + 1, argv + argc}, settings, terminal);
   if (!fault.empty()) {
     std::cerr << kUsage;
     return Fail(fault);
@@ -127,11 +128,7 @@ int main(int argc, char** argv) {
 
   lm::Script script(terminal, ledger, windows);
   if (command == "init") return Init(ledger, settings);
-  if (command == "demo" && !operand.empty()) {
-    const int status = Demo(script, terminal, ledger, settings);
-    if (status == 1) std::cerr << silent.str();
-    return status;
-  }
+  if (command == "demo" && !operand.empty()) return Demo(script, terminal, ledger, settings);
   if (command == "run" && !operand.empty()) return RunScript(script, operand);
   std::cerr << kUsage;
   return Fail("unknown command: " + command);

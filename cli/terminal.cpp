@@ -63,10 +63,10 @@ Json BoxLine(const MessageBoxText& message, Answer answer) {
 
 std::string Utf8(std::string_view text) { return ToUtf8(text); }
 
-Terminal::Terminal(std::ostream& output) : output_(output) {}
+Terminal::Terminal(std::ostream& output) : output_(&output) {}
 
 void Terminal::Emit(const Json& line) {
-  output_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
+  *output_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
 }
 
 bool Terminal::AddAnswer(std::string_view word) {

@@ -29,6 +29,7 @@ class Terminal : public MessagePort,
                  public SystemPort {
  public:
   explicit Terminal(std::ostream& output);
+  void SetOutput(std::ostream& output) { output_ = &output; }
 
   void Emit(const Json& line);
 
@@ -69,7 +70,7 @@ class Terminal : public MessagePort,
   Platform platform{*this, *this, *this, *this, *this};
 
  private:
-  std::ostream& output_;
+  std::ostream* output_;
   std::deque<Answer> answers_;
 };
 

@@ -189,7 +189,7 @@ TEST(Binder, ScreenChangesShow) {
 
 TEST(Binder, ASelectedTextStaysSelectedWhenItChanges) {
   SampleView v;
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&v.view));
+  v.Show();
   v.name->setFocus();
   v.name->selectAll();
   v.screen.tName.SetText("worked out");

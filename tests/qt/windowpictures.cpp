@@ -130,15 +130,14 @@ void GrabRecords(test::TestLedger& test) {
 
 void GrabBoxes() {
   MessageBoxText box;
-  box.title = "LedgerMinder";
+  box.title = "Duplicate Session";
   box.mainPrompt = "A session already exists with this date and time.\r\nSave this session anyway?";
   box.minorPrompt =
       "Click Yes to save this session with duplicate date and time.\r\nClick No to return to the "
       "session and change "
       "its details.";
-  box.buttons = Buttons::YesNoCancel;
+  box.buttons = Buttons::YesNo;
   box.icon = Icon::Question;
-  box.link = "https://www.ledgerminder.example/EmployerContrib.php";
   frmMesgBox question(box);
   Grab(question, "frmMesgBox-question");
   MessageBoxText tip;
