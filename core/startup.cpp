@@ -73,6 +73,13 @@ std::string NewRecord(Platform& platform) {
          platform.system.UserName() + std::string(kConfirm);
 }
 
+// A program run where it was built must not leave records there: such folders are thrown away.
+bool IsBuildFolder(const fs::path& folder) {
+  std::error_code ignored;
+  return fs::exists(folder / "CMakeCache.txt", ignored) ||
+         fs::exists(folder.parent_path() / "CMakeCache.txt", ignored);
+}
+
 void ShowLogError(Ledger& ledger) {
   ShowMessage(ledger, "Unexpected error processing the security log",
               "This error is non-critical, but please email " + std::string(kSupportAddress) +
@@ -83,7 +90,7 @@ void ShowLogError(Ledger& ledger) {
 
 fs::path ChooseProgramDirectory(Platform& platform) {
   const fs::path own = platform.system.ExecutableDirectory();
-  return IsWritableFolder(own) ? own : platform.system.UserDataDirectory();
+  return IsWritableFolder(own) && !IsBuildFolder(own) ? own : platform.system.UserDataDirectory();
 }
 
 bool IsFirstStart(const Ledger& ledger) {

@@ -8,8 +8,8 @@
 
 namespace lm {
 
-// The folder that holds the program when it can be written (portable use), otherwise the user's
-// own data folder. Makes neither.
+// The folder that holds the program when it can be written (portable use), unless the program was
+// built there; otherwise the user's own data folder. Makes neither.
 std::filesystem::path ChooseProgramDirectory(Platform& platform);
 
 // Neither "Options.dat" nor "LedgerMinder.dat" there. One of the two alone is no first start but

@@ -98,6 +98,7 @@ void frmPractice::Save() {
   for (int col = 0; col < practices.Cols(); ++col)
     if (const Field* box = BoxOf(col)) practices.SetTextMatrix(row, col, box->Text());
   MarkEdited(ledger, practices, row);
+  practices.Select(row, std::max(practices.Col(), practices.FixedCols()));
   RefreshPracticeLists(ledger);
   Close();
 }

@@ -331,13 +331,11 @@ void Binder::ShowLabel(const Bound& bound, QLabel& label) const {
   label.setTextFormat(Qt::RichText);
   label.setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   label.setFocusPolicy(Qt::TabFocus);
-  const QString weight =
-      text.startsWith(kChosen) ? QStringLiteral("bold") : QStringLiteral("normal");
-  const QString look =
-      label.property("plainLink").toBool()
-          ? QStringLiteral(" style=\"text-decoration:none; font-weight:%1; color:%2\"")
-                .arg(weight, label.palette().color(QPalette::WindowText).name())
-          : QString();
+  QString look;
+  if (label.property("plainLink").toBool())
+    look = QStringLiteral(" style=\"text-decoration:none; color:%1%2\"")
+               .arg(label.palette().color(QPalette::WindowText).name(),
+                    text.startsWith(kChosen) ? "; font-weight:bold" : "");
   label.setText(QStringLiteral("<a href=\"#\"%1>%2</a>").arg(look, text.toHtmlEscaped()));
   label.setVisible(bound.field->Visible() && !text.isEmpty());
 }

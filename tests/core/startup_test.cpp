@@ -15,6 +15,10 @@ namespace fs = std::filesystem;
 TEST(Startup, TheProgramsOwnFolderServesWhenItCanBeWritten) {
   test::TestLedger test;
   EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.executableDirectory);
+  std::string error;
+  ASSERT_TRUE(ReplaceFile(test.ledger.File("CMakeCache.txt"), "", error));
+  EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.userDataDirectory)
+      << "a build folder is thrown away";
   test.shown.executableDirectory = test.ledger.File("Options.dat");  // no folder to write in
   EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.userDataDirectory);
 }
