@@ -1,0 +1,68 @@
+// A PDF file as import needs it: its objects, and its pages in page order.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "pdf/reader/objects.h"
+
+namespace lm::pdf {
+
+// The attributes are those of the page or of the nearest node above it, as they stand there.
+struct PageNode {
+  const Value* dictionary = nullptr;
+  const Value* resources = nullptr;
+  const Value* mediaBox = nullptr;
+  const Value* rotate = nullptr;
+};
+
+// Points, x0 < x1 and y0 < y1.
+struct Box {
+  double x0 = 0, y0 = 0, x1 = 612, y1 = 792;
+};
+
+class ParsedFile {
+ public:
+  // Throws Error for what is no PDF, is encrypted, or is damaged beyond repair.
+  explicit ParsedFile(std::string bytes);
+  // Error 53 when there is no such file.
+  static std::shared_ptr<ParsedFile> Read(const std::filesystem::path& path);
+
+  int MinorVersion();  // the number after "PDF-1.", or the catalog's when that is newer; 20 for 2.0
+  int PageCount() const { return static_cast<int>(pages_.size()); }
+  const PageNode& Page(int page) const;  // from 1; throws Error
+  Box MediaBox(const PageNode& page);    // of one that makes no sense, or is not there: letter size
+  int Rotation(const PageNode& page);    // 0, 90, 180 or 270
+  std::vector<const Object*> Contents(const PageNode& page);
+  // The streams decoded and joined with line feeds; one with an unknown filter as it is.
+  std::string JoinedContents(const PageNode& page);
+
+  Objects objects;
+
+ private:
+  void ReadPages();
+
+  std::vector<PageNode> pages_;
+};
+
+// Parsed files for several documents to share. A file is read again when its size or its time has
+// changed. Not for several threads at once.
+class FileCache {
+ public:
+  std::shared_ptr<ParsedFile> Open(const std::filesystem::path& path);
+  void Clear() { files_.clear(); }
+
+ private:
+  struct Known {
+    std::uintmax_t size = 0;
+    std::filesystem::file_time_type time;
+    std::shared_ptr<ParsedFile> file;
+  };
+  std::unordered_map<std::string, Known> files_;
+};
+
+}  // namespace lm::pdf

@@ -1,0 +1,15 @@
+// Streams with their filters undone.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "pdf/reader/objects.h"
+
+namespace lm::pdf {
+
+// Nothing when one of the filters is none of pdf/filters.h, as those of pictures. Throws Error for
+// damaged data, and for more than `cap` bytes.
+std::optional<std::string> DecodeStream(Objects& objects, const Object& stream, std::size_t cap);
+
+}  // namespace lm::pdf
