@@ -27,14 +27,17 @@ QT = re.compile(r"^(Qt\w+/|Q[A-Z]\w*$|ui_)")
 
 
 def room_of(path):
-    folder = path.parent.as_posix()
-    return folder if folder in BELOW else None
+    """The room of a file: its folder, or the room that the folder stands in."""
+    for folder in (path.parent.as_posix(), path.parts[0] if path.parts else ""):
+        if folder in BELOW:
+            return folder
+    return None
 
 
 def faults():
     for room in BELOW:
-        for path in sorted((ROOT / room).glob("*")):
-            if path.suffix not in (".h", ".cpp", ".mm"):
+        for path in sorted((ROOT / room).rglob("*")):
+            if path.suffix not in (".h", ".cpp", ".mm") or room_of(path.relative_to(ROOT)) != room:
                 continue
             for kind, name in INCLUDE.findall(path.read_text(encoding="utf-8")):
                 where = f"{path.relative_to(ROOT)}: {name}"

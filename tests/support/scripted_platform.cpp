@@ -79,6 +79,11 @@ bool ScriptedPlatform::Open(std::string_view target) {
   return true;
 }
 
+ClockPort& StandingClock() {
+  static ScriptedPlatform platform;
+  return platform;
+}
+
 TestLedger::TestLedger() {
   ledger.programDirectory = directory.Path();
   shown.executableDirectory = directory.Path();

@@ -80,6 +80,9 @@ class ScriptedPlatform : public MessagePort,
   Platform platform{*this, *this, *this, *this, *this};
 };
 
+// A clock that stands at 3 February 2026, 10:30.
+ClockPort& StandingClock();
+
 // A ledger in a temporary program directory, on Tuesday 3 February 2026 at 10:30, with the
 // default options set and nothing loaded; `starting` is over.
 struct TestLedger {

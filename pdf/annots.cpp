@@ -1,0 +1,98 @@
+#include "pdf/annots.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "pdf/colours.h"
+#include "pdf/notation.h"
+
+namespace lm::pdf {
+namespace {
+
+// Of a stored colour in a space; the colour alone where a pattern uses it.
+std::string_view Values(std::string_view stored) { return stored.substr(1, stored.find('/') - 1); }
+
+}  // namespace
+
+void RequirePage(const Document& document) {
+  if (document.target != Target::Page || document.openPage >= document.pages.size())
+    throw Error("No page is open");
+}
+
+void AddToPage(Document& document, int object) {
+  document.pages[document.openPage].annotations += std::to_string(object) + " 0 R ";
+}
+
+std::string PageBox::Text(const Document& document) const {
+  return document.Points(left) + " " + document.Points(bottom) + " " + document.Points(right) +
+         " " + document.Points(top);
+}
+
+PageBox BoxOnPage(const Document& document, double left, double top, double right, double bottom) {
+  const double height = document.pageHeight;
+  return {std::min(left, right), height - std::max(top, bottom), std::max(left, right),
+          height - std::min(top, bottom)};
+}
+
+PageBox BoxInUnits(const Document& document, double x, double y, double width, double height) {
+  if (!(width > 0 && height > 0)) throw Error("The box has no size");
+  return BoxOnPage(document, document.ToPoints(x), document.ToPoints(y),
+                   document.ToPoints(x + width), document.ToPoints(y + height));
+}
+
+std::string ColourNumbers(std::string_view stored) {
+  return SpaceOf(stored) ? std::string(Values(stored)) : "";
+}
+
+std::string RgbNumbers(const Document& document, std::string_view stored) {
+  const ColourSpace* space = SpaceOf(stored);
+  if (!space) return "";
+  std::vector<double> numbers = NumberList(Values(stored));
+  numbers.resize(4);
+  std::array<double, 3> rgb = {numbers[0], numbers[1], numbers[2]};
+  if (space->sign == '%') rgb.fill(numbers[0]);
+  if (space->sign == '@')
+    for (double& share : rgb) share = (1 - share) * (1 - numbers[3]);
+  return document.Points(rgb[0]) + " " + document.Points(rgb[1]) + " " + document.Points(rgb[2]);
+}
+
+std::string ColourOperator(std::string_view stored, bool forLines) {
+  const ColourSpace* space = SpaceOf(stored);
+  if (!space) return forLines ? "0 G" : "0 g";
+  return std::string(Values(stored)).append(forLines ? space->lineOperator : space->fillOperator);
+}
+
+int WriteFont(Document& document, const ViewerFont& font) {
+  return document.out.WriteNewObject("<< /Type /Font /Subtype /Type1 /BaseFont /" +
+                                     std::string(font.base) +
+                                     (font.letters ? " /Encoding /WinAnsiEncoding >>" : " >>"));
+}
+
+std::string UseFont(Document& document, const ViewerFont& font) {
+  const std::string name = document.Name(font.resource);
+  if (!HasResource(document.fonts, name))
+    document.fonts += name + " " + std::to_string(WriteFont(document, font)) + " 0 R ";
+  return name;
+}
+
+std::string DefaultAppearance(Document& document) {
+  const TextState& text = document.state.text;
+  const std::string font =
+      text.fontResource.empty() ? UseFont(document, kHelvetica) : document.Name(text.fontResource);
+  return font + " " + document.Points(text.size) + " Tf " +
+         ColourOperator(document.state.colours.text, false);
+}
+
+int WriteAppearance(Document& document, double width, double height, std::string_view operators) {
+  const int object = document.out.BeginNewObject();
+  document.out.WriteStream(StreamClass::Contents,
+                           "<< /Type /XObject /Subtype /Form /FormType 1 /BBox [ 0 0 " +
+                               document.Points(width) + " " + document.Points(height) +
+                               " ] /Resources 3 0 R ",
+                           operators);
+  document.out.EndObject();
+  return object;
+}
+
+}  // namespace lm::pdf

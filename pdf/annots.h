@@ -1,0 +1,59 @@
+// What links, notes and form fields share: their place on the page, colours, fonts and pictures.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "pdf/document.h"
+
+namespace lm::pdf {
+
+// Throws Error when no page is open: an annotation hangs on a page, not on an object or pattern.
+void RequirePage(const Document& document);
+
+// Makes an object one of the open page's annotations.
+void AddToPage(Document& document, int object);
+
+// A box on the open page, in points from its lower left corner, as annotations are placed.
+struct PageBox {
+  double left = 0, bottom = 0, right = 0, top = 0;
+  double Width() const { return right - left; }
+  double Height() const { return top - bottom; }
+  std::string Text(const Document& document) const;  // "left bottom right top"
+};
+
+// Of a box in points from the top left; its corners in any order.
+PageBox BoxOnPage(const Document& document, double left, double top, double right, double bottom);
+
+// Of a box in user units. Throws Error when it has no size.
+PageBox BoxInUnits(const Document& document, double x, double y, double width, double height);
+
+// A stored colour (see Colours) as an array's numbers, "0.5 0 0"; "" for none and for a pattern.
+std::string ColourNumbers(std::string_view stored);
+// The same as red, green and blue, where nothing else is taken.
+std::string RgbNumbers(const Document& document, std::string_view stored);
+// The operator that chooses it, "0.5 0 0 rg" or "0.5 0 0 RG"; black for a pattern.
+std::string ColourOperator(std::string_view stored, bool forLines);
+
+// A font that every viewer has.
+struct ViewerFont {
+  std::string_view resource, base;
+  bool letters;  // has letters, so takes their encoding
+};
+inline constexpr ViewerFont kHelvetica = {"Helv", "Helvetica", true};
+inline constexpr ViewerFont kCourierBold = {"CoBo", "Courier-Bold", true};
+inline constexpr ViewerFont kDingbats = {"ZaDb", "ZapfDingbats", false};
+
+// Writes its object; returns its number.
+int WriteFont(Document& document, const ViewerFont& font);
+
+// The same once, as a resource of the document; its name object.
+std::string UseFont(Document& document, const ViewerFont& font);
+
+// /DA's text: the font, size and text colour in force; Helvetica when no font was chosen.
+std::string DefaultAppearance(Document& document);
+
+// A picture of an annotation of this size in points; returns its object.
+int WriteAppearance(Document& document, double width, double height, std::string_view operators);
+
+}  // namespace lm::pdf

@@ -1,0 +1,143 @@
+#include "pdf/copiedobjects.h"
+
+#include "pdf/filters.h"
+#include "pdf/reader/objects.h"
+
+namespace lm::pdf {
+namespace {
+
+// What the writer of a stream tells itself.
+bool IsWrittenByStream(const Value& key) { return key.IsName("Length") || key.IsName("Filter"); }
+
+}  // namespace
+
+// Of pages and their tree nothing is copied: a resource that names its page would bring the whole
+// file along.
+bool ObjectCopier::IsWanted(int source) const {
+  if (objects_.Target(source) != source) return false;
+  const Value& value = objects_.Get(source).value;
+  const Value& type = objects_.Find(value, "Type");
+  return !type.IsName("Page") && !type.IsName("Pages") && !type.IsName("Catalog");
+}
+
+void ObjectCopier::GatherOne(const Value& value) {
+  if (value.kind == ValueKind::Reference) {
+    const int source = value.object;
+    if (copied_.contains(source) || !fresh_.try_emplace(source, 0).second) return;
+    if (IsWanted(source)) {
+      order_.push_back({source, &objects_.Get(source)});
+    } else if (const int target = objects_.Target(source); target != source && target != 0) {
+      Value further = value;  // an object that is but a reference to another
+      further.object = target;
+      GatherOne(further);
+    }
+    return;
+  }
+  for (const Value& item : value.items) GatherOne(item);
+}
+
+void ObjectCopier::Gather(const Value& value) {
+  GatherOne(value);
+  for (; gathered_ < order_.size(); ++gathered_) {
+    const Object& object = *order_[gathered_].object;
+    const auto& items = object.value.items;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+      const bool skipped = object.isStream && i + 1 < items.size() && IsWrittenByStream(items[i]);
+      if (skipped) {
+        ++i;
+      } else {
+        GatherOne(items[i]);
+      }
+    }
+    if (object.isStream) FilterText(object.value);
+  }
+}
+
+void ObjectCopier::Write() {
+  for (const Source& source : order_) fresh_[source.number] = out_.ReserveObject();
+  for (auto& [source, number] : fresh_) {
+    if (number == 0) {
+      const auto target = fresh_.find(objects_.Target(source));
+      const auto before = copied_.find(objects_.Target(source));
+      if (target != fresh_.end()) number = target->second;
+      if (before != copied_.end()) number = before->second;
+    }
+  }
+  copied_.insert(fresh_.begin(), fresh_.end());
+  for (const Source& source : order_) WriteOne(*source.object, copied_[source.number]);
+}
+
+void ObjectCopier::WriteOne(const Object& object, int number) {
+  if (!object.isStream) {
+    out_.WriteObject(number, Text(object.value, number));
+    return;
+  }
+  std::string dictionary = "<< ";
+  const auto& items = object.value.items;
+  for (std::size_t i = 0; i + 1 < items.size(); i += 2) {
+    if (IsWrittenByStream(items[i])) continue;
+    Append(items[i], number, dictionary);
+    Append(items[i + 1], number, dictionary);
+  }
+  Output::StreamOptions options;
+  options.filter = FilterText(object.value);
+  if (options.filter.empty()) options.filter = "none";
+  out_.BeginObject(number);
+  out_.WriteStream(StreamClass::Images, dictionary, object.data, options);
+  out_.EndObject();
+}
+
+std::string ObjectCopier::FilterText(const Value& dictionary) const {
+  const Value& filter = objects_.Find(dictionary, "Filter");
+  if (filter.kind == ValueKind::Name) return std::string(filter.text);
+  std::string names;
+  for (const Value& item : filter.items) {
+    const Value& name = objects_.Resolve(item);
+    if (name.kind != ValueKind::Name) continue;
+    if (!names.empty()) names += ' ';
+    names += name.text;
+  }
+  return names.empty() ? names : "[" + names + "]";
+}
+
+std::string ObjectCopier::Text(const Value& value, int number) const {
+  std::string text;
+  Append(value, number, text);
+  text.pop_back();  // the blank behind it
+  return text;
+}
+
+void ObjectCopier::Append(const Value& value, int number, std::string& out) const {
+  switch (value.kind) {
+    case ValueKind::Array:
+      out += "[ ";
+      for (const Value& item : value.items) Append(item, number, out);
+      out += "] ";
+      return;
+    case ValueKind::Dictionary:
+      out += "<< ";
+      for (const Value& item : value.items) Append(item, number, out);
+      out += ">> ";
+      return;
+    case ValueKind::Reference: {
+      const auto copy = copied_.find(value.object);
+      const bool exists = copy != copied_.end() && copy->second != 0;
+      out += exists ? std::to_string(copy->second) + " 0 R " : "null ";
+      return;
+    }
+    case ValueKind::Null:
+      out += "null ";
+      return;
+    case ValueKind::String:
+      if (out_.encryption.IsOn()) {
+        out += "<" + EncodeAsciiHex(out_.encryption.Encipher(value.StringBytes(), number)) + " ";
+        return;
+      }
+      [[fallthrough]];
+    default:
+      out += value.text;
+      out += ' ';
+  }
+}
+
+}  // namespace lm::pdf

@@ -1,0 +1,54 @@
+// Objects of a file that is read, copied into the one that is written. Bytes of streams go over as
+// they stand; only references get new numbers.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "pdf/output.h"
+
+namespace lm::pdf {
+
+class Objects;
+struct Object;
+struct Value;
+
+// Source object to output object; 0 stands for null.
+using CopiedObjects = std::unordered_map<int, int>;
+
+// Copies in two steps, so that a file that turns out to be damaged leaves nothing behind: Gather
+// reads all that is needed, Write writes what has not been copied before.
+class ObjectCopier {
+ public:
+  ObjectCopier(Objects& objects, Output& out, CopiedObjects& copied)
+      : objects_(objects), out_(out), copied_(copied) {}
+
+  // All that the value refers to, directly or not; throws Error when some of it cannot be read.
+  void Gather(const Value& value);
+  void Write();
+
+  // The value as text within the output's object `number`; after Write.
+  std::string Text(const Value& value, int number) const;
+  // The names of a stream's filters as /Filter has them, "" for none.
+  std::string FilterText(const Value& dictionary) const;
+
+ private:
+  bool IsWanted(int source) const;
+  void GatherOne(const Value& value);
+  void WriteOne(const Object& object, int number);
+  void Append(const Value& value, int number, std::string& out) const;
+
+  Objects& objects_;
+  Output& out_;
+  CopiedObjects& copied_;
+  CopiedObjects fresh_;  // to be copied by Write
+  struct Source {
+    int number = 0;
+    const Object* object = nullptr;
+  };
+  std::vector<Source> order_;
+  std::size_t gathered_ = 0;  // of order_, those whose own references are gathered
+};
+
+}  // namespace lm::pdf

@@ -1,0 +1,294 @@
+#include "pdf/fonts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "core/files.h"
+#include "core/text.h"
+#include "pdf/codepages.h"
+#include "pdf/data/fontdata.h"
+#include "pdf/truetype.h"
+
+namespace lm::pdf {
+namespace {
+
+constexpr int kBold = 1;
+constexpr int kItalic = 2;
+constexpr int kBoldWeight = 500;  // above it a weight class is bold
+constexpr const char* kStyleNames[] = {"", "Bold", "Italic", "BoldItalic"};
+
+struct BaseFamily {
+  const char* name;
+  int lineHeight;
+  int descent;
+  const FamilyWidths* widths;  // null: every code is 600 wide
+};
+
+constexpr int kCourierWidth = 600;
+const BaseFamily kFamilies[] = {
+    {"TimesNewRoman", 1107, -216, &kTimesNewRoman},
+    {"CourierNew", 1133, -300, nullptr},
+    {"Arial", 1221, -221, &kArial},
+};
+const BaseFamily& kFallback = kFamilies[2];
+
+const std::pair<const char*, const BaseFamily*> kFamilyNames[] = {
+    {"TIMES", &kFamilies[0]},      {"TIMESNEWROMAN", &kFamilies[0]}, {"COURIER", &kFamilies[1]},
+    {"COURIERNEW", &kFamilies[1]}, {"HELVETICA", &kFamilies[2]},     {"ARIAL", &kFamilies[2]},
+};
+
+const std::pair<const char*, const SymbolFont*> kSymbolNames[] = {
+    {"Symbol", &kSymbol},
+    {"ZapfDingbats", &kZapfDingbats},
+};
+
+// "ARIALBOLD:204"; no code page stands behind the standard one.
+std::string Key(std::string_view name, int style, int codePage) {
+  std::string key = ToUpper(RemoveAny(name, " ") + kStyleNames[style]);
+  if (codePage != 0) key += ":" + std::to_string(codePage);
+  return key;
+}
+
+// A code page that is asked for has its list of names, one that is not known the standard list.
+void SetCodePage(FontRecord& record, int codePage) {
+  if (codePage == 0) return;
+  const CodePage& page = CodePageOf(codePage);
+  record.codePage = page.number;
+  record.differences = page.differences;
+}
+
+std::string BaseName(std::string_view family, int style) {
+  return std::string(family) + (style == 0 ? "" : ",") + kStyleNames[style];
+}
+
+FontRecord FamilyRecord(const BaseFamily& family, int style, int codePage) {
+  FontRecord record;
+  record.key = Key(family.name, style, codePage);
+  record.baseName = BaseName(family.name, style);
+  record.lineHeight = family.lineHeight;
+  record.descent = family.descent;
+  SetCodePage(record, codePage);
+  if (family.widths == nullptr)
+    record.widths.fill(kCourierWidth);
+  else
+    record.widths = (*family.widths)[static_cast<std::size_t>(style)][CodePageIndex(codePage)];
+  return record;
+}
+
+// The record of a base font's name in upper case; nothing for another name.
+std::optional<FontRecord> BaseRecord(std::string_view name, int style, int codePage) {
+  for (const auto& [accepted, family] : kFamilyNames)
+    if (name == accepted) return FamilyRecord(*family, style, codePage);
+  for (const auto& [accepted, font] : kSymbolNames) {
+    if (!EqualsIgnoreCase(name, accepted)) continue;
+    FontRecord record;
+    record.key = name;
+    record.baseName = accepted;
+    record.lineHeight = font->lineHeight;
+    record.descent = font->descent;
+    record.widths = font->widths;
+    return record;
+  }
+  return std::nullopt;
+}
+
+bool IsSymbolic(const FontRecord& record) {
+  return !record.trueType && std::ranges::any_of(kSymbolNames, [&](const auto& symbol) {
+    return record.baseName == symbol.first;
+  });
+}
+
+// Bytes as a name object's characters: what is no regular character as "#" and two digits.
+std::string EscapedName(std::string_view name) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string escaped;
+  for (const char c : name) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code > 32 && code < 127 && std::string_view("()<>[]{}/%#").find(c) == std::string::npos)
+      escaped += c;
+    else if (code != 0)
+      escaped += {'#', kDigits[code >> 4], kDigits[code & 15]};
+  }
+  return escaped;
+}
+
+std::string WidthsEntry(const FontRecord& record) {
+  std::string text = " /Widths [";
+  for (std::size_t code = 32; code < 256; ++code) {
+    text += std::to_string(record.widths[code]);
+    text += code % 16 == 15 ? '\r' : ' ';
+  }
+  text.back() = ']';
+  return text;
+}
+
+std::string Descriptor(const TrueTypeFace& face, std::string_view name, const Document& document) {
+  const auto entry = [](const char* key, int value) {
+    return std::string(" /") + key + " " + std::to_string(value);
+  };
+  const int flags =
+      (face.italicAngle != 0 ? 64 : 0) + (face.fixedPitch ? 1 : 0) + (face.symbol ? 4 : 32);
+  std::string text = "<< /Type /FontDescriptor /FontName /" + EscapedName(name);
+  text += entry("Flags", flags);
+  text += " /FontBBox [" + std::to_string(face.xMin) + " " + std::to_string(face.yMin) + " " +
+          std::to_string(face.xMax) + " " + std::to_string(face.yMax) + "]";
+  text += entry("MissingWidth", face.missingWidth);
+  text += entry("StemV", face.weight > kBoldWeight ? 120 : 70);
+  text += " /ItalicAngle " + document.Points(face.italicAngle);
+  // The real heights of capitals and small letters are not in every file; these serve.
+  text += entry("CapHeight", face.ascent);
+  text += entry("XHeight", face.ascent / 2);
+  text += entry("Ascent", face.ascent);
+  text += entry("Descent", face.descent);
+  text += entry("MaxWidth", face.maxWidth);
+  text += entry("AvgWidth", face.avgWidth);
+  return text;
+}
+
+std::string ReadFontFile(std::string_view path) {
+  const std::filesystem::path file = PathFromText(path);
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(file, ignored)) throw Error("File not found", 53);
+  std::string reason;
+  std::optional<std::string> bytes = ReadFile(file, reason);
+  if (!bytes) throw Error(reason);
+  return *std::move(bytes);
+}
+
+// Object numbers are taken only when the objects will be written.
+void RequireOpen(const Output& out) {
+  if (!out.IsOpen()) throw Error("No document is open");
+}
+
+FontRecord TrueTypeRecord(const TrueTypeFace& face, std::string_view name, int codePage) {
+  FontRecord record;
+  record.key = Key(name, 0, codePage);
+  record.trueType = true;
+  record.baseName = BaseName(
+      name, (face.weight > kBoldWeight ? kBold : 0) | (face.italicAngle != 0 ? kItalic : 0));
+  record.widths = face.widths;
+  record.lineHeight = face.ascent + std::abs(face.descent);
+  record.descent = face.descent;
+  SetCodePage(record, codePage);
+  return record;
+}
+
+}  // namespace
+
+int Fonts::Find(std::string_view key, bool trueType) const {
+  const auto found = std::ranges::find_if(records_, [&](const FontRecord& record) {
+    return record.trueType == trueType && record.key == key;
+  });
+  return found == records_.end() ? -1 : static_cast<int>(found - records_.begin());
+}
+
+int Fonts::FindOrAddBase(const FontRecord& base) {
+  if (const int found = Find(base.key, false); found >= 0) return found;
+  RequireOpen(document_.out);
+  FontRecord record = base;
+  record.object = document_.out.ReserveObject();
+  WriteObject(record, "");
+  return Count() - 1;
+}
+
+int Fonts::Choose(const std::string& name, int style, int codePage) {
+  if (const auto base = BaseRecord(name, style, codePage)) return FindOrAddBase(*base);
+  for (const int ofName : {style, 0})
+    if (const int added = Find(Key(name, ofName, codePage), true); added >= 0) return added;
+  return FindOrAddBase(FamilyRecord(kFallback, style, codePage));
+}
+
+void Fonts::Set(std::string_view name, double size, int style, int codePage) {
+  const std::string plain = RemoveAny(name, " ");
+  const int index = Choose(ToUpper(plain), style & (kBold | kItalic), codePage);
+  TextState& text = document_.state.text;
+  text.fontName = plain;
+  text.fontStyle = style;
+  text.codePage = codePage;
+  if (std::isfinite(size) && size > 0) text.size = size;
+  if (text.size == 0) text.size = 10;
+  text.fontIndex = index;
+  text.fontResource = records_[static_cast<std::size_t>(index)].resource;
+}
+
+// Writes the font dictionary of the record's object, `more` before its end, and adds the record.
+void Fonts::WriteObject(FontRecord& record, const std::string& more) {
+  record.resource = "FNT_" + std::to_string(Count() + 1);
+  std::string text = "<< /Type /Font /Subtype /";
+  text += record.trueType ? "TrueType" : "Type1";
+  text += " /Name " + document_.Name(record.resource);
+  text += " /BaseFont /" + EscapedName(record.baseName) + " /FirstChar 32 /LastChar 255";
+  if (!IsSymbolic(record)) {
+    text += "\r/Encoding << /Type /Encoding /BaseEncoding /WinAnsiEncoding ";
+    if (!record.differences.empty()) text += "/Differences " + record.differences;
+    text += " >>";
+  }
+  // Readers know the widths of the base fonts for Latin letters alone.
+  if (!record.trueType && record.codePage != 0) text += WidthsEntry(record);
+  document_.out.WriteObject(record.object, text + more + " >>");
+  document_.fonts +=
+      document_.Name(record.resource) + " " + std::to_string(record.object) + " 0 R ";
+  records_.push_back(record);
+}
+
+std::string Fonts::Add(std::string_view path, std::string_view name, bool embed, int codePage) {
+  const std::string file = ReadFontFile(path);
+  const TrueTypeFace face = ReadTrueType(file, CodePageOf(codePage));
+  const std::string plain = RemoveAny(name.empty() ? face.name : name, " ");
+  if (plain.empty()) throw Error("The font has no name");
+  FontRecord record = TrueTypeRecord(face, plain, codePage);
+  if (const int found = Find(record.key, true); found >= 0)
+    return records_[static_cast<std::size_t>(found)].resource;
+
+  Output& out = document_.out;
+  RequireOpen(out);
+  const bool embedded = embed || document_.pdfA;
+  record.object = out.ReserveObject();
+  const int descriptor = out.ReserveObject();
+  const int fontFile = embedded ? out.ReserveObject() : 0;
+  WriteObject(record,
+              WidthsEntry(record) + "\r/FontDescriptor " + std::to_string(descriptor) + " 0 R");
+  out.WriteObject(descriptor,
+                  Descriptor(face, plain, document_) +
+                      (embedded ? "\r/FontFile2 " + std::to_string(fontFile) + " 0 R >>" : " >>"));
+  if (embedded) {
+    out.BeginObject(fontFile);
+    Output::StreamOptions options;
+    options.length1 = static_cast<std::int64_t>(file.size());
+    out.WriteStream(StreamClass::Fonts, "<<", file, options);
+    out.EndObject();
+  }
+  return record.resource;
+}
+
+const FontRecord& Fonts::Current() const {
+  const int index = document_.state.text.fontIndex;
+  if (index >= 0 && index < Count()) return records_[static_cast<std::size_t>(index)];
+  static const FontRecord arial = FamilyRecord(kFallback, 0, 0);
+  return arial;
+}
+
+double Fonts::TextWidthAt(std::string_view text, double horizontalScaling) const {
+  const FontRecord& font = Current();
+  std::int64_t thousandths = 0;
+  for (const char c : text) thousandths += font.widths[static_cast<unsigned char>(c)];
+  const TextState& state = document_.state.text;
+  const double width = static_cast<double>(thousandths) * state.size / 1000 +
+                       state.charSpacing * static_cast<double>(text.size());
+  return width * horizontalScaling / 100;
+}
+
+double Fonts::TextWidth(std::string_view text) const {
+  const TextState& state = document_.state.text;
+  const auto blanks = static_cast<double>(std::ranges::count(text, ' '));
+  return TextWidthAt(text, state.horizontalScaling) +
+         state.wordSpacing * blanks * state.horizontalScaling / 100;
+}
+
+double Fonts::LineHeight() const { return Current().lineHeight * document_.state.text.size / 1000; }
+
+}  // namespace lm::pdf

@@ -1,0 +1,79 @@
+#include "pdf/notation.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+
+#include "pdf/error.h"
+
+namespace lm::pdf {
+namespace {
+
+constexpr std::string_view kSeparators = "; ";
+
+}  // namespace
+
+std::vector<std::string_view> ListPieces(std::string_view list) {
+  std::vector<std::string_view> pieces;
+  std::size_t at = 0;
+  while ((at = list.find_first_not_of(kSeparators, at)) != std::string_view::npos) {
+    const std::size_t end = std::min(list.find_first_of(kSeparators, at), list.size());
+    pieces.push_back(list.substr(at, end - at));
+    at = end;
+  }
+  return pieces;
+}
+
+double PlainNumber(std::string_view text) {
+  double value = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, problem] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+  if (problem != std::errc() || stop != end || !std::isfinite(value)) {
+    throw Error("\"" + std::string(text) + "\" is not a number.");
+  }
+  return value;
+}
+
+std::vector<double> NumberList(std::string_view list) {
+  std::vector<double> numbers;
+  for (const std::string_view piece : ListPieces(list)) numbers.push_back(PlainNumber(piece));
+  return numbers;
+}
+
+std::string EscapedName(std::string_view name) {
+  if (name.empty()) throw Error("A name is missing.");
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  std::string escaped;
+  for (const char c : name) {
+    const auto code = static_cast<unsigned char>(c);
+    if ((code < 128 && std::isalnum(code)) ||
+        std::string_view("._+-").find(c) != std::string_view::npos) {
+      escaped += c;
+    } else {
+      escaped += {'#', kHex[code >> 4], kHex[code & 15]};
+    }
+  }
+  return escaped;
+}
+
+std::string LiteralString(std::string_view text) {
+  std::string literal = "(";
+  for (const char c : text) {
+    if (c == '\r') {
+      literal += "\\r";
+    } else if (c == '\n') {
+      literal += "\\n";
+    } else {
+      if (c == '\\' || c == '(' || c == ')') literal += '\\';
+      literal += c;
+    }
+  }
+  return literal + ")";
+}
+
+bool HasResource(std::string_view resources, std::string_view name) {
+  return resources.find(std::string(name) + " ") != std::string_view::npos;
+}
+
+}  // namespace lm::pdf

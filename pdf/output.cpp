@@ -1,0 +1,239 @@
+#include "pdf/output.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <system_error>
+#include <utility>
+
+#include "core/text.h"
+#include "pdf/filters.h"
+
+namespace lm::pdf {
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 18;
+constexpr int kFileTrouble = 75;
+
+[[noreturn]] void ThrowFileTrouble(int reason) {
+  throw Error("The file cannot be written: " + std::generic_category().message(reason),
+              kFileTrouble);
+}
+
+struct Filter {
+  int bit;
+  std::string_view name;
+  std::string (*encode)(std::string_view bytes, int level);
+};
+
+constexpr std::array kFilters{
+    Filter{kRunLength, "/RunLengthDecode",
+           [](std::string_view bytes, int) { return EncodeRunLength(bytes); }},
+    Filter{kFlate, "/FlateDecode",
+           [](std::string_view bytes, int level) { return EncodeFlate(bytes, level); }},
+    Filter{kLzw, "/LZWDecode", [](std::string_view bytes, int) { return EncodeLzw(bytes); }},
+    Filter{kAscii85, "/ASCII85Decode",
+           [](std::string_view bytes, int) { return EncodeAscii85(bytes); }},
+    Filter{kAsciiHex, "/ASCIIHexDecode",
+           [](std::string_view bytes, int) { return EncodeAsciiHex(bytes); }},
+};
+
+// The format's own one-byte code for texts departs from Windows-1252 between 128 and 159, where
+// the euro, the dashes and the quotation marks are.
+bool NeedsUnicode(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x80 && byte < 0xA0;
+  });
+}
+
+// UTF-16, upper byte first, with its mark. Windows-1252 needs one to three bytes of UTF-8 a sign.
+std::string Utf16(std::string_view windows1252) {
+  std::string text = "\xFE\xFF";
+  unsigned code = 0;
+  int missing = 0;
+  for (const char c : ToUtf8(windows1252)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      code = byte;
+    } else if (byte < 0xC0) {
+      code = code << 6 | (byte & 0x3Fu);
+      --missing;
+    } else {
+      missing = byte < 0xE0 ? 1 : 2;
+      code = byte & (0x3Fu >> missing);
+    }
+    if (missing > 0) continue;
+    text += static_cast<char>(code >> 8);
+    text += static_cast<char>(code & 0xFF);
+  }
+  return text;
+}
+
+std::string Escaped(std::string_view text) {
+  std::string out = "(";
+  for (const char c : text) {
+    if (c == '\\' || c == '(' || c == ')') out += '\\';
+    if (c == '\r')
+      out += "\\r";
+    else if (c == '\n')
+      out += "\\n";
+    else
+      out += c;
+  }
+  return out + ")";
+}
+
+}  // namespace
+
+std::string ShownText(std::string_view text) {
+  return NeedsUnicode(text) ? Utf16(text) : std::string(text);
+}
+
+Output::~Output() { Discard(); }
+
+void Output::Open(const std::filesystem::path& path) {
+  Discard();
+#ifdef _WIN32
+  std::FILE* file = _wfopen(path.c_str(), L"wb");
+#else
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+#endif
+  if (!file) ThrowFileTrouble(errno);
+  std::setvbuf(file, nullptr, _IONBF, 0);
+  file_ = file;
+  buffer_.clear();
+  buffer_.reserve(kBufferSize);
+  size_ = 0;
+  objectCount_ = 0;
+  openObject_ = 0;
+  offsets_.clear();
+  failure_ = 0;
+}
+
+void Output::Flush() {
+  if (failure_ != 0) ThrowFileTrouble(failure_);
+  errno = 0;
+  const bool taken = std::fwrite(buffer_.data(), 1, buffer_.size(), file_) == buffer_.size();
+  buffer_.clear();
+  if (taken) return;
+  failure_ = errno != 0 ? errno : EIO;
+  ThrowFileTrouble(failure_);
+}
+
+void Output::Close() {
+  if (!file_) return;
+  Flush();
+  errno = 0;
+  const bool closed = std::fclose(std::exchange(file_, nullptr)) == 0;
+  if (!closed) ThrowFileTrouble(errno != 0 ? errno : EIO);
+}
+
+void Output::Discard() noexcept {
+  if (file_) std::fclose(std::exchange(file_, nullptr));
+}
+
+void Output::RequireOpen() const {
+  if (!file_) throw Error("No document is open");
+}
+
+void Output::Write(std::string_view line) {
+  RequireOpen();
+  buffer_ += line;
+  buffer_ += '\n';
+  size_ += std::ssize(line) + 1;
+  if (buffer_.size() >= kBufferSize) Flush();
+}
+
+void Output::Patch(std::int64_t offset, std::string_view bytes) {
+  RequireOpen();
+  Flush();
+  errno = 0;
+  const bool written = std::fseek(file_, static_cast<long>(offset), SEEK_SET) == 0 &&
+                       std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() &&
+                       std::fseek(file_, 0, SEEK_END) == 0;
+  if (written) return;
+  failure_ = errno != 0 ? errno : EIO;
+  ThrowFileTrouble(failure_);
+}
+
+void Output::BeginObject(int number) {
+  RequireOpen();
+  const auto index = static_cast<std::size_t>(number);
+  if (offsets_.size() <= index) offsets_.resize(index + 1);
+  offsets_[index] = size_;
+  openObject_ = number;
+  Write(std::to_string(number) + " 0 obj");
+}
+
+int Output::BeginNewObject() {
+  RequireOpen();
+  const int number = ReserveObject();
+  BeginObject(number);
+  return number;
+}
+
+void Output::WriteObject(int number, std::string_view body) {
+  BeginObject(number);
+  Write(body);
+  EndObject();
+}
+
+int Output::WriteNewObject(std::string_view body) {
+  RequireOpen();
+  const int number = ReserveObject();
+  WriteObject(number, body);
+  return number;
+}
+
+std::string Output::Text(std::string_view text) const {
+  std::string bytes = ShownText(text);
+  if (encryption.IsOn()) bytes = encryption.Encipher(bytes, openObject_);
+  return Escaped(bytes);
+}
+
+void Output::WriteStream(StreamClass streamClass, std::string_view dictionary,
+                         std::string_view bytes, const StreamOptions& options) {
+  std::string filter = options.filter;
+  std::string encoded;
+  if (filter.empty() && !bytes.empty()) {
+    const int setting = compression_[static_cast<std::size_t>(streamClass)];
+    const int level = (setting & 0xF00) >> 8;
+    for (const Filter& each : kFilters) {
+      if (!(setting & each.bit) || (pdfA && each.bit == kLzw)) continue;
+      encoded = each.encode(bytes, level == 0 ? -1 : std::min(level, 9));
+      bytes = encoded;
+      filter.insert(0, std::string(each.name) + (filter.empty() ? "" : " "));
+    }
+  }
+  if (encryption.IsOn() && !options.neverEnciphered) {
+    encoded = encryption.Encipher(bytes, openObject_);
+    bytes = encoded;
+  }
+
+  std::string head(dictionary);
+  if (filter.find(' ') != filter.npos) filter = "[" + filter + "]";
+  if (!filter.empty() && filter != "none") head += "/Filter " + filter + " ";
+  if (options.length1 >= 0) head += "/Length1 " + std::to_string(options.length1) + " ";
+  head += "/Length " + std::to_string(bytes.size()) + " >>\rstream\r";
+  Write(head);
+  Write(bytes);
+  Write("endstream");
+}
+
+void Output::SetCompression(int contents, int images, int fonts) {
+  compression_ = {contents, images, fonts};
+}
+
+void Output::WriteCrossReference() {
+  const auto count = static_cast<std::size_t>(objectCount_) + 1;
+  offsets_.resize(std::max(offsets_.size(), count));
+  Write("xref");
+  Write("0 " + std::to_string(count));
+  for (std::size_t number = 0; number < count; ++number) {
+    const std::int64_t offset = offsets_[number];
+    Write(PadLeft(std::to_string(offset), 10, '0') + (offset == 0 ? " 65535 f\r" : " 00000 n\r"));
+  }
+}
+
+}  // namespace lm::pdf
