@@ -3,10 +3,10 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache git ca-certificates
-          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev
+          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev
           fonts-liberation fonts-dejavu-core)
 if [ "${1:-build}" = test ]; then
-  packages+=(libgtest-dev python3)
+  packages+=(libgtest-dev python3 qpdf poppler-utils zbar-tools)
 fi
 
 missing=()
