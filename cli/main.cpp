@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/demo.h"
+#include "cli/pdfcommands.h"
 #include "cli/script.h"
 #include "cli/terminal.h"
 #include "core/options.h"
@@ -24,6 +25,7 @@ constexpr std::string_view kUsage =
     "  init        makes a new program directory\n"
     "  demo DIR    makes a program directory with a believable month of work\n"
     "  run FILE    runs a script, - for standard input\n"
+    "  pdf info FILE | pdf import FILE OUT | pdf sample OUT\n"
     "\n"
     "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
     "  --now TIME  the clock's time\n"
@@ -114,6 +116,12 @@ int main(int argc, char** argv) {
     return Fail(fault);
   }
   terminal.ignoreOtherInstances = settings.force;
+  if (settings.command[0] == "pdf") {
+    const int status = lm::RunPdfCommand({settings.command.begin() + 1, settings.command.end()},
+                                         terminal, std::cout);
+    if (status == 2) std::cerr << kUsage;
+    return status;
+  }
 
   lm::Ledger ledger(terminal.platform);
   lm::WindowCatalogue windows;

@@ -1,0 +1,90 @@
+#include "cli/pdfcommands.h"
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "cli/pdfsample.h"
+#include "core/text.h"
+#include "pdf/clsPDFCreator.h"
+#include "pdf/import.h"
+
+namespace lm {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+int Tell(std::ostream& output, const Json& line, int status) {
+  output << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+  return status;
+}
+
+int Fail(std::ostream& output, const clsPDFCreator& document) {
+  return Tell(output, {{"error", ToUtf8(document.ErrDescription())}}, 1);
+}
+
+int Info(clsPDFCreator& reader, const std::string& file, std::ostream& output) {
+  pdf::FileInfo info;
+  if (reader.GetInfo(file, info) == 0) return Fail(output, reader);
+  Json line{{"file", ToUtf8(file)},
+            {"version", info.version},
+            {"pages", info.pages},
+            {"pdfA", info.pdfA},
+            {"title", ToUtf8(info.title)},
+            {"author", ToUtf8(info.author)},
+            {"subject", ToUtf8(info.subject)},
+            {"creator", ToUtf8(info.creator)},
+            {"producer", ToUtf8(info.producer)}};
+  Tell(output, line, 0);
+  for (int page = 1; page <= info.pages; ++page) {
+    double width = 0;
+    double height = 0;
+    int rotate = 0;
+    if (!reader.GetInfoPage(file, page, width, height, rotate)) return Fail(output, reader);
+    Tell(output, {{"page", page}, {"width", width}, {"height", height}, {"rotate", rotate}}, 0);
+  }
+  return 0;
+}
+
+// A new document whose pages are the pages of the file at their natural size, upright.
+int Import(clsPDFCreator& document, const std::string& file, const std::string& out,
+           std::ostream& output) {
+  pdf::FileInfo info;
+  if (document.GetInfo(file, info) == 0) return Fail(output, document);
+  document.SetScale(0);
+  document.BeginDoc(out);
+  if (document.ErrNumber() != 0) return Fail(output, document);
+  for (int page = 1; page <= info.pages; ++page) {
+    double width = 0;
+    double height = 0;
+    int rotate = 0;
+    document.GetInfoPage(file, page, width, height, rotate);
+    if (rotate % 180 != 0) std::swap(width, height);
+    document.SetPaperSize(255, width, height);
+    document.BeginPage();
+    document.ImportPage(file, page);
+    if (document.ErrNumber() != 0) return Fail(output, document);
+    document.EndPage();
+  }
+  document.EndDoc();
+  if (document.ErrNumber() != 0) return Fail(output, document);
+  return Tell(output, {{"file", ToUtf8(out)}, {"pages", info.pages}}, 0);
+}
+
+int Sample(clsPDFCreator& document, const std::string& out, std::ostream& output) {
+  DrawSample(document, out);
+  if (document.ErrNumber() != 0) return Fail(output, document);
+  return Tell(output, {{"file", ToUtf8(out)}, {"pages", document.GetPages()}}, 0);
+}
+
+}  // namespace
+
+int RunPdfCommand(const std::vector<std::string>& words, ClockPort& clock, std::ostream& output) {
+  clsPDFCreator document(clock);
+  if (words.size() == 2 && words[0] == "info") return Info(document, words[1], output);
+  if (words.size() == 3 && words[0] == "import")
+    return Import(document, words[1], words[2], output);
+  if (words.size() == 2 && words[0] == "sample") return Sample(document, words[1], output);
+  return 2;
+}
+
+}  // namespace lm
