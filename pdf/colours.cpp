@@ -147,7 +147,7 @@ std::string StoredColour(std::string_view input, const Document& document) {
   for (const NamedColour& named : kNamedColours) {
     if (EqualsIgnoreCase(text, named.name)) return std::string(named.stored);
   }
-  if (!HasResource(document.patterns, PatternName(text, document))) Refuse(text);
+  if (!document.patternNames.contains(std::string(text))) Refuse(text);
   return std::string(text);
 }
 

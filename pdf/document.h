@@ -9,6 +9,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "pdf/output.h"
@@ -78,7 +79,8 @@ struct Document {
 
   // Resource dictionaries' contents: "/NAME n 0 R " joined, names with the prefix.
   std::string fonts, xObjects, extGStates, patterns, properties;
-  bool usesImages = false;  // an image or an imported page exists
+  std::unordered_set<std::string> patternNames;  // as the caller gave them
+  bool usesImages = false;                       // an image or an imported page exists
 
   std::vector<Page> pages;         // in the order of creation
   std::vector<std::size_t> order;  // page position to page

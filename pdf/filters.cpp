@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 
 #include "pdf/error.h"
@@ -76,15 +77,31 @@ std::string DecodeRunLength(std::string_view bytes, std::size_t cap) {
 }
 
 std::string EncodeFlate(std::string_view bytes, int level) {
-  uLongf length = compressBound(static_cast<uLong>(bytes.size()));
-  std::string out(length, '\0');
   const int known = level >= 0 && level <= 9 ? level : Z_DEFAULT_COMPRESSION;
-  if (compress2(reinterpret_cast<Bytef*>(out.data()), &length,
-                reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uLong>(bytes.size()),
-                known) != Z_OK) {
+  // A page's few kilobytes need no window of 32: clearing its tables would take longer than they
+  // do.
+  const int window = std::clamp(static_cast<int>(std::bit_width(bytes.size())), 9, 15);
+  const int memory = std::clamp(window - 7, 1, 8);
+  z_stream stream{};
+  if (deflateInit2(&stream, known, Z_DEFLATED, window, memory, Z_DEFAULT_STRATEGY) != Z_OK)
     throw Error("not enough memory to deflate");
+  std::string out(deflateBound(&stream, static_cast<uLong>(bytes.size())), '\0');
+  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+  stream.next_out = reinterpret_cast<Bytef*>(out.data());
+  // Both counts are 32 bits: long streams go in pieces.
+  int result = Z_OK;
+  std::size_t taken = 0;
+  while (result == Z_OK) {
+    constexpr std::size_t kPiece = std::size_t{1} << 30;
+    stream.avail_in = static_cast<uInt>(std::min(bytes.size() - taken, kPiece));
+    stream.avail_out = static_cast<uInt>(std::min(out.size() - stream.total_out, kPiece));
+    taken += stream.avail_in;
+    result = deflate(&stream, taken == bytes.size() ? Z_FINISH : Z_NO_FLUSH);
+    taken -= stream.avail_in;
   }
-  out.resize(length);
+  out.resize(stream.total_out);
+  deflateEnd(&stream);
+  if (result != Z_STREAM_END) throw Error("not enough memory to deflate");
   return out;
 }
 

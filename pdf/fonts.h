@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,6 +58,18 @@ class Fonts {
 
   Document& document_;
   std::vector<FontRecord> records_;
+
+  // What was asked for, as it was written, and the font that it chose: documents change between a
+  // few fonts line by line. Emptied when a font is added.
+  struct Choice {
+    std::string name;
+    int style = 0;
+    int codePage = 0;
+    int index = -1;
+    std::string plainName;
+  };
+  const Choice& ChoiceFor(std::string_view name, int style, int codePage);
+  std::deque<Choice> choices_;
 };
 
 }  // namespace lm::pdf

@@ -12,6 +12,10 @@
 namespace lm::pdf {
 namespace {
 
+// Deflate level where none is asked for: a page of text takes half of the time of level 6 and is
+// an eighth larger.
+constexpr int kUsualLevel = 3;
+
 constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 constexpr int kFileTrouble = 75;
 
@@ -201,7 +205,7 @@ void Output::WriteStream(StreamClass streamClass, std::string_view dictionary,
     const int level = (setting & 0xF00) >> 8;
     for (const Filter& each : kFilters) {
       if (!(setting & each.bit) || (pdfA && each.bit == kLzw)) continue;
-      encoded = each.encode(bytes, level == 0 ? -1 : std::min(level, 9));
+      encoded = each.encode(bytes, level == 0 ? kUsualLevel : std::min(level, 9));
       bytes = encoded;
       filter.insert(0, std::string(each.name) + (filter.empty() ? "" : " "));
     }

@@ -76,7 +76,7 @@ class Output {
     WriteStream(streamClass, dictionary, bytes, StreamOptions());
   }
 
-  // Low byte: filter mask; bits 8 to 11: deflate level (0: the library's own).
+  // Low byte: filter mask; bits 8 to 11: deflate level (0: the writer's own, which is quick).
   void SetCompression(int contents, int images, int fonts);
   const std::array<int, 3>& Compression() const { return compression_; }
   bool pdfA = false;  // LZW is left out

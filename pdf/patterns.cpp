@@ -23,7 +23,7 @@ bool ReadsAsColour(std::string_view name, const Document& document) {
 }  // namespace
 
 void Patterns::RequireFree(std::string_view name) const {
-  if (HasResource(document_.patterns, document_.Name(EscapedName(name)))) {
+  if (document_.patternNames.contains(std::string(name))) {
     throw Error("There is a pattern \"" + std::string(name) + "\" already.");
   }
   if (name != Trim(name) || ReadsAsColour(name, document_)) {
@@ -32,6 +32,7 @@ void Patterns::RequireFree(std::string_view name) const {
 }
 
 void Patterns::Register(std::string_view name, int object) {
+  document_.patternNames.emplace(name);
   document_.patterns += document_.Name(EscapedName(name)) + " " + std::to_string(object) + " 0 R ";
 }
 

@@ -1,6 +1,7 @@
 #include "pdf/textline.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/text.h"
 #include "pdf/colours.h"
@@ -16,18 +17,31 @@ struct Decoration {
   int style;
   double below;
 };
+constexpr std::size_t kRoomForOperators = 96;  // around a line's text
 constexpr Decoration kDecorations[] = {{4, 0.125}, {8, -0.8}, {16, -0.3}};
 
-std::string Escaped(std::string_view text) {
-  std::string escaped = "(";
-  for (const char c : text) {
-    if (c == '\\' || c == '(' || c == ')') escaped += '\\';
-    if (c == '\r' || c == '\n')
-      escaped += c == '\r' ? "\\r" : "\\n";
-    else
-      escaped += c;
+// What stands behind the backslash of a character that needs one; 0 for the others.
+constexpr auto kEscapes = [] {
+  std::array<char, 256> escapes{};
+  for (const char c : {'\\', '(', ')'}) escapes[static_cast<unsigned char>(c)] = c;
+  escapes['\r'] = 'r';
+  escapes['\n'] = 'n';
+  return escapes;
+}();
+
+void AppendEscaped(std::string_view text, std::string& out) {
+  out += '(';
+  std::size_t plain = 0;  // where the run of characters as they stand begins
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char escape = kEscapes[static_cast<unsigned char>(text[i])];
+    if (escape == 0) continue;
+    out += text.substr(plain, i - plain);
+    out += '\\';
+    out += escape;
+    plain = i + 1;
   }
-  return escaped + ')';
+  out += text.substr(plain);
+  out += ')';
 }
 
 }  // namespace
@@ -123,10 +137,22 @@ ComposedLine LineWriter::Compose(const TextLine& line) const {
       state.colours.text != state.colours.fill || state.colours.fill == Colours().fill;
   std::string& out = composed.operators;
   if (recoloured) out += FillOperator(state.colours.text, document_);
-  out += "BT " + document_.Name(state.text.fontResource) + " " + document_.Points(state.text.size) +
-         " Tf " + spacing.before + "1 0 0 -1 " + document_.Points(x) + " " +
-         document_.Points(line.y) + " Tm " + Escaped(spacing.text) + " Tj " + spacing.after +
-         "ET\n";
+  out.reserve(out.size() + spacing.text.size() + kRoomForOperators);
+  out += "BT ";
+  out += document_.Name(state.text.fontResource);
+  out += ' ';
+  out += document_.Points(state.text.size);
+  out += " Tf ";
+  out += spacing.before;
+  out += "1 0 0 -1 ";
+  out += document_.Points(x);
+  out += ' ';
+  out += document_.Points(line.y);
+  out += " Tm ";
+  AppendEscaped(spacing.text, out);
+  out += " Tj ";
+  out += spacing.after;
+  out += "ET\n";
   out += DecorationLines(x, line.y, spacing.width);
   if (recoloured) out += FillOperator(state.colours.fill, document_);
   return composed;

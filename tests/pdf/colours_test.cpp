@@ -8,7 +8,7 @@ namespace {
 TEST(Colours, EveryNotationHasItsStoredForm) {
   Document document;
   document.prefix = "A1+";
-  document.patterns = "/A1+ID77 9 0 R /A1+my#20tiles 10 0 R ";
+  document.patternNames = {"ID77", "my tiles"};
   const struct {
     const char *input, *stored;
   } cases[] = {
@@ -47,7 +47,7 @@ TEST(Colours, EveryNotationHasItsStoredForm) {
 TEST(Colours, NonsenseIsRefused) {
   Document document;
   document.prefix = "A1+";
-  document.patterns = "/A1+ID77 9 0 R ";
+  document.patternNames = {"ID77"};
   for (const char* input :
        {"banana",   "16777216", "99999999999999", "-2",       "#",         "#12345", "#GGGGGG",
         "#1 2 3",   "#0.5 0.5", "#1e-1 0 0",      "#nan 0 0", "#-0.5 0 0", "@",      "@1;2",
