@@ -29,7 +29,7 @@ constexpr int kClosed = 2;
 constexpr int kFilled = 4;
 constexpr int kClip = 128;
 
-// The operators that end a path, with a blank in front; "" where the path is left as it is.
+// The operators that end a path, with a blank in front.
 std::string PaintOperator(int mode);
 
 class Graphics {

@@ -65,8 +65,9 @@ std::string PaintOperator(int mode) {
   } else {
     if (mode & kClosed) paint += " h";
     if (!(mode & kNoStroke)) paint += " S";
-    // A clipping path takes effect with the operator that ends it.
-    if (mode & kNoStroke && mode & kClip) paint += " n";
+    // A path that paints nothing has to end all the same: left open it would be painted with the
+    // next one, and a clipping path takes effect with the operator that ends it.
+    if (mode & kNoStroke) paint += " n";
   }
   return mode & kClip ? " W" + paint : paint;
 }

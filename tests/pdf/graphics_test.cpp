@@ -121,7 +121,7 @@ TEST(Graphics, PaintModes) {
   const struct {
     int mode;
     const char* text;
-  } cases[] = {{0, " S"},       {1, ""},         {2, " h S"},    {3, " h"},      {4, " B*"},
+  } cases[] = {{0, " S"},       {1, " n"},         {2, " h S"},    {3, " h n"},      {4, " B*"},
                {5, " f*"},      {6, " b*"},      {7, " f*"},     {128, " W S"},  {129, " W n"},
                {130, " W h S"}, {131, " W h n"}, {133, " W f*"}, {134, " W b*"}, {8, " S"}};
   for (const auto& c : cases) EXPECT_EQ(PaintOperator(c.mode), c.text) << c.mode;
