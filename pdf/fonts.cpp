@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "pdf/codepages.h"
 #include "pdf/data/fontdata.h"
+#include "pdf/notation.h"
 #include "pdf/truetype.h"
 
 namespace lm::pdf {
@@ -100,20 +101,6 @@ bool IsSymbolic(const FontRecord& record) {
   return !record.trueType && std::ranges::any_of(kSymbolNames, [&](const auto& symbol) {
     return record.baseName == symbol.first;
   });
-}
-
-// Bytes as a name object's characters: what is no regular character as "#" and two digits.
-std::string EscapedName(std::string_view name) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  std::string escaped;
-  for (const char c : name) {
-    const auto code = static_cast<unsigned char>(c);
-    if (code > 32 && code < 127 && std::string_view("()<>[]{}/%#").find(c) == std::string::npos)
-      escaped += c;
-    else if (code != 0)
-      escaped += {'#', kDigits[code >> 4], kDigits[code & 15]};
-  }
-  return escaped;
 }
 
 std::string WidthsEntry(const FontRecord& record) {

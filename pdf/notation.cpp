@@ -48,9 +48,9 @@ std::string EscapedName(std::string_view name) {
   for (const char c : name) {
     const auto code = static_cast<unsigned char>(c);
     if ((code < 128 && std::isalnum(code)) ||
-        std::string_view("._+-").find(c) != std::string_view::npos) {
+        std::string_view("._+-,").find(c) != std::string_view::npos) {
       escaped += c;
-    } else {
+    } else if (code != 0) {  // no name may hold a zero
       escaped += {'#', kHex[code >> 4], kHex[code & 15]};
     }
   }
