@@ -6,8 +6,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <fstream>
 #include <system_error>
+#include <utility>
 
 #ifdef _WIN32
 #include <io.h>
@@ -15,8 +17,6 @@
 #include <windows.h>
 #else
 #include <unistd.h>
-
-#include <cstdio>
 #endif
 
 #include "core/text.h"
@@ -33,18 +33,20 @@ std::string LastError() { return std::generic_category().message(errno); }
 #ifdef _WIN32
 
 int OpenNew(const fs::path& path, const fs::path&) {
-  return _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_TRUNC | _O_BINARY, _S_IREAD | _S_IWRITE);
+  return _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
 }
+int OpenExisting(const fs::path& path) { return _wopen(path.c_str(), _O_WRONLY | _O_BINARY); }
 long WriteSome(int file, const char* bytes, std::size_t count) {
   return _write(file, bytes, static_cast<unsigned>(std::min<std::size_t>(count, 1u << 26)));
 }
+bool GoTo(int file, int origin) { return _lseeki64(file, 0, origin) >= 0; }
 bool Flush(int file) { return _commit(file) == 0; }
 bool Close(int file) { return _close(file) == 0; }
 long ProcessId() { return _getpid(); }
 
-bool RenameOver(const fs::path& from, const fs::path& to, std::string& error) {
-  if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-    return true;
+bool RenameOver(const fs::path& from, const fs::path& to, bool flush, std::string& error) {
+  const DWORD waiting = flush ? MOVEFILE_WRITE_THROUGH : 0;
+  if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | waiting)) return true;
   error = std::system_category().message(static_cast<int>(GetLastError()));
   return false;
 }
@@ -53,23 +55,26 @@ bool RenameOver(const fs::path& from, const fs::path& to, std::string& error) {
 
 // The new file takes the permissions of the one that it will replace.
 int OpenNew(const fs::path& path, const fs::path& replaced) {
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   struct stat old = {};
   if (file >= 0 && ::stat(replaced.c_str(), &old) == 0) (void)!::fchmod(file, old.st_mode & 07777);
   return file;
 }
+int OpenExisting(const fs::path& path) { return ::open(path.c_str(), O_WRONLY | O_CLOEXEC); }
 long WriteSome(int file, const char* bytes, std::size_t count) {
   return ::write(file, bytes, count);
 }
+bool GoTo(int file, int origin) { return ::lseek(file, 0, origin) >= 0; }
 bool Flush(int file) { return ::fsync(file) == 0; }
 bool Close(int file) { return ::close(file) == 0; }
 long ProcessId() { return ::getpid(); }
 
-bool RenameOver(const fs::path& from, const fs::path& to, std::string& error) {
+bool RenameOver(const fs::path& from, const fs::path& to, bool flush, std::string& error) {
   if (std::rename(from.c_str(), to.c_str()) != 0) {
     error = LastError();
     return false;
   }
+  if (!flush) return true;
   // The new name is on the disk once the folder is. Some file systems cannot flush a folder; the
   // file is in place all the same.
   const int folder = ::open(to.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -92,26 +97,28 @@ bool WriteAll(int file, std::string_view bytes) {
   return true;
 }
 
-bool WriteNew(const fs::path& path, const fs::path& replaced, std::string_view bytes,
-              std::string& error) {
-  const int file = OpenNew(path, replaced);
-  if (file < 0) {
-    error = LastError();
-    return false;
-  }
-  const bool written = WriteAll(file, bytes) && Flush(file);
-  if (!written) error = LastError();
-  if (Close(file)) return written;
-  if (written) error = LastError();
-  return false;
-}
-
 // Where the bytes go: a link is followed, so that it stays a link.
 fs::path FinalPath(const fs::path& path) {
   std::error_code failed;
   fs::path target = fs::is_symlink(path, failed) ? fs::weakly_canonical(path, failed) : path;
   if (failed) target = path;
   return fs::absolute(target, failed);
+}
+
+// A file that is there must be one that can be written: not read-only, not locked by another
+// program, no folder and no device.
+bool MayBeReplaced(const fs::path& path, std::string& error) {
+  std::error_code failed;
+  const fs::file_status status = fs::status(path, failed);
+  if (!fs::exists(status)) return true;  // what is wrong with its folder comes out on opening
+  if (!fs::is_regular_file(status)) {
+    error = std::generic_category().message(fs::is_directory(status) ? EISDIR : EINVAL);
+    return false;
+  }
+  const int file = OpenExisting(path);
+  if (file >= 0) return Close(file);
+  error = LastError();
+  return false;
 }
 
 }  // namespace
@@ -138,14 +145,59 @@ std::optional<std::string> ReadFile(const fs::path& path, std::string& error) {
   return bytes;
 }
 
-bool ReplaceFile(const fs::path& path, std::string_view bytes, std::string& error) {
-  const fs::path target = FinalPath(path);
-  fs::path partial = target;
-  partial += "." + std::to_string(ProcessId()) + ".tmp";
-  if (WriteNew(partial, target, bytes, error) && RenameOver(partial, target, error)) return true;
-  std::error_code ignored;
-  fs::remove(partial, ignored);
+bool FileReplacement::Open(const fs::path& path, std::string& error) {
+  Abandon();
+  target_ = FinalPath(path);
+  if (!MayBeReplaced(target_, error)) return false;
+  // A name of its own: the target's may be as long as names can be.
+  const std::string name = "~" + std::to_string(ProcessId()) + "-";
+  for (int number = 0; file_ < 0; ++number) {
+    partial_ = target_.parent_path() / (name + std::to_string(number) + ".tmp");
+    file_ = OpenNew(partial_, target_);
+    if (file_ < 0 && errno != EEXIST) {
+      error = LastError();
+      return false;
+    }
+  }
+  return true;
+}
+
+bool FileReplacement::Write(std::string_view bytes, std::string& error) {
+  if (WriteAll(file_, bytes)) return true;
+  error = LastError();
   return false;
+}
+
+bool FileReplacement::Overwrite(std::string_view bytes, std::string& error) {
+  if (GoTo(file_, SEEK_SET) && WriteAll(file_, bytes) && GoTo(file_, SEEK_END)) return true;
+  error = LastError();
+  return false;
+}
+
+bool FileReplacement::Commit(std::string& error, bool flush) {
+  const bool flushed = !flush || Flush(file_);
+  if (!flushed) error = LastError();
+  const bool closed = Close(std::exchange(file_, -1));
+  if (flushed && !closed) error = LastError();
+  if (flushed && closed && RenameOver(partial_, target_, flush, error)) return true;
+  RemovePartial();
+  return false;
+}
+
+void FileReplacement::Abandon() noexcept {
+  if (file_ < 0) return;
+  Close(std::exchange(file_, -1));
+  RemovePartial();
+}
+
+void FileReplacement::RemovePartial() noexcept {
+  std::error_code ignored;
+  fs::remove(partial_, ignored);
+}
+
+bool ReplaceFile(const fs::path& path, std::string_view bytes, std::string& error) {
+  FileReplacement file;
+  return file.Open(path, error) && file.Write(bytes, error) && file.Commit(error);
 }
 
 bool MakeFolder(const fs::path& path, std::string& error) {
@@ -157,12 +209,9 @@ bool MakeFolder(const fs::path& path, std::string& error) {
 }
 
 bool IsWritableFolder(const fs::path& path) {
-  const fs::path probe = path / ("ledgerminder." + std::to_string(ProcessId()) + ".probe");
+  FileReplacement probe;
   std::string ignored;
-  if (!WriteNew(probe, probe, "", ignored)) return false;
-  std::error_code failed;
-  fs::remove(probe, failed);
-  return true;
+  return probe.Open(path / "probe", ignored);
 }
 
 std::string PathText(const fs::path& path) {

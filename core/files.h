@@ -12,8 +12,38 @@ namespace lm {
 // than 1 GiB.
 std::optional<std::string> ReadFile(const std::filesystem::path& path, std::string& error);
 
-// Replaces the file whole: written beside itself, flushed to disk, renamed over. On failure the
-// old file stays as it was, the partial one is removed, and `error` tells the platform's reason.
+// A file that is written beside the one it will replace, and takes its place once it is complete
+// and on the disk. Until then, and after any failure, the old file stays as it was. What returns
+// false tells the platform's reason in `error`.
+class FileReplacement {
+ public:
+  FileReplacement() = default;
+  ~FileReplacement() { Abandon(); }
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+
+  // False when the folder is missing or takes no file, and when the old file cannot be written: it
+  // is read-only, locked, or not a file. A link is followed.
+  bool Open(const std::filesystem::path& path, std::string& error);
+  bool IsOpen() const { return file_ >= 0; }
+
+  // Only while it is open.
+  bool Write(std::string_view bytes, std::string& error);      // at the end
+  bool Overwrite(std::string_view bytes, std::string& error);  // at the beginning
+  // Closes it in any case. Without `flush` it is complete, but a power cut may lose the last ones:
+  // for documents, which can be made again, since waiting for the disk costs more than writing one.
+  bool Commit(std::string& error, bool flush = true);
+
+  void Abandon() noexcept;  // removes what was written; nothing when it is not open
+
+ private:
+  void RemovePartial() noexcept;
+
+  std::filesystem::path target_, partial_;
+  int file_ = -1;
+};
+
+// Replaces the file whole, in the way of FileReplacement.
 bool ReplaceFile(const std::filesystem::path& path, std::string_view bytes, std::string& error);
 
 // Makes the folder and those above it where they are missing; false, with the reason in `error`,

@@ -1,13 +1,10 @@
 #include "pdf/output.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <charconv>
-#include <system_error>
-#include <utility>
 
 #include "core/text.h"
 #include "pdf/filters.h"
+#include "pdf/notation.h"
 
 namespace lm::pdf {
 namespace {
@@ -19,9 +16,8 @@ constexpr int kUsualLevel = 3;
 constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 constexpr int kFileTrouble = 75;
 
-[[noreturn]] void ThrowFileTrouble(int reason) {
-  throw Error("The file cannot be written: " + std::generic_category().message(reason),
-              kFileTrouble);
+[[noreturn]] void ThrowFileTrouble(const std::string& reason) {
+  throw Error("The file cannot be written: " + reason, kFileTrouble);
 }
 
 struct Filter {
@@ -42,13 +38,17 @@ constexpr std::array kFilters{
            [](std::string_view bytes, int) { return EncodeAsciiHex(bytes); }},
 };
 
-// The format's own one-byte code for texts departs from Windows-1252 between 128 and 159, where
-// the euro, the dashes and the quotation marks are.
+// The format's own one-byte code for texts departs from Windows-1252 between 127 and 160, where
+// the euro, the dashes and the quotation marks are, at the soft hyphen and among the control
+// characters. A text that begins like a mark of Unicode would be taken for Unicode.
 bool NeedsUnicode(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte >= 0x80 && byte < 0xA0;
-  });
+  constexpr unsigned char kSoftHyphen = 0xAD;
+  return text.starts_with("\xFE\xFF") || text.starts_with("\xEF\xBB\xBF") ||
+         std::any_of(text.begin(), text.end(), [](char c) {
+           const auto byte = static_cast<unsigned char>(c);
+           const bool control = byte < ' ' && c != '\t' && c != '\n' && c != '\r';
+           return control || (byte >= 0x7F && byte <= 0xA0) || byte == kSoftHyphen;
+         });
 }
 
 // UTF-16, upper byte first, with its mark. Windows-1252 needs one to three bytes of UTF-8 a sign.
@@ -74,71 +74,46 @@ std::string Utf16(std::string_view windows1252) {
   return text;
 }
 
-std::string Escaped(std::string_view text) {
-  std::string out = "(";
-  for (const char c : text) {
-    if (c == '\\' || c == '(' || c == ')') out += '\\';
-    if (c == '\r')
-      out += "\\r";
-    else if (c == '\n')
-      out += "\\n";
-    else
-      out += c;
-  }
-  return out + ")";
-}
-
 }  // namespace
 
 std::string ShownText(std::string_view text) {
   return NeedsUnicode(text) ? Utf16(text) : std::string(text);
 }
 
-Output::~Output() { Discard(); }
-
 void Output::Open(const std::filesystem::path& path) {
   Discard();
-#ifdef _WIN32
-  std::FILE* file = _wfopen(path.c_str(), L"wb");
-#else
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-#endif
-  if (!file) ThrowFileTrouble(errno);
-  std::setvbuf(file, nullptr, _IONBF, 0);
-  file_ = file;
+  std::string reason;
+  if (!file_.Open(path, reason)) ThrowFileTrouble(reason);
   buffer_.clear();
   buffer_.reserve(kBufferSize);
-  size_ = 0;
   objectCount_ = 0;
   openObject_ = 0;
   offsets_.clear();
-  failure_ = 0;
-}
-
-void Output::Flush() {
-  if (failure_ != 0) ThrowFileTrouble(failure_);
-  errno = 0;
-  const bool taken = std::fwrite(buffer_.data(), 1, buffer_.size(), file_) == buffer_.size();
-  buffer_.clear();
-  if (taken) return;
-  failure_ = errno != 0 ? errno : EIO;
-  ThrowFileTrouble(failure_);
-}
-
-void Output::Close() {
-  if (!file_) return;
-  Flush();
-  errno = 0;
-  const bool closed = std::fclose(std::exchange(file_, nullptr)) == 0;
-  if (!closed) ThrowFileTrouble(errno != 0 ? errno : EIO);
-}
-
-void Output::Discard() noexcept {
-  if (file_) std::fclose(std::exchange(file_, nullptr));
+  failure_.clear();
 }
 
 void Output::RequireOpen() const {
-  if (!file_) throw Error("No document is open");
+  if (!IsOpen()) throw Error("No document is open");
+  if (!failure_.empty()) ThrowFileTrouble(failure_);
+}
+
+void Output::Flush() {
+  if (!file_.Write(buffer_, failure_)) ThrowFileTrouble(failure_);
+  buffer_.clear();
+}
+
+void Output::Close() {
+  RequireOpen();
+  Flush();
+  if (file_.Commit(failure_, false)) return;
+  size_ = 0;
+  ThrowFileTrouble(failure_);
+}
+
+void Output::Discard() noexcept {
+  if (!IsOpen()) return;
+  file_.Abandon();
+  size_ = 0;
 }
 
 void Output::Write(std::string_view line) {
@@ -149,16 +124,10 @@ void Output::Write(std::string_view line) {
   if (buffer_.size() >= kBufferSize) Flush();
 }
 
-void Output::Patch(std::int64_t offset, std::string_view bytes) {
+void Output::Overwrite(std::string_view bytes) {
   RequireOpen();
   Flush();
-  errno = 0;
-  const bool written = std::fseek(file_, static_cast<long>(offset), SEEK_SET) == 0 &&
-                       std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() &&
-                       std::fseek(file_, 0, SEEK_END) == 0;
-  if (written) return;
-  failure_ = errno != 0 ? errno : EIO;
-  ThrowFileTrouble(failure_);
+  if (!file_.Overwrite(bytes, failure_)) ThrowFileTrouble(failure_);
 }
 
 void Output::BeginObject(int number) {
@@ -193,7 +162,7 @@ int Output::WriteNewObject(std::string_view body) {
 std::string Output::Text(std::string_view text) const {
   std::string bytes = ShownText(text);
   if (encryption.IsOn()) bytes = encryption.Encipher(bytes, openObject_);
-  return Escaped(bytes);
+  return LiteralString(bytes);
 }
 
 void Output::WriteStream(StreamClass streamClass, std::string_view dictionary,

@@ -4,12 +4,12 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/files.h"
 #include "pdf/encryption.h"
 #include "pdf/error.h"
 
@@ -30,21 +30,17 @@ std::string ShownText(std::string_view text);
 
 class Output {
  public:
-  Output() = default;
-  ~Output();
-  Output(const Output&) = delete;
-  Output& operator=(const Output&) = delete;
+  // What is written takes the place of `path` when Close succeeds; until then, and after a failure,
+  // an old file of that name is as it was. Throws Error when it could not be replaced.
+  void Open(const std::filesystem::path& path);
+  bool IsOpen() const { return file_.IsOpen(); }
+  void Close();                                // throws Error when the disk did not take everything
+  void Discard() noexcept;                     // forgets what was written; nothing after Close
+  std::int64_t Size() const { return size_; }  // also after Close; 0 after a failure
 
-  void Open(const std::filesystem::path& path);  // replaces the file; throws Error
-  bool IsOpen() const { return file_ != nullptr; }
-  void Close();             // flushes; throws Error when the disk did not take it
-  void Discard() noexcept;  // closes without a word
-  std::int64_t Size() const { return size_; }
-
-  // The text and one line feed. Throws Error with no file open, and when the disk is full.
+  // The text and one line feed. Throws Error with no file open, and once the disk is full.
   void Write(std::string_view line);
-  // Overwrites bytes at an offset from the start, for the header's version.
-  void Patch(std::int64_t offset, std::string_view bytes);
+  void Overwrite(std::string_view bytes);  // the first bytes of the file
 
   bool HasObjects() const { return IsOpen() && !offsets_.empty(); }
   int ObjectCount() const { return objectCount_; }
@@ -86,11 +82,11 @@ class Output {
   void WriteCrossReference();
 
  private:
-  void RequireOpen() const;  // throws Error
+  void RequireOpen() const;  // throws Error, also when a write has failed
   void Flush();
 
-  std::FILE* file_ = nullptr;
-  int failure_ = 0;  // errno of a write that failed: the file is spoilt from then on
+  FileReplacement file_;
+  std::string failure_;  // of a write: the file is spoilt from then on
   std::string buffer_;
   std::int64_t size_ = 0;
   int objectCount_ = 0;
