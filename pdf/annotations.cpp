@@ -53,10 +53,15 @@ std::string EncodedAddress(std::string_view address) {
   return out;
 }
 
-// As the format writes file names, parted by "/", without the two slashes of an address.
+// As the format writes file names, parted by "/", without the two slashes of an address; a drive
+// stands as a folder: "/C/terms.pdf".
 std::string FileName(std::string_view target) {
-  const std::string name = Replace(target, "\\", "/");
-  return name.starts_with("///") ? name.substr(2) : name;
+  std::string name = Replace(target, "\\", "/");
+  if (name.starts_with("///")) name.erase(0, 2);
+  const std::size_t drive = name.starts_with("/") ? 1 : 0;
+  if (name.find(":/", drive) == drive + 1)
+    return "/" + name.substr(drive, 1) + name.substr(drive + 2);
+  return name;
 }
 
 std::string ScriptText(std::string_view text) {
@@ -104,6 +109,7 @@ void Annotations::LinkTo(std::string_view target, double borderWidth, int highli
                            : "/Border [ 0 0 0] ";
   if (highlight >= 0 && highlight < static_cast<int>(std::size(kHighlights)))
     begin += kHighlights[highlight];
+  if (document_.pdfA) begin += " /F 4";  // every annotation is printed
   WriteLink(begin + " ", target);
 }
 
@@ -124,6 +130,8 @@ void Annotations::WriteLink(const std::string& begin, std::string_view target) {
   }
 
   std::string script;
+  if (kind.action == Action::Script || kind.action == Action::Layer)
+    RefuseInPdfA(document_, "scripts");
   if (kind.action == Action::Script) script = rest;
   if (kind.action == Action::Layer) script = LayerScript(rest);
   const std::string scriptAction = script.empty() ? "" : WriteScript(document_, script);

@@ -11,16 +11,22 @@
 #include "pdf/document.h"
 #include "pdf/events.h"
 #include "pdf/fields.h"
+#include "pdf/fieldtexts.h"
 
 namespace lm::pdf {
 
 class Annotations {
  public:
-  explicit Annotations(Document& document)
-      : document_(document), bookmarks_(document), fields_(document), events_(document) {}
+  Annotations(Document& document, Fonts& fonts)
+      : document_(document),
+        fonts_(fonts),
+        texts_(document, fonts),
+        bookmarks_(document),
+        fields_(document, fonts),
+        events_(document) {}
 
   // Puts a file, read whole, into the document; see clsPDFCreator::AddAttach. Throws Error 53 when
-  // it is not there, 5 when it is larger than kAttachmentCap.
+  // it is not there, 5 when it is larger than kAttachmentCap, and under PDF/A.
   void AddAttach(std::string_view path, std::string_view description);
 
   // A link on the box of the last drawing. target, its prefix in any case:
@@ -32,7 +38,8 @@ class Annotations {
   //   "page:PAGE[,FIT[,x[,y[,zoom]]]]" a page, as DefineRef and AddBookmark take them
   //   "bookmark:N"                  where that bookmark leads, "bookmark:@" the last one
   // borderWidth in user units. highlight 0 none, 1 inverted, 2 outline, 3 pushed; others leave it
-  // to the viewer. Throws Error without an open page and for a target it does not understand.
+  // to the viewer. Throws Error without an open page and for a target it does not
+  // understand, and under PDF/A for a script and for layers.
   void LinkTo(std::string_view target, double borderWidth, int highlight);
 
   // See clsPDFCreator::DrawNote. alignment of a free text: 0 left, 1 centre, 2 right. A stamp
@@ -106,7 +113,15 @@ class Annotations {
   std::string NameEntries() const;
   std::string LabelEntries() const;
 
+  Appearance FreeTextLook(const PageBox& box, std::string_view text, std::string_view ground,
+                          int alignment) const;
+  Appearance StampLook(const PageBox& box, std::string_view words, std::string_view colour) const;
+  Appearance SheetLook(const PageBox& box, std::string_view colour) const;
+  Appearance FramedLook(const Frame& frame, std::string_view text) const;
+
   Document& document_;
+  Fonts& fonts_;
+  FieldTexts texts_;
   Bookmarks bookmarks_;
   Fields fields_;
   Events events_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <vector>
 
 #include "pdf/colours.h"
@@ -36,7 +37,8 @@ PageBox BoxOnPage(const Document& document, double left, double top, double righ
 }
 
 PageBox BoxInUnits(const Document& document, double x, double y, double width, double height) {
-  if (!(width > 0 && height > 0)) throw Error("The box has no size");
+  const bool finite = std::isfinite(x) && std::isfinite(y) && std::isfinite(width + height);
+  if (!finite || !(width > 0 && height > 0)) throw Error("The box has no size");
   return BoxOnPage(document, document.ToPoints(x), document.ToPoints(y),
                    document.ToPoints(x + width), document.ToPoints(y + height));
 }
@@ -63,36 +65,21 @@ std::string ColourOperator(std::string_view stored, bool forLines) {
   return std::string(Values(stored)).append(forLines ? space->lineOperator : space->fillOperator);
 }
 
-int WriteFont(Document& document, const ViewerFont& font) {
-  return document.out.WriteNewObject("<< /Type /Font /Subtype /Type1 /BaseFont /" +
-                                     std::string(font.base) +
-                                     (font.letters ? " /Encoding /WinAnsiEncoding >>" : " >>"));
-}
-
-std::string UseFont(Document& document, const ViewerFont& font) {
-  const std::string name = document.Name(font.resource);
-  if (!HasResource(document.fonts, name))
-    document.fonts += name + " " + std::to_string(WriteFont(document, font)) + " 0 R ";
-  return name;
-}
-
-std::string DefaultAppearance(Document& document) {
-  const TextState& text = document.state.text;
-  const std::string font =
-      text.fontResource.empty() ? UseFont(document, kHelvetica) : document.Name(text.fontResource);
-  return font + " " + document.Points(text.size) + " Tf " +
-         ColourOperator(document.state.colours.text, false);
-}
-
-int WriteAppearance(Document& document, double width, double height, std::string_view operators) {
+int WriteAppearance(Document& document, const PageBox& box, const Appearance& picture) {
   const int object = document.out.BeginNewObject();
+  const std::string fonts = picture.fonts.empty() ? "" : "/Font << " + picture.fonts + ">> ";
   document.out.WriteStream(StreamClass::Contents,
                            "<< /Type /XObject /Subtype /Form /FormType 1 /BBox [ 0 0 " +
-                               document.Points(width) + " " + document.Points(height) +
-                               " ] /Resources 3 0 R ",
-                           operators);
+                               document.Points(box.Width()) + " " + document.Points(box.Height()) +
+                               " ] /Matrix [1 0 0 1 0 0] /Resources << /ProcSet [/PDF /Text] " +
+                               fonts + ">> ",
+                           picture.operators);
   document.out.EndObject();
   return object;
+}
+
+void RefuseInPdfA(const Document& document, std::string_view thing) {
+  if (document.pdfA) throw Error("PDF/A allows no " + std::string(thing));
 }
 
 }  // namespace lm::pdf

@@ -1,4 +1,4 @@
-// What links, notes and form fields share: their place on the page, colours, fonts and pictures.
+// What links, notes and form fields share: their place on the page, colours and pictures.
 #pragma once
 
 #include <string>
@@ -35,25 +35,16 @@ std::string RgbNumbers(const Document& document, std::string_view stored);
 // The operator that chooses it, "0.5 0 0 rg" or "0.5 0 0 RG"; black for a pattern.
 std::string ColourOperator(std::string_view stored, bool forLines);
 
-// A font that every viewer has.
-struct ViewerFont {
-  std::string_view resource, base;
-  bool letters;  // has letters, so takes their encoding
+// The look of an annotation in one state.
+struct Appearance {
+  std::string operators;  // from the lower left corner of its box
+  std::string fonts;      // entries of its resources
 };
-inline constexpr ViewerFont kHelvetica = {"Helv", "Helvetica", true};
-inline constexpr ViewerFont kCourierBold = {"CoBo", "Courier-Bold", true};
-inline constexpr ViewerFont kDingbats = {"ZaDb", "ZapfDingbats", false};
 
-// Writes its object; returns its number.
-int WriteFont(Document& document, const ViewerFont& font);
+// Writes it as a form; returns its object.
+int WriteAppearance(Document& document, const PageBox& box, const Appearance& picture);
 
-// The same once, as a resource of the document; its name object.
-std::string UseFont(Document& document, const ViewerFont& font);
-
-// /DA's text: the font, size and text colour in force; Helvetica when no font was chosen.
-std::string DefaultAppearance(Document& document);
-
-// A picture of an annotation of this size in points; returns its object.
-int WriteAppearance(Document& document, double width, double height, std::string_view operators);
+// Throws Error under PDF/A, which has no place for the thing named.
+void RefuseInPdfA(const Document& document, std::string_view thing);
 
 }  // namespace lm::pdf

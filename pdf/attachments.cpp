@@ -2,11 +2,13 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "pdf/annotations.h"
+#include "pdf/annots.h"
 #include "pdf/error.h"
 
 namespace lm::pdf {
 
 void Annotations::AddAttach(std::string_view path, std::string_view description) {
+  RefuseInPdfA(document_, "attachments");
   const std::filesystem::path file = PathFromText(path);
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(file, ignored))

@@ -64,7 +64,7 @@ void clsPDFCreator::Build() {
   graphics_ = std::make_unique<pdf::Graphics>(*document_, *fonts_);
   texts_ = std::make_unique<pdf::Texts>(*document_, *fonts_, *graphics_);
   images_ = std::make_unique<pdf::Images>(*document_, *graphics_);
-  annotations_ = std::make_unique<pdf::Annotations>(*document_);
+  annotations_ = std::make_unique<pdf::Annotations>(*document_, *fonts_);
   import_ = std::make_unique<pdf::Import>(*document_);
   import_->Share(fileCache_);
   pages_ =

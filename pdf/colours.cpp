@@ -124,29 +124,38 @@ std::string PatternName(std::string_view pattern, const Document& document) {
 
 std::string Selection(std::string_view stored, const Document& document, bool fill) {
   if (stored.empty()) return "";
-  const std::string space = fill ? " cs " : " CS ";
-  const std::string pattern = fill ? " scn\n" : " SCN\n";
   const ColourSpace* plain = SpaceOf(stored);
-  if (!plain) return "/Pattern" + space + PatternName(stored, document) + pattern;
-  const std::size_t slash = stored.find('/');
-  const std::string values(stored.substr(1, std::min(slash, stored.size()) - 1));
-  if (slash == std::string_view::npos) {
-    return values + std::string(fill ? plain->fillOperator : plain->lineOperator) + "\n";
+  const std::size_t slash = plain ? stored.find('/') : std::string_view::npos;
+  if (plain && slash == std::string_view::npos) {
+    std::string operators(stored.substr(1));
+    return operators.append(fill ? plain->fillOperator : plain->lineOperator) += '\n';
   }
-  return "/" + std::string(plain->patternSpace) + space + values + " " +
-         PatternName(stored.substr(slash + 1), document) + pattern;
+  std::string operators = "/";
+  operators.append(plain ? plain->patternSpace : "Pattern") += fill ? " cs " : " CS ";
+  if (plain) operators.append(stored.substr(1, slash - 1)) += ' ';
+  operators += PatternName(plain ? stored.substr(slash + 1) : stored, document);
+  return operators += fill ? " scn\n" : " SCN\n";
+}
+
+const NamedColour* FindNamed(std::string_view name) {
+  const auto* found =
+      std::find_if(std::begin(kNamedColours), std::end(kNamedColours),
+                   [&](const NamedColour& colour) { return EqualsIgnoreCase(name, colour.name); });
+  return found == std::end(kNamedColours) ? nullptr : found;
 }
 
 }  // namespace
+
+bool IsColourNotation(std::string_view text) {
+  return text.empty() || text == "-1" || AllDigits(text) || SpaceOf(text) || FindNamed(text);
+}
 
 std::string StoredColour(std::string_view input, const Document& document) {
   const std::string_view text = Trim(input);
   if (text.empty() || text == "-1") return "";
   if (AllDigits(text)) return FromNumber(text, document);
   if (SpaceOf(text)) return FromSign(text, document);
-  for (const NamedColour& named : kNamedColours) {
-    if (EqualsIgnoreCase(text, named.name)) return std::string(named.stored);
-  }
+  if (const NamedColour* named = FindNamed(text)) return std::string(named->stored);
   if (!document.patternNames.contains(std::string(text))) Refuse(text);
   return std::string(text);
 }

@@ -16,6 +16,9 @@ namespace lm::pdf {
 // Error for what is no colour.
 std::string StoredColour(std::string_view input, const Document& document);
 
+// True of what is a colour in every document, or set out like one: no pattern can be called so.
+bool IsColourNotation(std::string_view text);
+
 struct ColourSpace {
   char sign;  // the stored form's first character
   std::string_view fillOperator, lineOperator;

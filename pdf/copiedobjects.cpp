@@ -1,6 +1,9 @@
 #include "pdf/copiedobjects.h"
 
+#include <algorithm>
+
 #include "pdf/filters.h"
+#include "pdf/notation.h"
 #include "pdf/reader/objects.h"
 
 namespace lm::pdf {
@@ -8,6 +11,25 @@ namespace {
 
 // What the writer of a stream tells itself.
 bool IsWrittenByStream(const Value& key) { return key.IsName("Length") || key.IsName("Filter"); }
+
+// The part that readers take of a number such as "--5" or "0.00-35", which some writers put.
+std::string SoundNumber(const Value& value) {
+  constexpr std::string_view kDigits = "0123456789";
+  if (!value.Number()) return "0";
+  const std::string_view text = value.text;
+  const std::size_t first = text.find_first_not_of("+-");
+  std::size_t end = text.find_first_not_of(kDigits, first);
+  if (end < text.size() && text[end] == '.') end = text.find_first_not_of(kDigits, end + 1);
+  const std::size_t start = first == 0 ? 0 : first - 1;  // with one sign
+  return std::string(text.substr(start, std::min(end, text.size()) - start));
+}
+
+// With a "#" that begins no code as a code of its own.
+std::string SoundName(const Value& value) {
+  const std::string name = value.Name();
+  const bool isSound = name.empty() || value.text.find('#') == std::string_view::npos;
+  return isSound ? std::string(value.text) : "/" + EscapedName(name);
+}
 
 }  // namespace
 
@@ -97,7 +119,9 @@ std::string ObjectCopier::FilterText(const Value& dictionary) const {
     if (!names.empty()) names += ' ';
     names += name.text;
   }
-  return names.empty() ? names : "[" + names + "]";
+  // A list of one keeps its brackets, for its /DecodeParms is a list too.
+  const bool isOne = !names.empty() && names.find(' ') == names.npos;
+  return isOne ? "[" + names + "]" : names;
 }
 
 std::string ObjectCopier::Text(const Value& value, int number) const {
@@ -128,8 +152,15 @@ void ObjectCopier::Append(const Value& value, int number, std::string& out) cons
     case ValueKind::Null:
       out += "null ";
       return;
+    case ValueKind::Number:
+      out += SoundNumber(value) + " ";
+      return;
+    case ValueKind::Name:
+      out += SoundName(value) + " ";
+      return;
     case ValueKind::String:
-      if (out_.encryption.IsOn()) {
+      // Hexadecimal ones may hold signs that are no digits, which readers pass over.
+      if (out_.encryption.IsOn() || value.text.starts_with('<')) {
         out += "<" + EncodeAsciiHex(out_.encryption.Encipher(value.StringBytes(), number)) + " ";
         return;
       }

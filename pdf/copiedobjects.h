@@ -30,7 +30,7 @@ class ObjectCopier {
 
   // The value as text within the output's object `number`; after Write.
   std::string Text(const Value& value, int number) const;
-  // The names of a stream's filters as /Filter has them, "" for none.
+  // The names of a stream's filters as Output::StreamOptions has them, "" for none.
   std::string FilterText(const Value& dictionary) const;
 
  private:

@@ -1,8 +1,10 @@
 #include "pdf/document.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace lm::pdf {
 namespace {
@@ -43,23 +45,51 @@ void Document::Draw(std::string_view operators) {
   }
 }
 
+void Document::Transform(const Matrix& matrix) {
+  const auto [a, b, c, d, e, f] = matrix;
+  std::string operators;
+  for (const double number : {a, b, c, d, e, f}) operators += Points(number) + " ";
+  Draw(operators + "cm\n");
+  const Matrix& outer = state.toPage;
+  state.toPage = {outer.a * a + outer.c * b,           outer.b * a + outer.d * b,
+                  outer.a * c + outer.c * d,           outer.b * c + outer.d * d,
+                  outer.a * e + outer.c * f + outer.e, outer.b * e + outer.d * f + outer.f};
+}
+
+void Document::RememberBox(double left, double top, double right, double bottom) {
+  const auto [a, b, c, d, e, f] = state.toPage;
+  const auto [xLow, xHigh] = std::minmax(
+      {a * left + c * top, a * right + c * top, a * left + c * bottom, a * right + c * bottom});
+  const auto [yLow, yHigh] = std::minmax(
+      {b * left + d * top, b * right + d * top, b * left + d * bottom, b * right + d * bottom});
+  lastBox = {xLow + e, yLow + f, xHigh + e, yHigh + f};
+}
+
 std::string Document::Points(double points) const {
+  std::string text;
+  AppendPoints(points, text);
+  return text;
+}
+
+void Document::AppendPoints(double points, std::string& out) const {
   const double unit = kPowersOfTen[static_cast<std::size_t>(precision)];
-  const double scaled = std::floor(std::abs(points) * unit + 0.5);
-  if (!(scaled > 0)) return "0";
+  const double scaled = std::abs(points) * unit + 0.5;  // to be cut to an integer
+  if (!(scaled >= 1) || std::abs(points) > std::numeric_limits<float>::max()) {
+    out += '0';
+    return;
+  }
 
   std::array<char, 64> text;  // 39 digits at most before the point
-  char* out = text.data();
+  char* stop = text.data();
   char* const end = text.data() + text.size();
-  if (points < 0) *out++ = '-';
+  if (points < 0) *stop++ = '-';
   if (scaled < kSevenDigits) {
-    out = WriteScaled(out, end, static_cast<std::uint32_t>(scaled), precision);
+    stop = WriteScaled(stop, end, static_cast<std::uint32_t>(scaled), precision);
   } else {
-    const auto single = static_cast<float>(scaled / unit);
-    if (!std::isfinite(single)) return "0";
-    out = std::to_chars(out, end, single, std::chars_format::fixed).ptr;
+    const auto single = static_cast<float>(std::floor(scaled) / unit);
+    stop = std::to_chars(stop, end, single, std::chars_format::fixed).ptr;
   }
-  return {text.data(), out};
+  out.append(text.data(), stop);
 }
 
 }  // namespace lm::pdf

@@ -42,12 +42,18 @@ struct TextState {
   double radius = 0;
 };
 
+// As a cm operator has it: (x, y) goes to (ax + cy + e, bx + dy + f).
+struct Matrix {
+  double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
+};
+
 // Everything that BeginSpace saves and EndSpace restores.
 struct DrawState {
   Colours colours;
   TextState text;
   double lineWidth = 1;  // points
   double x = 0, y = 0;   // cursor, points from the top left
+  Matrix toPage;         // from the coordinates in force to those of the page
 };
 
 // The box of the last drawing, in points from the top left of the page: what LinkTo takes.
@@ -61,6 +67,7 @@ struct Page {
   int view = 0;                  // 0 none, 1 /Rotate 270, 2 /Rotate 180, 3 /Rotate 90
   std::string annotations;       // "n 0 R " joined
   double width = 0, height = 0;  // points
+  Matrix toPage;                 // in force where the contents end
 };
 
 enum class Target { None, Page, Object, Tiling };
@@ -90,11 +97,16 @@ struct Document {
 
   // Appends operators to the open target; with none open they are lost.
   void Draw(std::string_view operators);
+  // Draws a "cm" and counts with it from then on.
+  void Transform(const Matrix& matrix);
+  // Sets lastBox from a box in the coordinates in force; in a turned space, the box around it.
+  void RememberBox(double left, double top, double right, double bottom);
   void RaiseVersion(int step) { versionStep = versionStep < step ? step : versionStep; }
 
   // A number as PDF writes it, rounded to the precision, halves away from zero, a point always,
   // no trailing zeros, never an exponent; what is not finite is 0.
   std::string Points(double points) const;
+  void AppendPoints(double points, std::string& out) const;
   std::string Units(double userUnits) const { return Points(userUnits * scale); }
   double ToPoints(double userUnits) const { return userUnits * scale; }
   double ToUnits(double points) const { return points / scale; }

@@ -61,17 +61,17 @@ std::string HexadecimalString(std::string_view bytes) {
   return text + ">";
 }
 
-// Closes the file when the end of the document fails half-way.
-struct FileCloser {
+// Gives the file up when the end of the document fails half-way.
+struct Discarder {
   Output& out;
-  ~FileCloser() { out.Discard(); }
+  ~Discarder() { out.Discard(); }
 };
 
 }  // namespace
 
 void Pages::EndDoc() {
   RequireDocument();
-  const FileCloser closer{document_.out};
+  const Discarder discarder{document_.out};
   if (document_.pages.empty()) BeginPage(0);
   CloseWhatIsOpen();
 
@@ -88,8 +88,9 @@ void Pages::EndDoc() {
   WriteTrailer(catalog, information, encryption);
 
   if (document_.versionStep != 0)
-    document_.out.Patch(0, "%PDF-1." + std::to_string(3 + document_.versionStep));
+    document_.out.Overwrite("%PDF-1." + std::to_string(3 + document_.versionStep));
   document_.out.Close();
+  finished_ = true;
 }
 
 int Pages::WriteEncryption() {

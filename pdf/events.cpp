@@ -80,6 +80,7 @@ std::string FindEventKey(std::span<const EventKind> kinds, std::string_view kind
 }
 
 void Events::OnDocEvent(std::string_view kind, std::string_view script) {
+  RefuseInPdfA(document_, "scripts");
   const std::string key = FindEventKey(kDocumentKinds, kind);
   if (key == kGlobal) {
     globalScript_ += (globalScript_.empty() ? "" : "\r") + std::string(script);
@@ -99,6 +100,7 @@ void Events::CheckNewPage() const {
 }
 
 void Events::OnPageEvent(std::string_view kind, std::string_view script) {
+  RefuseInPdfA(document_, "scripts");
   CheckNewPage();
   page_[FindEventKey(kPageKinds, kind)] = script;
 }

@@ -33,11 +33,11 @@ class Events {
   // Kinds: "WC" will close, "WS" will save, "DS" did save, "WP" will print, "DP" did print, "Open"
   // when the document opens; "" and "Global" take a script that every other one can use. Also by
   // the words "WillClose" and so on; case does not matter. A second script of a kind replaces the
-  // first; global ones are joined. Throws Error for another kind.
+  // first; global ones are joined. Throws Error for another kind and under PDF/A.
   void OnDocEvent(std::string_view kind, std::string_view script);
 
   // "O" ("Open") and "C" ("Close") of the open page. Throws Error for another kind, without an open
-  // page, and on a page that was written before.
+  // page, on a page that was written before, and under PDF/A.
   void OnPageEvent(std::string_view kind, std::string_view script);
 
   // kind: 0 none; 1 to 4 split (across in, down in, across out, down out); 5 to 8 wipe (to the
@@ -45,7 +45,8 @@ class Events {
   // dissolve; 14 to 16 glitter (to the right, down, to the lower right); 17 replace; 18 and 19 fly
   // (in, out); 20 to 23 push and 24 to 27 cover (each to the right, down, to the left, up); 28
   // fade. Others are ignored. duration: seconds of the transition, 1 when not above 0. shownFor:
-  // seconds until the next page turns up by itself, 0 never. Throws Error as OnPageEvent does.
+  // seconds until the next page turns up by itself, 0 never. Throws Error without an open page and
+  // on one that was written before.
   void SetPageTransition(int kind, double duration, double shownFor);
 
   void AtPageBegin();

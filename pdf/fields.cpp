@@ -7,18 +7,22 @@
 #include "pdf/colours.h"
 #include "pdf/error.h"
 #include "pdf/events.h"
-#include "pdf/fieldpictures.h"
+#include "pdf/fonts.h"
 #include "pdf/notation.h"
+#include "pdf/scope.h"
+#include "pdf/textbox.h"
 
 namespace lm::pdf {
 namespace {
 
-constexpr int kRadio = 5;
+constexpr int kList = 3, kRadio = 5;
+constexpr std::string_view kDingbats = "/ZaDb";
 constexpr std::size_t kLongestName = 1000;
 
 // Bits of /Ff that every field takes: read only, required, not exported.
 constexpr int kAnyField = 7;
-constexpr int kSeveralChoices = 0x200000;
+constexpr int kSeveralLines = 0x1000, kPassword = 0x2000;
+constexpr int kSorted = 0x80000, kSeveralChoices = 0x200000;
 
 enum class Holds { Text, Caption, Choice, State };
 
@@ -31,14 +35,15 @@ struct FieldType {
 };
 // By DrawField's type.
 constexpr FieldType kFieldTypes[] = {
-    {"/Tx", Holds::Text, 0, kAnyField | 0x1000 | 0x2000 | 0x400000 | 0x800000, ""},
+    {"/Tx", Holds::Text, 0, kAnyField | kSeveralLines | kPassword | 0x400000 | 0x800000, ""},
     {"/Btn", Holds::Caption, 0x10000, kAnyField, ""},
-    {"/Ch", Holds::Choice, 0x20000, kAnyField | 0x40000 | 0x80000 | 0x400000, ""},
-    {"/Ch", Holds::Choice, 0, kAnyField | 0x80000 | kSeveralChoices, ""},
+    {"/Ch", Holds::Choice, 0x20000, kAnyField | 0x40000 | kSorted | 0x400000, ""},
+    {"/Ch", Holds::Choice, 0, kAnyField | kSorted | kSeveralChoices, ""},
     {"/Btn", Holds::State, 0, kAnyField, "4"},
     {"/Btn", Holds::State, 0x8000, kAnyField | 0x4000, "l"},
 };
 
+// By BorderStyle.
 constexpr std::string_view kBorderStyles[] = {"/S /S", "/S /D /D [ 1 1 ]", "/S /B", "/S /I",
                                               "/S /U"};
 
@@ -98,16 +103,20 @@ void Fields::DrawField(int type, std::string_view name, double x, double y, doub
   else if (!items.empty())
     for (const std::string_view item : Split(items, '|')) field.items.emplace_back(item);
   field.flags = rule.flags | (flags & rule.mayHave);
+  if (field.flags & kSorted)
+    std::ranges::sort(field.items, [](const std::string& a, const std::string& b) {
+      return CompareIgnoreCase(a, b) < 0;
+    });
   field.box = BoxInUnits(document_, x, y, width, height);
-  if (!borderColour.empty()) field.borderColour = StoredColour(borderColour, document_);
-  if (!backColour.empty()) field.backColour = StoredColour(backColour, document_);
-  field.textColour = document_.state.colours.text;
-  field.borderWidth = document_.ToPoints(std::max(borderWidth, 0.0));
+  field.frame = {.width = field.box.Width(),
+                 .height = field.box.Height(),
+                 .borderWidth = document_.ToPoints(std::max(borderWidth, 0.0)),
+                 .borderColour = StoredColour(borderColour, document_),
+                 .backColour = StoredColour(backColour, document_),
+                 .round = type == kRadio};
   if (borderStyle > 0 && borderStyle < static_cast<int>(std::size(kBorderStyles)))
-    field.borderStyle = static_cast<std::size_t>(borderStyle);
-  field.defaultAppearance = rule.holds == Holds::State
-                                ? UseDingbats() + " 0 Tf " + ColourOperator(field.textColour, false)
-                                : DefaultAppearance(document_);
+    field.frame.style = static_cast<BorderStyle>(borderStyle);
+  DrawPicture(field);
 
   field.object = document_.out.ReserveObject();
   AddToPage(document_, field.object);
@@ -120,8 +129,53 @@ void Fields::DrawField(int type, std::string_view name, double x, double y, doub
 
 // Viewers that draw ticks and dots themselves look for the font under this name and no other.
 std::string Fields::UseDingbats() {
-  if (dingbats_ == 0) dingbats_ = WriteFont(document_, kDingbats);
-  return "/" + std::string(kDingbats.resource);
+  if (dingbats_ == 0) {
+    const Restored<TextState> restored(document_.state.text);
+    fonts_.Set("ZapfDingbats", 0, 0, 0);
+    dingbats_ = fonts_.Current().object;
+  }
+  return std::string(kDingbats);
+}
+
+// The picture and the text of /DA. Under PDF/A no viewer draws ticks and dots itself, so that the
+// font for them, which is in no file, is left out.
+void Fields::DrawPicture(Field& field) {
+  const std::string& textColour = document_.state.colours.text;
+  field.picture.operators =
+      TopDown(document_, field.frame.height, DrawFrame(document_, field.frame));
+  if (TypeOf(field.type).holds == Holds::State) {
+    field.onOperators =
+        TopDown(document_, field.frame.height, DrawMark(document_, field.frame, textColour));
+    if (!document_.pdfA)
+      field.defaultAppearance = UseDingbats() + " 0 Tf " + ColourOperator(textColour, false);
+    return;
+  }
+  texts_.EnsureFont();
+  field.defaultAppearance = texts_.DefaultAppearance();
+  field.picture.fonts = texts_.FontEntry();
+  const std::string text = TopDown(document_, field.frame.height, TextOperators(field));
+  // Viewers that draw a text again put it in the place of the marked one.
+  field.picture.operators +=
+      TypeOf(field.type).holds == Holds::Caption ? text : "/Tx BMC\r" + text + "EMC\r";
+}
+
+std::string Fields::TextOperators(const Field& field) const {
+  const Frame& frame = field.frame;
+  if (TypeOf(field.type).holds == Holds::Caption)
+    return texts_.Line(frame, field.value, kTextCentre);
+  if (field.type == kList) return texts_.Rows(frame, field.items, Chosen(field));
+  if (field.flags & kPassword)
+    return texts_.Line(frame, std::string(field.value.size(), '*'), kTextLeft);
+  if (field.flags & kSeveralLines) return texts_.Paragraphs(frame, field.value, kTextLeft);
+  return texts_.Line(frame, field.value, kTextLeft);
+}
+
+// The chosen items of a combo or list.
+std::vector<std::string> Fields::Chosen(const Field& field) {
+  if (!(field.flags & kSeveralChoices)) return {field.value};
+  std::vector<std::string> chosen;
+  for (const std::string_view item : Split(field.value, '|')) chosen.emplace_back(item);
+  return chosen;
 }
 
 // A name is used by one field, or by one group of radio buttons, or stands above others.
@@ -190,6 +244,7 @@ void Fields::PlaceInGroup(Field& field, const std::string& name) {
 }
 
 void Fields::OnFieldEvent(std::string_view kind, std::string_view script) {
+  RefuseInPdfA(document_, "scripts");
   const std::string key = FindEventKey(kFieldKinds, kind);
   if (pending_.empty()) throw Error("No field on the page");
   pending_.back().scripts[key] = script;
@@ -212,17 +267,14 @@ Fields::Written Fields::WriteBefore(const Field& field) {
   if (!scripts.empty())
     written.actions += " /AA <<" + WriteScriptActions(document_, scripts) + " >>";
 
+  const int picture = WriteAppearance(document_, field.box, field.picture);
+  written.appearance = " /AP << /N " + Reference(picture) + ">>";
   if (TypeOf(field.type).holds == Holds::State) {
-    const double width = field.box.Width(), height = field.box.Height();
-    const ButtonPicture picture = {
-        field.type == kRadio, width,           height, field.borderWidth, field.borderColour,
-        field.backColour,     field.textColour};
-    const int on = WriteAppearance(document_, width, height, DrawButton(document_, picture, true));
-    const int off =
-        WriteAppearance(document_, width, height, DrawButton(document_, picture, false));
+    const int on =
+        WriteAppearance(document_, field.box, {field.picture.operators + field.onOperators, ""});
     written.appearance = " /AS " + StateName(field.on ? field.state : "") + " /AP << /N << " +
-                         StateName(field.state) + " " + Reference(on) + "/Off " + Reference(off) +
-                         ">> >>";
+                         StateName(field.state) + " " + Reference(on) + "/Off " +
+                         Reference(picture) + ">> >>";
   }
   return written;
 }
@@ -232,16 +284,15 @@ void Fields::WriteField(const Field& field, const Written& written, int page) {
   out.BeginObject(field.object);
   std::string body = "<< /Type /Annot /Subtype /Widget ";
   body += " /Rect [ " + field.box.Text(document_) + " ] /F 4 ";
-  body += "/BS << /Type /Border /W " + document_.Points(field.borderWidth) + " " +
-          std::string(kBorderStyles[field.borderStyle]) + " >>\r";
-  if (field.type != kRadio) {
-    body += "/T " + out.Text(field.partialName) + " " + FieldEntries(field) + ValueEntries(field);
-  }
+  body += "/BS << /Type /Border /W " + document_.Points(field.frame.borderWidth) + " " +
+          std::string(kBorderStyles[static_cast<std::size_t>(field.frame.style)]) + " >>\r";
+  if (field.type != kRadio)
+    body += " /T " + out.Text(field.partialName) + " " + FieldEntries(field) + ValueEntries(field);
   if (field.parent != 0) body += " /Parent " + Reference(field.parent);
 
   const FieldType& rule = TypeOf(field.type);
-  body +=
-      " /MK << " + ColourEntry("/BC ", field.borderColour) + ColourEntry("/BG ", field.backColour);
+  body += " /MK << " + ColourEntry("/BC ", field.frame.borderColour) +
+          ColourEntry("/BG ", field.frame.backColour);
   const std::string_view caption = rule.holds == Holds::Caption ? field.value : rule.caption;
   if (!caption.empty()) body += "/CA " + out.Text(caption) + " ";
   body += ">>" + written.appearance + written.actions + " /P " + Reference(page) + ">>";
@@ -252,8 +303,9 @@ void Fields::WriteField(const Field& field, const Written& written, int page) {
 // What a field has, and a group of radio buttons has for all of them.
 std::string Fields::FieldEntries(const Field& field) const {
   const Output& out = document_.out;
-  std::string entries = "/FT " + std::string(TypeOf(field.type).entry) + " /Ff " +
-                        std::to_string(field.flags) + " /DA " + out.Text(field.defaultAppearance);
+  std::string entries =
+      "/FT " + std::string(TypeOf(field.type).entry) + " /Ff " + std::to_string(field.flags);
+  if (!field.defaultAppearance.empty()) entries += " /DA " + out.Text(field.defaultAppearance);
   if (!field.toolTip.empty()) entries += " /TU " + out.Text(field.toolTip);
   return entries;
 }
@@ -264,9 +316,8 @@ std::string Fields::ValueEntries(const Field& field) const {
   std::string value, options;
   if (holds == Holds::State) {
     value = StateName(field.on ? field.state : "");
-  } else if (holds == Holds::Choice && (field.flags & kSeveralChoices) != 0 &&
-             field.value.find('|') != std::string::npos) {
-    for (const std::string_view chosen : Split(field.value, '|')) value += out.Text(chosen) + " ";
+  } else if (const auto chosen = Chosen(field); holds == Holds::Choice && chosen.size() > 1) {
+    for (const std::string& item : chosen) value += out.Text(item) + " ";
     value = "[ " + value + "]";
   } else if (holds != Holds::Caption && !field.value.empty()) {
     value = out.Text(field.value);
@@ -297,10 +348,10 @@ void Fields::WriteAtEnd() {
 std::string Fields::CatalogEntries() const {
   if (roots_.empty()) return "";
   std::string fonts = document_.fonts;
-  if (dingbats_ != 0)
-    fonts.append("/").append(kDingbats.resource).append(" ") += Reference(dingbats_);
-  return "/AcroForm <</NeedAppearances true /Fields [ " + References(roots_) + "] /CO [ " +
-         References(calculated_) + "] /DR << /Font << " + fonts + ">> >> >> ";
+  if (dingbats_ != 0) fonts.append(kDingbats).append(" ") += Reference(dingbats_);
+  return "/AcroForm <<" + std::string(document_.pdfA ? "" : "/NeedAppearances true ") +
+         "/Fields [ " + References(roots_) + "] /CO [ " + References(calculated_) +
+         "] /DR << /Font << " + fonts + ">> >> >> ";
 }
 
 }  // namespace lm::pdf

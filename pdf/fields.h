@@ -1,8 +1,9 @@
 // Form fields: text, push button, combo, list, check box and radio button.
 //
-// Texts, combos and lists carry no picture of themselves: the form tells the viewer to draw them
-// (/NeedAppearances), with the font and text colour in force when the field was drawn. Check boxes
-// and radio buttons bring a picture for each of their states.
+// Each brings a picture of itself, check boxes and radio buttons one for each of their states, with
+// the font and text colour in force when the field was drawn; a font size of 0 stands for one that
+// fits. The form tells viewers to draw the fields again (/NeedAppearances), except under PDF/A,
+// where the pictures alone count.
 #pragma once
 
 #include <functional>
@@ -14,12 +15,15 @@
 
 #include "pdf/annots.h"
 #include "pdf/document.h"
+#include "pdf/fieldpictures.h"
+#include "pdf/fieldtexts.h"
 
 namespace lm::pdf {
 
 class Fields {
  public:
-  explicit Fields(Document& document) : document_(document) {}
+  Fields(Document& document, Fonts& fonts)
+      : document_(document), fonts_(fonts), texts_(document, fonts) {}
 
   // See clsPDFCreator::DrawField. x, y, width, height and borderWidth in user units.
   // name: its parts are joined by "."; used once, only radio buttons share one and form a group.
@@ -42,7 +46,8 @@ class Fields {
 
   // A script for the field drawn last on the open page; a second one of a kind replaces the first.
   // Kinds: "K" keystroke, "F" format, "V" validate, "C" calculate, "D" mouse down, "A" mouse up,
-  // "E" enter, "X" exit, "Fo" focus, "Bl" blur, or these words; case does not matter.
+  // "E" enter, "X" exit, "Fo" focus, "Bl" blur, or these words; case does not matter. Throws Error
+  // for another kind, without a field, and under PDF/A.
   void OnFieldEvent(std::string_view kind, std::string_view script);
 
   // Writes the fields of the page in hand: the next object must be the page's contents stream, and
@@ -58,9 +63,9 @@ class Fields {
     std::vector<std::string> items;
     int flags = 0;
     PageBox box;
-    std::string borderColour, backColour, textColour;  // stored colours
-    double borderWidth = 0;                            // points
-    std::size_t borderStyle = 0;
+    Frame frame;
+    Appearance picture;       // of a check box or radio button: that is off
+    std::string onOperators;  // of those: what stands in the picture when on
     std::string defaultAppearance;
     std::string state;  // of a check box or radio button: the name of its "on"
     bool on = false;
@@ -85,6 +90,9 @@ class Fields {
   };
 
   std::string UseDingbats();
+  void DrawPicture(Field& field);
+  std::string TextOperators(const Field& field) const;
+  static std::vector<std::string> Chosen(const Field& field);
   void CheckName(std::string_view name, bool radio) const;
   Parent* MakeParentsOf(const std::string& name);
   void Place(Field& field, const std::string& name);
@@ -95,6 +103,8 @@ class Fields {
   std::string ValueEntries(const Field& field) const;
 
   Document& document_;
+  Fonts& fonts_;
+  FieldTexts texts_;
   std::vector<Field> pending_;  // of the open page
   std::set<std::string, std::less<>> names_;
   std::map<std::string, Parent, std::less<>> parents_;

@@ -8,6 +8,8 @@
 #include <cstdint>
 
 #include "pdf/error.h"
+#include "pdf/notation.h"
+#include "pdf/reader/tokens.h"
 
 namespace lm::pdf {
 namespace {
@@ -18,10 +20,6 @@ constexpr std::size_t kLongestRun = 128;
 // Grows `out` within the cap, so that a few bytes of input cannot fill the memory.
 void CheckCap(std::size_t size, std::size_t more, std::size_t cap) {
   if (more > cap || size > cap - more) throw Error("the decoded stream is too large");
-}
-
-bool IsBlank(unsigned char sign) {
-  return sign == 0 || sign == '\t' || sign == '\n' || sign == '\f' || sign == '\r' || sign == ' ';
 }
 
 std::size_t RunAt(std::string_view bytes, std::size_t at) {
@@ -169,7 +167,7 @@ std::string DecodeAscii85(std::string_view text, std::size_t cap) {
   };
   if (text.starts_with("<~")) text.remove_prefix(2);
   for (const char sign : text) {
-    if (IsBlank(static_cast<unsigned char>(sign))) continue;
+    if (IsPdfBlank(sign)) continue;
     if (sign == '~') break;
     if (sign == 'z' && digits == 0) {
       write(4);
@@ -202,16 +200,10 @@ std::string DecodeAsciiHex(std::string_view text, std::size_t cap) {
   std::string out;
   int high = -1;
   for (const char sign : text) {
-    if (IsBlank(static_cast<unsigned char>(sign))) continue;
+    if (IsPdfBlank(sign)) continue;
     if (sign == '>') break;
-    int digit = 0;
-    if (sign >= '0' && sign <= '9') {
-      digit = sign - '0';
-    } else if ((sign | 0x20) >= 'a' && (sign | 0x20) <= 'f') {
-      digit = (sign | 0x20) - 'a' + 10;
-    } else {
-      throw Error("the hexadecimal data is damaged");
-    }
+    const int digit = HexDigit(sign);
+    if (digit < 0) throw Error("the hexadecimal data is damaged");
     if (high < 0) {
       high = digit;
       continue;

@@ -164,6 +164,14 @@ FontRecord TrueTypeRecord(const TrueTypeFace& face, std::string_view name, int c
   return record;
 }
 
+// PDF/A wants the name alone where nothing differs from it.
+std::string EncodingOf(const FontRecord& record, bool pdfA) {
+  if (pdfA && record.differences.empty()) return "/WinAnsiEncoding";
+  std::string text = "<< /Type /Encoding /BaseEncoding /WinAnsiEncoding ";
+  if (!record.differences.empty()) text += "/Differences " + record.differences;
+  return text + " >>";
+}
+
 }  // namespace
 
 int Fonts::Find(std::string_view key, bool trueType) const {
@@ -218,11 +226,7 @@ void Fonts::WriteObject(FontRecord& record, const std::string& more) {
   text += record.trueType ? "TrueType" : "Type1";
   text += " /Name " + document_.Name(record.resource);
   text += " /BaseFont /" + EscapedName(record.baseName) + " /FirstChar 32 /LastChar 255";
-  if (!IsSymbolic(record)) {
-    text += "\r/Encoding << /Type /Encoding /BaseEncoding /WinAnsiEncoding ";
-    if (!record.differences.empty()) text += "/Differences " + record.differences;
-    text += " >>";
-  }
+  if (!IsSymbolic(record)) text += "\r/Encoding " + EncodingOf(record, document_.pdfA);
   // Readers know the widths of the base fonts for Latin letters alone.
   if (!record.trueType && record.codePage != 0) text += WidthsEntry(record);
   document_.out.WriteObject(record.object, text + more + " >>");
@@ -269,7 +273,7 @@ const FontRecord& Fonts::Current() const {
   return arial;
 }
 
-double Fonts::TextWidthAt(std::string_view text, double horizontalScaling) const {
+double Fonts::TextWidth(std::string_view text) const {
   const FontRecord& font = Current();
   // Two sums side by side, so that one look-up need not wait for the other.
   std::int64_t even = 0;
@@ -281,19 +285,12 @@ double Fonts::TextWidthAt(std::string_view text, double horizontalScaling) const
     odd += font.widths[codes[i + 1]];
   }
   if (i < text.size()) even += font.widths[codes[i]];
-  const std::int64_t thousandths = even + odd;
   const TextState& state = document_.state.text;
-  const double width = static_cast<double>(thousandths) * state.size / 1000 +
-                       state.charSpacing * static_cast<double>(text.size());
-  return width * horizontalScaling / 100;
-}
-
-double Fonts::TextWidth(std::string_view text) const {
-  const TextState& state = document_.state.text;
-  const double width = TextWidthAt(text, state.horizontalScaling);
-  if (state.wordSpacing == 0) return width;
-  const auto blanks = static_cast<double>(std::ranges::count(text, ' '));
-  return width + state.wordSpacing * blanks * state.horizontalScaling / 100;
+  double width = static_cast<double>(even + odd) * state.size / 1000 +
+                 state.charSpacing * static_cast<double>(text.size());
+  if (state.wordSpacing != 0)
+    width += state.wordSpacing * static_cast<double>(std::ranges::count(text, ' '));
+  return width * state.horizontalScaling / 100;
 }
 
 double Fonts::LineHeight() const { return Current().lineHeight * document_.state.text.size / 1000; }

@@ -46,8 +46,6 @@ class Fonts {
 
   // Width in points of a text at the current size, with the state's spacings and scaling.
   double TextWidth(std::string_view text) const;
-  // The same with this horizontal scaling in percent and word spacing left out.
-  double TextWidthAt(std::string_view text, double horizontalScaling) const;
   double LineHeight() const;  // points, without the line factor
 
  private:

@@ -59,8 +59,9 @@ std::string Graphics::ChosenColour(std::string_view colour, std::string_view inF
 }
 
 // A pattern that takes its colour at each use may not choose one itself.
-void Graphics::Select(const std::string& operators) {
-  if (document_.target != Target::Tiling || !patterns_.OpenTakesColour()) document_.Draw(operators);
+std::string Graphics::Allowed(const std::string& colourOperators) const {
+  const bool takesColour = document_.target == Target::Tiling && patterns_.OpenTakesColour();
+  return takesColour ? "" : colourOperators;
 }
 
 void Graphics::SetColorFill(std::string_view colour) {
@@ -68,14 +69,14 @@ void Graphics::SetColorFill(std::string_view colour) {
   if (stored.empty()) return;
   document_.state.colours.fill = stored;
   fillSelected_ = true;
-  Select(FillOperator(stored, document_));
+  document_.Draw(Allowed(FillOperator(stored, document_)));
 }
 
 void Graphics::SetColorLine(std::string_view colour) {
   const std::string stored = ChosenColour(colour, document_.state.colours.line);
   if (stored.empty()) return;
   document_.state.colours.line = stored;
-  Select(LineOperator(stored, document_));
+  document_.Draw(Allowed(LineOperator(stored, document_)));
 }
 
 void Graphics::SetColorText(std::string_view colour) {
@@ -119,29 +120,33 @@ void Graphics::SetDash(std::string_view name, double phase) {
   document_.Draw(dash + " ] " + document_.Units(phase) + " d\n");
 }
 
-void Graphics::UseGraphicsState(const std::string& resource, const std::string& entries) {
+std::string Graphics::UseOf(const std::string& resource, const std::string& entries) {
   const std::string name = document_.Name(resource);
   if (!HasResource(document_.extGStates, name)) {
     const int object = document_.out.WriteNewObject("<</Type /ExtGState " + entries + " >>");
     document_.extGStates += name + " " + std::to_string(object) + " 0 R ";
   }
   document_.RaiseVersion(kTransparency);
-  document_.Draw(name + " gs\n");
+  return name + " gs\n";
 }
 
-void Graphics::Alpha(double percent, std::string_view resource,
-                     std::initializer_list<std::string_view> keys) {
+std::string Graphics::Alpha(double percent, std::string_view resource,
+                            std::initializer_list<std::string_view> keys) {
   const double value = percent > 0 ? std::min(percent, 100.0) : 0;
+  if (document_.pdfA && value < 100) throw Error("A PDF/A file cannot be transparent.");
   std::string entries;
   for (const std::string_view key : keys) {
     entries += std::string(key) + " " + document_.Points(value / 100) + " ";
   }
-  UseGraphicsState(std::string(resource) + document_.Points(value), entries + "/BM /Normal");
+  return UseOf(std::string(resource) + document_.Points(value), entries + "/BM /Normal");
 }
 
-void Graphics::SetAlpha(double percent) { Alpha(percent, "GS_", {"/ca", "/CA"}); }
-void Graphics::SetAlphaFill(double percent) { Alpha(percent, "GSF_", {"/ca"}); }
-void Graphics::SetAlphaLine(double percent) { Alpha(percent, "GSL_", {"/CA"}); }
+std::string Graphics::AlphaOperator(double percent) {
+  return Alpha(percent, "GS_", {"/ca", "/CA"});
+}
+void Graphics::SetAlpha(double percent) { document_.Draw(AlphaOperator(percent)); }
+void Graphics::SetAlphaFill(double percent) { document_.Draw(Alpha(percent, "GSF_", {"/ca"})); }
+void Graphics::SetAlphaLine(double percent) { document_.Draw(Alpha(percent, "GSL_", {"/CA"})); }
 
 void Graphics::SetBlend(std::string_view mode) {
   const auto* found =
@@ -150,7 +155,10 @@ void Graphics::SetBlend(std::string_view mode) {
   if (found == std::end(kBlendModes)) {
     throw Error("\"" + std::string(mode) + "\" is not a blend mode.");
   }
-  UseGraphicsState("GSB_" + std::string(*found), "/BM /" + std::string(*found));
+  if (document_.pdfA && *found != kBlendModes[0]) {
+    throw Error("A PDF/A file cannot blend colours.");
+  }
+  document_.Draw(UseOf("GSB_" + std::string(*found), "/BM /" + std::string(*found)));
 }
 
 void Graphics::SetXY(double x, double y) {
@@ -161,26 +169,25 @@ void Graphics::SetXY(double x, double y) {
 void Graphics::AxisRotation(double angle) {
   RequireFinite(angle);
   if (std::fmod(angle, 360) == 0) return;
-  const std::string cosine = document_.Points(std::cos(Radians(angle)));
-  document_.Draw(cosine + " " + document_.Points(std::sin(Radians(angle))) + " " +
-                 document_.Points(-std::sin(Radians(angle))) + " " + cosine + " 0 0 cm\n");
+  const double cosine = std::cos(Radians(angle)), sine = std::sin(Radians(angle));
+  document_.Transform({cosine, sine, -sine, cosine, 0, 0});
 }
 
 void Graphics::AxisScaling(double x, double y) {
   const std::string across = document_.Points(x), down = document_.Points(y);
   if (across == "0" || down == "0") throw Error("A scale cannot be 0.");
-  document_.Draw(across + " 0 0 " + down + " 0 0 cm\n");
+  document_.Transform({x, 0, 0, y, 0, 0});
 }
 
 void Graphics::AxisSkewing(double a, double b) {
-  RequireFinite(a);
-  RequireFinite(b);
-  document_.Draw("1 " + document_.Points(std::tan(Radians(a))) + " " +
-                 document_.Points(std::tan(Radians(b))) + " 1 0 0 cm\n");
+  if (!std::isfinite(a) || !std::isfinite(b) || a * b == 1) {
+    throw Error("A skew cannot make the page flat.");
+  }
+  document_.Transform({1, a, b, 1, 0, 0});
 }
 
 void Graphics::AxisTranslation(double x, double y) {
-  document_.Draw("1 0 0 1 " + document_.Units(x) + " " + document_.Units(y) + " cm\n");
+  document_.Transform({1, 0, 0, 1, document_.ToPoints(x), document_.ToPoints(y)});
   document_.state.x += document_.ToPoints(x);
   document_.state.y += document_.ToPoints(y);
 }
@@ -190,8 +197,8 @@ void Graphics::BeginSpace(double x, double y, double scaleX, double scaleY, doub
   const std::string across = document_.Points(scaleX), down = document_.Points(scaleY);
   if (across == "0" || down == "0") throw Error("A scale cannot be 0.");
   spaces_.push_back({document_.state, document_.target, fillSelected_});
-  document_.Draw("q\n" + across + " 0 0 " + down + " " + document_.Units(x) + " " +
-                 document_.Units(y) + " cm\n");
+  document_.Draw("q\n");
+  document_.Transform({scaleX, 0, 0, scaleY, document_.ToPoints(x), document_.ToPoints(y)});
   AxisRotation(angle);
   document_.state.x = document_.state.y = 0;
 }
@@ -210,6 +217,7 @@ void Graphics::EndSpace() {
 void Graphics::Enter(Target target) {
   targets_.push_back({document_.state, document_.target, fillSelected_});
   document_.target = target;
+  document_.state.toPage = {};
   Colours& colours = document_.state.colours;
   if (IsPattern(colours.fill)) colours.fill = Colours().fill;
   if (IsPattern(colours.line)) colours.line = Colours().line;
@@ -256,8 +264,8 @@ void Graphics::EndTiling() {
 }
 
 void Graphics::ReapplyState() {
-  Select(FillOperator(document_.state.colours.fill, document_) +
-         LineOperator(document_.state.colours.line, document_));
+  document_.Draw(Allowed(FillOperator(document_.state.colours.fill, document_) +
+                         LineOperator(document_.state.colours.line, document_)));
   document_.Draw(document_.Points(document_.state.lineWidth) + " w\n");
   fillSelected_ = true;
 }
@@ -318,7 +326,7 @@ void Graphics::DrawBarCode(int kind, std::string_view code, double x, double y, 
 
   const double module = across / bars.Modules();
   const std::string barHeight = document_.Points(down - 1.1 * size);
-  std::string drawing = "q\n" + FillOperator(document_.state.colours.text, document_);
+  std::string drawing = "q\n" + Allowed(FillOperator(document_.state.colours.text, document_));
   double position = 0;
   bool isBar = true;
   for (const char element : bars.elements) {

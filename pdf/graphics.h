@@ -49,10 +49,12 @@ class Graphics {
   // dashes and gaps joined by ";". Lengths and phase in user units.
   void SetDash(std::string_view name, double phase = 0);
 
-  void SetAlpha(double percent);  // 0 invisible to 100 opaque
+  // 0 invisible to 100 opaque. A PDF/A file takes only what is opaque, and the mode Normal.
+  void SetAlpha(double percent);
   void SetAlphaFill(double percent);
   void SetAlphaLine(double percent);
-  void SetBlend(std::string_view mode);  // "Multiply" and so on, in any case
+  void SetBlend(std::string_view mode);       // "Multiply" and so on, in any case
+  std::string AlphaOperator(double percent);  // what SetAlpha writes
 
   // Sets the cursor. DrawLineTo and DrawCurve begin there, stroke, and leave it at their end.
   void SetXY(double x, double y);
@@ -63,7 +65,7 @@ class Graphics {
   // second (x2, y2 unused).
   void DrawCurve(double x1, double y1, double x2, double y2, double x3, double y3, int form = 0);
   void DrawPolyline(std::string_view points, int mode = 0);  // "x;y;x;y", two points or more
-  void DrawPolygon(std::string_view points, int mode = kClosed);
+  void DrawPolygon(std::string_view points, int mode = 0);   // closed in any mode
   // borders: sides 1 top, 2 right, 4 bottom, 8 left; round corners 16 top left, 32 top right,
   // 64 bottom right, 128 bottom left, the others square. The radius is cut to half the shorter
   // side.
@@ -100,7 +102,7 @@ class Graphics {
 
   void AxisRotation(double angle);
   void AxisScaling(double x, double y);
-  void AxisSkewing(double a, double b);  // degrees
+  void AxisSkewing(double a, double b);  // tangents: a of X towards Y, b of Y towards X
   void AxisTranslation(double x, double y);
   // The cursor is at the new origin inside. Scales other than 0.
   void BeginSpace(double x, double y, double scaleX = 1, double scaleY = 1, double angle = 0);
@@ -143,13 +145,13 @@ class Graphics {
   };
 
   std::string ChosenColour(std::string_view colour, std::string_view inForce) const;
-  void Select(const std::string& operators);
-  void UseGraphicsState(const std::string& resource, const std::string& entries);
-  void Alpha(double percent, std::string_view resource,
-             std::initializer_list<std::string_view> keys);
+  std::string Allowed(const std::string& colourOperators) const;
+  // The operator that uses a graphics state; its object is written once.
+  std::string UseOf(const std::string& resource, const std::string& entries);
+  std::string Alpha(double percent, std::string_view resource,
+                    std::initializer_list<std::string_view> keys);
   void Paint(const std::string& path, int mode);
   void DrawPoints(std::string_view points, int mode);
-  void StrokeSides(double x, double y, double width, double height, int borders, double radius);
   void RememberBox(double x1, double y1, double x2, double y2);
   std::string Point(double x, double y) const;
   void Enter(Target target);

@@ -21,7 +21,6 @@ namespace lm::pdf {
 namespace {
 
 constexpr int kFileNotFound = 53;
-constexpr int kKeepRatio = 1;        // DrawImage's mode
 constexpr int kVersionOf16Bits = 2;  // PDF 1.5
 
 template <typename Result>
@@ -60,15 +59,13 @@ struct Size {
 };
 
 // The size to draw in, in the unit of `box`; `own` in that unit too.
-Size DrawnSize(Size box, const Size& own, int mode) {
+Size DrawnSize(Size box, const Size& own) {
   const bool hasWidth = std::isfinite(box.width) && box.width > 0;
   const bool hasHeight = std::isfinite(box.height) && box.height > 0;
   if (!hasWidth && !hasHeight) return own;
   if (!hasWidth) box.width = box.height * own.width / own.height;
   if (!hasHeight) box.height = box.width * own.height / own.width;
-  if (mode != kKeepRatio) return box;
-  const double factor = std::min(box.width / own.width, box.height / own.height);
-  return {own.width * factor, own.height * factor};
+  return box;
 }
 
 }  // namespace
@@ -81,12 +78,12 @@ void Images::AddImagePattern(std::string_view name, std::string_view file, doubl
                              double height) {
   const Record& record = Load(file, -1);
   const Size own = {document_.ToUnits(record.width), document_.ToUnits(record.height)};
-  const Size size = DrawnSize({width, height}, own, 0);
+  const Size size = DrawnSize({width, height}, own);
   graphics_.WriteImagePattern(name, record.resource, size.width, size.height);
 }
 
 void Images::DrawImage(std::string_view file, double x, double y, double width, double height,
-                       int mode, std::int32_t maskColour, double transparency) {
+                       int /*mode*/, std::int32_t maskColour, double transparency) {
   const bool isVector = FormatOf(ToUpper(file), kVectors) != nullptr;
   const VectorPicture* drawing = isVector ? &LoadVector(file) : nullptr;
   const Record* record = isVector ? nullptr : Named(file);
@@ -96,16 +93,13 @@ void Images::DrawImage(std::string_view file, double x, double y, double width, 
       isVector ? Size{drawing->width, drawing->height}
                : Size{static_cast<double>(record->width), static_cast<double>(record->height)};
   const Size asked = {document_.ToPoints(width), document_.ToPoints(height)};
-  const Size size = DrawnSize(asked, own, mode);
+  const Size size = DrawnSize(asked, own);
+  const std::string alpha = transparency > 0 ? graphics_.AlphaOperator(100 - transparency) : "";
   graphics_.SetXY(x, y);
   const double left = document_.state.x, top = document_.state.y;
-  document_.lastBox = {left, top, left + size.width, top + size.height};
+  document_.RememberBox(left, top, left + size.width, top + size.height);
 
-  const bool transparent = transparency > 0;
-  if (transparent) {
-    document_.Draw("q ");
-    graphics_.SetAlpha(100 - transparency);
-  }
+  if (!alpha.empty()) document_.Draw("q " + alpha);
   if (isVector) {
     document_.Draw(DrawnIn(*drawing, {left, top, size.width, size.height}, document_));
   } else {
@@ -114,7 +108,7 @@ void Images::DrawImage(std::string_view file, double x, double y, double width, 
                    " " + document_.Points(left) + " " + document_.Points(top + size.height) +
                    " cm " + document_.Name(record->resource) + " Do Q\n");
   }
-  if (transparent) document_.Draw("Q\n");
+  if (!alpha.empty()) document_.Draw("Q\n");
 }
 
 // A name counts with and without the document's prefix.
@@ -137,6 +131,9 @@ const Images::Record& Images::Load(std::string_view file, std::int32_t maskColou
   if (format == nullptr) throw Error("This kind of picture is not supported");
   if (!document_.out.IsOpen()) throw Error("No document is open");
   Picture picture = format->read(ReadBytes(file));
+  if (document_.pdfA && picture.bits == 16) {
+    throw Error("A PDF/A file cannot hold a picture of 16 bits");
+  }
   if (maskColour >= 0) picture.mask = MaskOfColour(picture, static_cast<std::uint32_t>(maskColour));
 
   Record record = {key,

@@ -39,9 +39,8 @@ class Images {
   // The picture in the box whose top left corner is x, y (user units); the cursor moves there.
   // `file` may also be a name that AddImage returned. A width or height that is not above 0 is
   // filled in from the other one and the picture's ratio; both, from the pixels at 72 to the inch
-  // (a vector file: its own size). mode 1 keeps the picture's ratio: it becomes as large as the
-  // box lets it, in the box's top left corner; any other mode fills the box. transparency: percent,
-  // 0 opaque, 100 invisible. Errors as AddImage.
+  // (a vector file: its own size). The picture fills the box in every mode. transparency: percent,
+  // 0 opaque, 100 invisible; a PDF/A file takes 0 only. Errors as AddImage.
   void DrawImage(std::string_view file, double x, double y, double width = 0, double height = 0,
                  int mode = 0, std::int32_t maskColour = -1, double transparency = 0);
 

@@ -15,6 +15,10 @@ constexpr int kFormPrecision = 6;  // decimals: what is scaled up later must not
 constexpr int kFirstMinorVersion = 3;
 constexpr int kLastMinorVersion = 7;  // the header has no room for 2.0
 
+// What a page counts on where it begins: colours, lines, text.
+constexpr std::string_view kInitialState =
+    "0 g 0 G 1 w 0 J 0 j 10 M [] 0 d 0 Tc 0 Tw 100 Tz 0 TL 0 Tr 0 Ts\n";
+
 // The form's own space: its lower left corner, once it stands upright, is 0,0.
 std::string MatrixText(const Document& document, const Box& box, int rotation) {
   const auto move = [&](double x, double y) {
@@ -30,6 +34,12 @@ std::string MatrixText(const Document& document, const Box& box, int rotation) {
     default:
       return box.x0 == 0 && box.y0 == 0 ? "" : "1 0 0 1 " + move(-box.x0, -box.y0);
   }
+}
+
+// True while nothing has been drawn that could have changed the state of drawing.
+bool IsUntouched(const Document& document) {
+  return document.target == Target::Page && document.pageBuffer.empty() &&
+         document.pages[document.openPage].contents.empty();
 }
 
 struct Contents {
@@ -63,7 +73,8 @@ int WriteForm(Document& document, ParsedFile& file, CopiedObjects& copied, const
   Output& out = document.out;
   ObjectCopier copier(file.objects, out, copied);
   for (const Value* each : {&resources, &group, &parameters}) copier.Gather(*each);
-  const std::string filter = contents.dictionary ? copier.FilterText(*contents.dictionary) : "";
+  std::string filter = contents.dictionary ? copier.FilterText(*contents.dictionary) : "";
+  if (filter.find(' ') != filter.npos) filter = "[" + filter + "]";
   const bool hasResources = file.objects.Resolve(resources).IsDictionary();
 
   copier.Write();
@@ -155,9 +166,11 @@ void Import::ImportPage(std::string_view file, int page, double x, double y, dou
       document_.Units(x) + " " + document_.Points(document_.ToPoints(y) + ownHeight * scaleY);
   const Restored precision(document_.precision);
   document_.precision = kFormPrecision;
-  // A page counts on black; the open page may have drawn in another colour before.
-  document_.Draw("q 0 g 0 G\n" + document_.Points(scaleX) + " 0 0 " + document_.Points(-scaleY) +
-                 " " + place + " cm\n" + name + " Do\nQ\n");
+  const bool touched = !IsUntouched(document_);
+  if (touched) document_.Draw("q " + std::string(kInitialState));
+  document_.Draw("q\n" + document_.Points(scaleX) + " 0 0 " + document_.Points(-scaleY) + " " +
+                 place + " cm\n" + name + " Do\nQ\n");
+  if (touched) document_.Draw("Q\n");
 }
 
 }  // namespace lm::pdf

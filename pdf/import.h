@@ -37,8 +37,8 @@ class Import {
   int GetInfo(std::string_view file, FileInfo& information);
   // MediaBox in points, as the page stands before it is turned; rotate 0, 90, 180 or 270.
   bool GetInfoPage(std::string_view file, int page, double& width, double& height, int& rotate);
-  // Decoded; several streams are joined with line feeds. A stream whose filter is unknown stays as
-  // it is.
+  // Decoded; several streams are joined with line feeds, and of these only Flate is undone. A
+  // stream with another filter stays as it is.
   std::string GetContentPage(std::string_view file, int page);
   // x, y, width and height in user units; 0 for width or height is the page's own size. A page with
   // Rotate is drawn upright, and its width is then what is seen as its width.

@@ -8,20 +8,23 @@
 namespace lm::pdf {
 namespace {
 
-// Text of an XML element, in UTF-8. Control characters have no place in XML.
+// Text of an XML element, in UTF-8. A reader makes a line feed of a carriage return that stands
+// there as itself.
 std::string XmlText(std::string_view text) {
-  std::string kept;
+  std::string escaped;
   for (const char c : text) {
     if (c == '&')
-      kept += "&amp;";
+      escaped += "&amp;";
     else if (c == '<')
-      kept += "&lt;";
+      escaped += "&lt;";
     else if (c == '>')
-      kept += "&gt;";
+      escaped += "&gt;";
+    else if (c == '\r')
+      escaped += "&#13;";
     else
-      kept += static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r' ? ' ' : c;
+      escaped += c;
   }
-  return ToUtf8(kept);
+  return ToUtf8(escaped);
 }
 
 // "D:20260203103000+01'00'" as 2026-02-03T10:30:00+01:00.
@@ -63,6 +66,13 @@ std::string CreationDate(Date moment) {
   std::snprintf(text, sizeof text, "D:%04d%02d%02d%02d%02d%02d+01'00'", day.year, day.month,
                 day.day, time.hour, time.minute, time.second);
   return text;
+}
+
+std::string WithoutControls(std::string_view text) {
+  std::string kept(text);
+  for (char& c : kept)
+    if (static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r') c = ' ';
+  return kept;
 }
 
 std::string InformationBody(const Information& information, const Output& out) {

@@ -23,6 +23,10 @@ struct Information {
 // east, in winter and in summer.
 std::string CreationDate(Date moment);
 
+// Control characters become blanks, for they have no place in XML, and the dictionary and the
+// packet must tell the same.
+std::string WithoutControls(std::string_view text);
+
 // The body of the information object; call while that object is open.
 std::string InformationBody(const Information& information, const Output& out);
 

@@ -1,6 +1,7 @@
 #include "pdf/notation.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -11,6 +12,15 @@ namespace lm::pdf {
 namespace {
 
 constexpr std::string_view kSeparators = "; ";
+
+// What stands behind the backslash of a character that needs one; 0 for the others.
+constexpr auto kEscapes = [] {
+  std::array<char, 256> escapes{};
+  for (const char c : {'\\', '(', ')'}) escapes[static_cast<unsigned char>(c)] = c;
+  escapes['\r'] = 'r';
+  escapes['\n'] = 'n';
+  return escapes;
+}();
 
 }  // namespace
 
@@ -57,19 +67,28 @@ std::string EscapedName(std::string_view name) {
   return escaped;
 }
 
+int HexDigit(char sign) {
+  if (sign >= '0' && sign <= '9') return sign - '0';
+  const char lower = static_cast<char>(sign | 0x20);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
 std::string LiteralString(std::string_view text) {
-  std::string literal = "(";
-  for (const char c : text) {
-    if (c == '\r') {
-      literal += "\\r";
-    } else if (c == '\n') {
-      literal += "\\n";
-    } else {
-      if (c == '\\' || c == '(' || c == ')') literal += '\\';
-      literal += c;
-    }
+  std::string literal;
+  AppendLiteral(text, literal);
+  return literal;
+}
+
+void AppendLiteral(std::string_view text, std::string& out) {
+  out += '(';
+  std::size_t plain = 0;  // where the run of characters as they stand begins
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char escape = kEscapes[static_cast<unsigned char>(text[i])];
+    if (escape == 0) continue;
+    out.append(text.substr(plain, i - plain)) += {'\\', escape};
+    plain = i + 1;
   }
-  return literal + ")";
+  out.append(text.substr(plain)) += ')';
 }
 
 bool HasResource(std::string_view resources, std::string_view name) {

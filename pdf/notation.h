@@ -17,12 +17,16 @@ double PlainNumber(std::string_view text);
 // The numbers of such a list. Throws Error for what is no number.
 std::vector<double> NumberList(std::string_view list);
 
-// What stands behind the "/" of a PDF name: bytes other than letters, digits and "._+-" as #xx.
+// What stands behind the "/" of a PDF name: bytes other than letters, digits and "._+-," as #xx.
 // Throws Error for an empty name.
 std::string EscapedName(std::string_view name);
 
+// 0 to 15, -1 for what is no hexadecimal digit.
+int HexDigit(char sign);
+
 // A text as an operator's string: in round brackets, escaped.
 std::string LiteralString(std::string_view text);
+void AppendLiteral(std::string_view text, std::string& out);
 
 // True when a resource text ("/A1F3+GS_50 7 0 R ...") names the resource ("/A1F3+GS_50").
 bool HasResource(std::string_view resources, std::string_view name);

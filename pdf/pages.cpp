@@ -75,7 +75,7 @@ std::string Pages::BeginDoc(std::string_view fileName) {
 }
 
 void Pages::OpenDoc(const std::function<void(std::string_view file)>& open) {
-  if (fileName_.empty() || document_.out.IsOpen()) throw Error("No finished document");
+  if (!finished_) throw Error("No finished document");
   if (open) open(fileName_);
 }
 
@@ -103,6 +103,7 @@ int Pages::BeginPage(int position) {
   text.wordSpacing = 0;
   text.horizontalScaling = 100;
   text.lineFactor = 1;
+  text.mode = 0;  // what the format begins a page with
   return position_;
 }
 
@@ -122,6 +123,7 @@ void Pages::EndPage() {
   page.contents.push_back(contents);
   page.width = document_.pageWidth;
   page.height = document_.pageHeight;
+  page.toPage = document_.state.toPage;
   const std::string box =
       "[0 0 " + document_.Points(page.width) + " " + document_.Points(page.height) + "]\r";
   page.dictionary = "/Parent 1 0 R\r/MediaBox " + box + "/CropBox " + box + "/BleedBox " + box +
@@ -170,7 +172,18 @@ void Pages::BeginOnPage(int position) {
   pageOpen_ = onPage_ = true;
   annotations_.AtPageBegin();
   graphics_.ReapplyState();
+  ReapplyTextState();
   ResetCursor();
+  document_.state.toPage = OpenPage().toPage;
+}
+
+// The page was left with its own spacings, texts are measured with those in force.
+void Pages::ReapplyTextState() {
+  const TextState& text = document_.state.text;
+  texts_.SetCharSpacing(text.charSpacing);
+  texts_.SetWordSpacing(text.wordSpacing);
+  texts_.SetTextHorizontalScaling(text.horizontalScaling);
+  texts_.SetTextMode(text.mode);
 }
 
 void Pages::EndOnPage() {
@@ -182,6 +195,7 @@ void Pages::EndOnPage() {
   document_.pageHeight = nextHeight_;
   OpenPage().dictionary += annotations_.AtPageEnd();
   OpenPage().contents.push_back(WriteContents());
+  OpenPage().toPage = document_.state.toPage;
 }
 
 void Pages::SwapPages(int a, int b) {
@@ -211,6 +225,7 @@ double Pages::GetPageWidth(bool userUnits) const {
 void Pages::ResetCursor() {
   document_.state.x = 0;
   document_.state.y = 0;
+  document_.state.toPage = {};
 }
 
 }  // namespace lm::pdf

@@ -50,10 +50,10 @@ class Pages {
   // For a document that is not begun yet; the moment of creation stays its own.
   void TakeSettings(const Settings& settings);
 
-  // An empty name makes one of "~", six hexadecimal digits and ".pdf". Throws Error 75 when the
-  // file cannot be opened; a file of that name is then as it was.
+  // An empty name makes one of "~", six hexadecimal digits and ".pdf". Throws Error 75 when no file
+  // of that name could be made or replaced. One that is there stays until EndDoc.
   std::string BeginDoc(std::string_view fileName);
-  // The file is closed afterwards whatever happens; Error 75 when the disk did not take it.
+  // The file is in its place, or the document is given up: Error 75 when the disk did not take it.
   void EndDoc();
   void OpenDoc(const std::function<void(std::string_view file)>& open);
   std::int64_t FileSize() const { return document_.out.Size(); }
@@ -84,6 +84,7 @@ class Pages {
   void SetMemoryUsage(int step);      // 1 to 10
   void SetPageView(int orientation);  // 0 to 3; with no page open for all pages to come
   void SetPaperSize(int code, double width, double height);
+  // Switched on before anything was written into the file, without protection; Error otherwise.
   void SetPDFa(bool on);
   void SetPrecision(int decimals);  // 0 to 6
   // Before anything was written into the file; Error afterwards, and under PDF/A.
@@ -98,6 +99,7 @@ class Pages {
   PageFlow Flow();
   void CloseWhatIsOpen();
   void ResetCursor();
+  void ReapplyTextState();
   std::string ContentsPrefix() const;
   int WriteContents();
   void Encrypt();
@@ -120,6 +122,7 @@ class Pages {
   Annotations& annotations_;
   Settings settings_;
   std::string fileName_;
+  bool finished_ = false;  // the file is in its place
   bool pageOpen_ = false;
   bool onPage_ = false;  // a written page is open again
   int position_ = 0;

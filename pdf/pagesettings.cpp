@@ -66,12 +66,12 @@ void Pages::SetDocProperty(std::string_view title, std::string_view subject,
                            std::string_view author, std::string_view creator,
                            std::string_view producer, std::string_view keywords) {
   Information& information = settings_.information;
-  information.title = title;
-  information.subject = subject;
-  information.keywords = keywords;
-  if (!author.empty()) information.author = author;
-  if (!creator.empty()) information.creator = creator;
-  if (!producer.empty()) information.producer = producer;
+  information.title = WithoutControls(title);
+  information.subject = WithoutControls(subject);
+  information.keywords = WithoutControls(keywords);
+  if (!author.empty()) information.author = WithoutControls(author);
+  if (!creator.empty()) information.creator = WithoutControls(creator);
+  if (!producer.empty()) information.producer = WithoutControls(producer);
 }
 
 void Pages::SetMargins(double left, double right, double top, double bottom, bool clip) {
@@ -113,6 +113,8 @@ void Pages::SetPaperSize(int code, double width, double height) {
 
 void Pages::SetPDFa(bool on) {
   if (on && settings_.protection) throw Error("PDF/A allows no encryption");
+  if (on && !document_.pdfA && document_.out.HasObjects())
+    throw Error("Objects that are written already may be such as PDF/A does not allow");
   document_.pdfA = on;
   document_.out.pdfA = on;
   if (on) document_.RaiseVersion(1);

@@ -11,22 +11,13 @@ namespace {
 
 std::string Values(std::string_view stored) { return "[" + std::string(stored.substr(1)) + "]"; }
 
-bool ReadsAsColour(std::string_view name, const Document& document) {
-  try {
-    StoredColour(name, document);
-    return true;
-  } catch (const Error&) {
-    return SpaceOf(name) != nullptr;
-  }
-}
-
 }  // namespace
 
 void Patterns::RequireFree(std::string_view name) const {
   if (document_.patternNames.contains(std::string(name))) {
     throw Error("There is a pattern \"" + std::string(name) + "\" already.");
   }
-  if (name != Trim(name) || ReadsAsColour(name, document_)) {
+  if (name != Trim(name) || IsColourNotation(name)) {
     throw Error("A pattern cannot be called \"" + std::string(name) + "\".");
   }
 }

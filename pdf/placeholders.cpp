@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
+#include "pdf/colours.h"
 #include "pdf/scope.h"
 #include "pdf/textline.h"
 
@@ -19,7 +20,7 @@ void PlaceHolders::Draw(std::string_view name, double x, double y, double width,
                  " Do Q\n");
 
   const double left = document_.ToPoints(x), bottom = document_.ToPoints(y) - lines_.Descent();
-  document_.lastBox = {left, bottom - lines_.LineHeight(), left + place.width, bottom};
+  document_.RememberBox(left, bottom - lines_.LineHeight(), left + place.width, bottom);
   document_.state.x = left + place.width;
   document_.state.y = document_.ToPoints(y);
   places_.push_back(std::move(place));
@@ -56,13 +57,17 @@ void PlaceHolders::Write(const Place& place, std::string_view text) {
   const ComposedLine line =
       lines_.Compose({.text = text, .available = place.width, .flags = place.flags});
   const double margin = document_.state.text.size;  // for what letters reach beyond their widths
+  // Only the resources of pages have the patterns, those of forms do not.
+  const Colours& colours = document_.state.colours;
+  const bool patterned = IsPattern(colours.text) || IsPattern(colours.fill);
   document_.out.BeginObject(place.object);
   document_.out.WriteStream(
       StreamClass::Contents,
       "<< /Type /XObject /Subtype /Form /FormType 1 /BBox [" +
           document_.Points(line.box.left - margin) + " " + document_.Points(line.box.top - margin) +
           " " + document_.Points(line.box.right + margin) + " " +
-          document_.Points(line.box.bottom + margin) + "] /Matrix [1 0 0 1 0 0] /Resources 2 0 R ",
+          document_.Points(line.box.bottom + margin) + "] /Matrix [1 0 0 1 0 0] /Resources " +
+          (patterned ? "2" : "3") + " 0 R ",
       line.operators);
   document_.out.EndObject();
 }

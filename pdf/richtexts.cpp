@@ -93,8 +93,8 @@ void RichTexts::Draw(double x, double y, double width, double height, std::strin
   }
   document_.state.x = document_.ToPoints(x);
   document_.state.y = boxTop + boxHeight;
-  document_.lastBox = {document_.ToPoints(x), boxTop, document_.ToPoints(x) + boxWidth,
-                       boxTop + boxHeight};
+  document_.RememberBox(document_.ToPoints(x), boxTop, document_.ToPoints(x) + boxWidth,
+                        boxTop + boxHeight);
 }
 
 void RichTexts::SetTag(std::string_view tag, TextTag meaning) {

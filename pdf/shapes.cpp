@@ -59,17 +59,11 @@ class Outline {
 }  // namespace
 
 std::string PaintOperator(int mode) {
-  std::string paint;
-  if (mode & kFilled) {
-    paint = mode & kNoStroke ? " f*" : mode & kClosed ? " b*" : " B*";
-  } else {
-    if (mode & kClosed) paint += " h";
-    if (!(mode & kNoStroke)) paint += " S";
-    // A path that paints nothing has to end all the same: left open it would be painted with the
-    // next one, and a clipping path takes effect with the operator that ends it.
-    if (mode & kNoStroke) paint += " n";
-  }
-  return mode & kClip ? " W" + paint : paint;
+  const std::string clip = mode & kClip ? " W" : "";
+  if (mode & kFilled) return clip + (mode & kNoStroke ? " f*" : mode & kClosed ? " b*" : " B*");
+  // A path that paints nothing has to end all the same: left open it would be painted with the
+  // next one, and a clipping path takes effect with the operator that ends it.
+  return clip + (mode & kClosed ? " h" : "") + (mode & kNoStroke ? " n" : " S");
 }
 
 std::string Graphics::Point(double x, double y) const {
@@ -77,13 +71,13 @@ std::string Graphics::Point(double x, double y) const {
 }
 
 void Graphics::RememberBox(double x1, double y1, double x2, double y2) {
-  document_.lastBox = {document_.ToPoints(std::min(x1, x2)), document_.ToPoints(std::min(y1, y2)),
-                       document_.ToPoints(std::max(x1, x2)), document_.ToPoints(std::max(y1, y2))};
+  document_.RememberBox(document_.ToPoints(x1), document_.ToPoints(y1), document_.ToPoints(x2),
+                        document_.ToPoints(y2));
 }
 
 void Graphics::Paint(const std::string& path, int mode) {
   if (mode & kFilled && !fillSelected_) {
-    Select(FillOperator(document_.state.colours.fill, document_));
+    document_.Draw(Allowed(FillOperator(document_.state.colours.fill, document_)));
     fillSelected_ = true;
   }
   document_.Draw(path + PaintOperator(mode) + "\n");
@@ -140,7 +134,9 @@ void Graphics::DrawPoints(std::string_view points, int mode) {
 }
 
 void Graphics::DrawPolyline(std::string_view points, int mode) { DrawPoints(points, mode); }
-void Graphics::DrawPolygon(std::string_view points, int mode) { DrawPoints(points, mode); }
+void Graphics::DrawPolygon(std::string_view points, int mode) {
+  DrawPoints(points, mode | kClosed);
+}
 
 void Graphics::DrawRect(double x, double y, double width, double height, int mode, int borders,
                         double radius) {

@@ -117,7 +117,11 @@ void Tables::BreakPage(double rowHeight) {
   if (document_.target != Target::Page || !flow.bottom || !flow.newPage) return;
   const double tolerance = document_.ToUnits(kLengthTolerance);
   if (y_ + rowHeight <= flow.bottom() + tolerance || y_ <= pageTop_) return;
+  // A page begins with plain spacings; the cells to come are spaced as those before.
+  const TextState before = document_.state.text;
   y_ = pageTop_ = flow.newPage();
+  document_.Draw(ChangeOperators(document_.state.text, before, document_));
+  document_.state.text = before;
 }
 
 void Tables::DrawCell(const TableCell& cell, double height) {

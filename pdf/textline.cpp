@@ -1,11 +1,10 @@
 #include "pdf/textline.h"
 
 #include <algorithm>
-#include <array>
 
-#include "core/text.h"
 #include "pdf/colours.h"
 #include "pdf/fonts.h"
+#include "pdf/notation.h"
 
 namespace lm::pdf {
 
@@ -17,38 +16,13 @@ struct Decoration {
   int style;
   double below;
 };
-constexpr std::size_t kRoomForOperators = 96;  // around a line's text
+constexpr std::size_t kRoomForOperators = 128;  // around a line's text
 constexpr Decoration kDecorations[] = {{4, 0.125}, {8, -0.8}, {16, -0.3}};
-
-// What stands behind the backslash of a character that needs one; 0 for the others.
-constexpr auto kEscapes = [] {
-  std::array<char, 256> escapes{};
-  for (const char c : {'\\', '(', ')'}) escapes[static_cast<unsigned char>(c)] = c;
-  escapes['\r'] = 'r';
-  escapes['\n'] = 'n';
-  return escapes;
-}();
-
-void AppendEscaped(std::string_view text, std::string& out) {
-  out += '(';
-  std::size_t plain = 0;  // where the run of characters as they stand begins
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char escape = kEscapes[static_cast<unsigned char>(text[i])];
-    if (escape == 0) continue;
-    out += text.substr(plain, i - plain);
-    out += '\\';
-    out += escape;
-    plain = i + 1;
-  }
-  out += text.substr(plain);
-  out += ')';
-}
 
 }  // namespace
 
 // How a line is spread over the room that it has.
 struct LineWriter::Spacing {
-  std::string text;
   double width = 0;  // points, as drawn
   double shift = 0;  // points
   std::string before, after;
@@ -68,14 +42,8 @@ LineWriter::Spacing LineWriter::Space(const TextLine& line) const {
   const double unscaled = 100 / state.horizontalScaling;
 
   Spacing spacing;
-  spacing.text = line.text;
-  if (line.flags & kTextJustify) {
-    spacing.text = CollapseBlanks(spacing.text);
-    if (spacing.text.ends_with(' ')) spacing.text.pop_back();
-  }
-  spacing.width = fonts_.TextWidth(spacing.text);
+  spacing.width = fonts_.TextWidth(line.text);
   const double fullWidth = spacing.width * unscaled;
-  const auto gaps = std::count(spacing.text.begin(), spacing.text.end(), ' ');
 
   switch (line.flags & kTextAlignment) {
     case kTextRight:
@@ -85,9 +53,9 @@ LineWriter::Spacing LineWriter::Space(const TextLine& line) const {
       spacing.shift = (line.available - spacing.width) / 2;
       break;
     case kTextJustify:
-      if (gaps > 0) {
-        const double natural = fullWidth - static_cast<double>(gaps) * state.wordSpacing;
-        const double gap = (line.available * unscaled - natural) / static_cast<double>(gaps);
+      if (const auto gaps = static_cast<double>(std::ranges::count(line.text, ' ')); gaps > 0) {
+        const double natural = fullWidth - gaps * state.wordSpacing;
+        const double gap = (line.available * unscaled - natural) / gaps;
         spacing.before = document_.Points(gap) + " Tw ";
         spacing.after = document_.Points(state.wordSpacing) + " Tw ";
         spacing.width = line.available;
@@ -123,8 +91,14 @@ std::string LineWriter::DecorationLines(double x, double y, double width) const 
   return lines + "Q\n";
 }
 
-ComposedLine LineWriter::Compose(const TextLine& line) const {
+ComposedLine LineWriter::Compose(const TextLine& given) const {
   const DrawState& state = document_.state;
+  TextLine line = given;
+  std::string collapsed;
+  if (line.flags & kTextJustify) {
+    line.text = collapsed = CollapseBlanks(line.text);
+    if (line.text.ends_with(' ')) line.text.remove_suffix(1);
+  }
   const Spacing spacing = Space(line);
   const double x = line.x + line.offset + spacing.shift;
 
@@ -136,20 +110,21 @@ ComposedLine LineWriter::Compose(const TextLine& line) const {
   const bool recoloured =
       state.colours.text != state.colours.fill || state.colours.fill == Colours().fill;
   std::string& out = composed.operators;
+  out.reserve(line.text.size() + kRoomForOperators);
   if (recoloured) out += FillOperator(state.colours.text, document_);
-  out.reserve(out.size() + spacing.text.size() + kRoomForOperators);
-  out += "BT ";
-  out += document_.Name(state.text.fontResource);
+  out += "BT /";
+  out += document_.prefix;
+  out += state.text.fontResource;
   out += ' ';
-  out += document_.Points(state.text.size);
+  document_.AppendPoints(state.text.size, out);
   out += " Tf ";
   out += spacing.before;
   out += "1 0 0 -1 ";
-  out += document_.Points(x);
+  document_.AppendPoints(x, out);
   out += ' ';
-  out += document_.Points(line.y);
+  document_.AppendPoints(line.y, out);
   out += " Tm ";
-  AppendEscaped(spacing.text, out);
+  AppendLiteral(line.text, out);
   out += " Tj ";
   out += spacing.after;
   out += "ET\n";
@@ -162,7 +137,8 @@ void LineWriter::Write(const TextLine& line, bool nextLine) {
   EnsureFont();
   const ComposedLine composed = Compose(line);
   document_.Draw(composed.operators);
-  document_.lastBox = composed.box;
+  const LastBox& box = composed.box;
+  document_.RememberBox(box.left, box.top, box.right, box.bottom);
   DrawState& state = document_.state;
   state.x = nextLine ? 0 : composed.endX;
   state.y = nextLine ? line.y + fonts_.LineHeight() * state.text.lineFactor : line.y;

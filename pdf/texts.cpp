@@ -100,7 +100,7 @@ void Texts::DrawTextBox(double x, double y, double width, double height, std::st
     baseline += shape.lineHeight;
   }
 
-  document_.lastBox = {left, top, left + shape.width, top + shape.height};
+  document_.RememberBox(left, top, left + shape.width, top + shape.height);
   document_.state.x = left;
   document_.state.y = top + (rectMode == kNoRectangle ? shape.TextHeight() : shape.height);
   if (leftover) *leftover = shape.broken.leftover;
@@ -130,7 +130,7 @@ void Texts::DrawTextCircular(double x, double y, double radius, std::string_view
   }
   const double reach = document_.ToPoints(radius) + fonts_.LineHeight();
   const double centreX = document_.ToPoints(x), centreY = document_.ToPoints(y);
-  document_.lastBox = {centreX - reach, centreY - reach, centreX + reach, centreY + reach};
+  document_.RememberBox(centreX - reach, centreY - reach, centreX + reach, centreY + reach);
 }
 
 void Texts::DrawTextRich(double x, double y, double width, double height, std::string_view text,

@@ -13,10 +13,11 @@ namespace {
 
 constexpr std::string_view kHeader = "%PDF-";
 constexpr std::size_t kLongestJunk = 1024;  // bytes that may stand before the header
-constexpr std::size_t kValues = std::size_t{8} << 20;
-constexpr int kDeepest = 16;           // objects that are needed to read one another
-constexpr int kLongestChain = 32;      // references that lead to references
-constexpr int kLongestExtension = 32;  // object streams that extend one another
+constexpr std::size_t kValues = std::size_t{4} << 20;
+constexpr std::size_t kMostBlanks = 16;  // between a stream's data and its end
+constexpr int kDeepest = 16;             // objects that are needed to read one another
+constexpr int kLongestChain = 32;        // references that lead to references
+constexpr int kLongestExtension = 32;    // object streams that extend one another
 
 std::string_view WithoutLineEnd(std::string_view data) {
   if (data.ends_with('\n')) data.remove_suffix(1);
@@ -126,12 +127,10 @@ std::string_view Objects::StreamData(const Value& dictionary, std::size_t start)
   const bool fits = told && *told >= 0 && static_cast<unsigned long long>(*told) <= rest.size();
   const std::size_t length = fits ? static_cast<std::size_t>(*told) : 0;
   if (fits) {
-    Tokens tokens(rest, length);
-    const std::size_t near = std::min(rest.size(), length + 16);
-    while (tokens.Position() < near && IsPdfBlank(rest[tokens.Position()])) {
-      tokens.MoveTo(tokens.Position() + 1);
-    }
-    if (rest.substr(tokens.Position()).starts_with(kEnd)) {
+    std::size_t end = length;
+    const std::size_t near = std::min(rest.size(), length + kMostBlanks);
+    while (end < near && IsPdfBlank(rest[end])) ++end;
+    if (rest.substr(end).starts_with(kEnd)) {
       Spend(length);
       return rest.substr(0, length);
     }

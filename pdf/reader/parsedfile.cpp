@@ -167,10 +167,14 @@ std::vector<const Object*> ParsedFile::Contents(const PageNode& page) {
 std::string ParsedFile::JoinedContents(const PageNode& page) {
   std::string joined;
   std::unordered_map<const Object*, std::string> decoded;  // a stream may stand there many times
-  for (const Object* stream : Contents(page)) {
+  const auto streams = Contents(page);
+  for (const Object* stream : streams) {
     auto [known, isNew] = decoded.try_emplace(stream);
     if (isNew) {
-      auto text = DecodeStream(objects, *stream, kDecodeCap - joined.size());
+      std::optional<std::string> text;
+      if (streams.size() == 1 || IsPlainOrDeflated(objects, *stream)) {
+        text = DecodeStream(objects, *stream, kDecodeCap - joined.size());
+      }
       known->second = text ? std::move(*text) : std::string(stream->data);
     }
     if (known->second.size() + 1 > kDecodeCap - joined.size()) {

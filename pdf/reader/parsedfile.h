@@ -38,7 +38,8 @@ class ParsedFile {
   Box MediaBox(const PageNode& page);    // of one that makes no sense, or is not there: letter size
   int Rotation(const PageNode& page);    // 0, 90, 180 or 270
   std::vector<const Object*> Contents(const PageNode& page);
-  // The streams decoded and joined with line feeds; one with an unknown filter as it is.
+  // The streams decoded and joined with line feeds. A single one may have any filter that is known
+  // here, of several only Flate is undone; with other filters a stream is taken as it stands.
   std::string JoinedContents(const PageNode& page);
 
   Objects objects;

@@ -125,7 +125,15 @@ Value DictionaryOf(Objects& objects, const Found& found) {
   return objects.ParseAt(found.offset, number).value;
 }
 
-// For a file without a trailer: the last catalog.
+bool LeadsToDictionary(Objects& objects, const Value& reference) {
+  try {
+    return objects.Resolve(reference).IsDictionary();
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+// For a file without a trailer that is of use: the last catalog.
 Value CatalogReference(Objects& objects) {
   Value reference;
   for (const int number : objects.KnownNumbers()) {
@@ -162,7 +170,7 @@ Trailer RepairByScanning(Objects& objects) {
       continue;
     }
   }
-  if (trailer.root.kind == ValueKind::Null) trailer.root = CatalogReference(objects);
+  if (!LeadsToDictionary(objects, trailer.root)) trailer.root = CatalogReference(objects);
   if (trailer.root.kind == ValueKind::Null) throw Error("it has no catalog, or no objects at all");
   return trailer;
 }

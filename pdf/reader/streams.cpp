@@ -75,6 +75,13 @@ constexpr std::array kStreamFilters{
 
 }  // namespace
 
+bool IsPlainOrDeflated(Objects& objects, const Object& stream) {
+  const auto filters = OneOrMany(objects, objects.Find(stream.value, "Filter"));
+  return std::all_of(filters.begin(), filters.end(), [](const Value* filter) {
+    return filter->IsName("FlateDecode") || filter->IsName("Fl");
+  });
+}
+
 std::optional<std::string> DecodeStream(Objects& objects, const Object& stream, std::size_t cap) {
   const auto filters = OneOrMany(objects, objects.Find(stream.value, "Filter"));
   const auto parameters = OneOrMany(objects, objects.Find(stream.value, "DecodeParms"));

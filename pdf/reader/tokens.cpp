@@ -57,13 +57,19 @@ std::size_t Tokens::EndOfString() const {
         ++open;
         break;
       case ')':
-        if (--open == 0) return at + 1;
+        if (--open == 0) return at;
         break;
       default:
         break;
     }
   }
-  return bytes_.size();
+  return std::string_view::npos;
+}
+
+Token Tokens::TakeString(TokenKind kind, std::size_t close) {
+  if (close != std::string_view::npos) return Take(kind, close + 1);
+  position_ = bytes_.size();
+  return {};
 }
 
 Token Tokens::Next() {
@@ -77,13 +83,10 @@ Token Tokens::Next() {
     case ']':
       return Take(TokenKind::ArrayClose, position_ + 1);
     case '(':
-      return Take(TokenKind::String, EndOfString());
-    case '<': {
+      return TakeString(TokenKind::String, EndOfString());
+    case '<':
       if (doubled) return Take(TokenKind::DictionaryOpen, position_ + 2);
-      const std::size_t close = bytes_.find('>', position_);
-      return Take(TokenKind::HexString,
-                  close == std::string_view::npos ? bytes_.size() : close + 1);
-    }
+      return TakeString(TokenKind::HexString, bytes_.find('>', position_));
     case '>':
       if (doubled) return Take(TokenKind::DictionaryClose, position_ + 2);
       break;

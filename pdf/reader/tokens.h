@@ -34,15 +34,15 @@ class Tokens {
   explicit Tokens(std::string_view bytes, std::size_t position = 0)
       : bytes_(bytes), position_(position < bytes.size() ? position : bytes.size()) {}
 
-  // Skips blanks and comments. A string that is not closed ends with the bytes.
+  // Skips blanks and comments. A string that is not closed is the end of the bytes.
   Token Next();
   void SkipBlanks();
 
   std::size_t Position() const { return position_; }
-  void MoveTo(std::size_t position) { position_ = position; }
 
  private:
   Token Take(TokenKind kind, std::size_t end);
+  Token TakeString(TokenKind kind, std::size_t close);
   std::size_t EndOfString() const;
 
   std::string_view bytes_;

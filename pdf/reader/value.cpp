@@ -2,20 +2,16 @@
 
 #include <charconv>
 #include <cmath>
+#include <unordered_map>
 
 #include "pdf/error.h"
 #include "pdf/filters.h"
+#include "pdf/notation.h"
 
 namespace lm::pdf {
 namespace {
 
 constexpr std::size_t kDeepest = 256;
-
-int HexDigit(char sign) {
-  if (sign >= '0' && sign <= '9') return sign - '0';
-  const char lower = static_cast<char>(sign | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
 
 std::string UndoNumberSigns(std::string_view name) {
   std::string out;
@@ -97,12 +93,22 @@ void MakeReference(std::vector<Value>& items) {
   value.text = {};
 }
 
-void CheckDictionary(const Value& value) {
-  bool ok = value.items.size() % 2 == 0;
-  for (std::size_t i = 0; ok && i < value.items.size(); i += 2) {
-    ok = value.items[i].kind == ValueKind::Name;
+// Of keys that are the same the last one counts, as it does for viewers.
+void FinishDictionary(std::vector<Value>& items) {
+  if (items.size() % 2 != 0) throw Error("a dictionary is damaged");
+  std::unordered_map<std::string_view, std::size_t> last;
+  for (std::size_t i = 0; i < items.size(); i += 2) {
+    if (items[i].kind != ValueKind::Name) throw Error("a dictionary is damaged");
+    last[items[i].text] = i;
   }
-  if (!ok) throw Error("a dictionary is damaged");
+  if (last.size() * 2 == items.size()) return;
+  std::vector<Value> kept;
+  for (std::size_t i = 0; i < items.size(); i += 2) {
+    if (last[items[i].text] != i) continue;
+    kept.push_back(std::move(items[i]));
+    kept.push_back(std::move(items[i + 1]));
+  }
+  items = std::move(kept);
 }
 
 Value KeywordValue(std::string_view word) {
@@ -198,7 +204,7 @@ Value ReadValue(Tokens& tokens, std::size_t& budget) {
       if (open.empty() || open.back().kind != closed) throw Error("an object's brackets cross");
       value = std::move(open.back());
       open.pop_back();
-      if (value.IsDictionary()) CheckDictionary(value);
+      if (value.IsDictionary()) FinishDictionary(value.items);
     } else if (!open.empty() && token.Is("R")) {
       MakeReference(open.back().items);
       continue;

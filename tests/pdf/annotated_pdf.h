@@ -37,6 +37,16 @@ class AnnotatedPdf {
     return ReadFile(File(), reason).value_or(reason);
   }
 
+  // The same, and then viewers no longer draw the fields themselves but show their pictures.
+  std::string FinishWithPictures() {
+    const std::string told = "/NeedAppearances true /", shown = "/NeedAppearances false/";
+    const std::string bytes = Finish();
+    std::string reason;
+    EXPECT_NE(bytes.find(told), std::string::npos);
+    EXPECT_TRUE(ReplaceFile(File(), Replace(bytes, told, shown), reason)) << reason;
+    return bytes;
+  }
+
   // What a command prints, complaints included; FILE in it is the document.
   std::string Tool(std::string_view command) const {
     const std::string line = Replace(command, "FILE", File().string()) + " 2>&1";
@@ -57,20 +67,27 @@ class AnnotatedPdf {
 
  private:
   int Pixels(int left, int top, int right, int bottom, int lightest) const {
-    Tool("pdftoppm -r 72 -gray -f 1 -singlefile FILE FILE");
-    std::ifstream picture(File().string() + ".pgm", std::ios::binary);
-    std::string mark;
-    int width = 0, height = 0, most = 0, count = 0;
-    picture >> mark >> width >> height >> most;
-    const std::string pixels(std::istreambuf_iterator<char>(picture.ignore()), {});
+    if (pixels_.empty()) Render();
+    int count = 0;
     for (int y = top; y < bottom; ++y)
       for (int x = left; x < right; ++x) {
-        const char pixel = pixels.at(static_cast<std::size_t>(y * width + x));
+        const char pixel = pixels_.at(static_cast<std::size_t>(y * width_ + x));
         count += static_cast<unsigned char>(pixel) <= lightest;
       }
     return count;
   }
 
+  void Render() const {
+    Tool("pdftoppm -r 72 -gray -f 1 -singlefile FILE FILE");
+    std::ifstream picture(File().string() + ".pgm", std::ios::binary);
+    std::string mark;
+    int height = 0, most = 0;
+    picture >> mark >> width_ >> height >> most;
+    pixels_.assign(std::istreambuf_iterator<char>(picture.ignore()), {});
+  }
+
+  mutable std::string pixels_;  // of the first page, once it was looked at
+  mutable int width_ = 0;
   TempDirectory folder_;
 };
 
@@ -84,6 +101,14 @@ inline std::string ObjectOf(const std::string& bytes, const std::string& number)
   if (begin == std::string::npos) return "";
   const std::size_t from = begin + number.size() + 8;
   return bytes.substr(from, bytes.find("endobj", from) - from);
+}
+
+// The form that draws the annotation.
+inline std::string PictureOf(const std::string& bytes, const std::string& annotation) {
+  const std::size_t at = annotation.find("/AP << /N ");
+  if (at == std::string::npos) return "";
+  const std::size_t from = at + 10;
+  return ObjectOf(bytes, annotation.substr(from, annotation.find(' ', from) - from));
 }
 
 // The number that stands behind a piece of text.

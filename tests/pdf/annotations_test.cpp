@@ -23,6 +23,10 @@ TEST(LinkTo, WritesEachKindOfTarget) {
       {"http://x/a b(\xE9)", "/URI (http://x/a%20b\\(%C3%A9\\)) >> "},
       {"file:terms.pdf", "<< /Type /Action /S /GoToR /F (terms.pdf) /D [-1 /XYZ 0 0 0] >> "},
       {"file:///home/a.pdf", "/F (/home/a.pdf) /D"},
+      {"file:C:\\x\\a.pdf", "/F (/C/x/a.pdf) /D"},
+      {"file:///c:/a.pdf", "/F (/c/a.pdf) /D"},
+      {"file:/", "/F (/) /D"},
+      {"file:\\\\host\\a.pdf", "/F (//host/a.pdf) /D"},
       {"script:app.beep(0);", "/A << /S /JavaScript /JS "},
       {"page:1", "/Dest ["},
   };
@@ -104,10 +108,17 @@ TEST(DrawNote, WritesNotesThatViewersDraw) {
   const std::string bytes = file.Finish();
   EXPECT_TRUE(Has(bytes, "<< /Type /Annot /Subtype /FreeText/Rect [50 752 250 792] /F 4 "));
   EXPECT_TRUE(Has(bytes, "/Q 1 /BS << "));
-  EXPECT_TRUE(Has(bytes, "/Subtype /Text/Name /Note /Rect [50 672 70 692]"));
+  EXPECT_TRUE(Has(bytes, "/Subtype /Text /Name /Note/Rect [50 672 70 692] /F 28 "));
   EXPECT_TRUE(Has(bytes, "/Subtype /Stamp /Name /Approved"));
   EXPECT_TRUE(Has(bytes, "/Subtype /Stamp /Name /Banked#20#282#29"));
   for (const int top : {50, 150, 250, 350}) EXPECT_GT(file.Inked(50, top, 70, top + 20), 20) << top;
+  const std::string note = ObjectOf(bytes, NumberAfter(bytes, "/Annots [ "));
+  const std::string picture = PictureOf(bytes, note);
+  for (const char* piece :
+       {"/Resources << ", "/Font << /A", "1 1 0.502 rg", "(Paid in full \x80 5) Tj"})
+    EXPECT_TRUE(Has(picture, piece)) << piece;
+  EXPECT_TRUE(Has(bytes, "(Banked \\(2\\)) Tj"));
+  EXPECT_TRUE(Has(bytes, "/C [0.5 0.5 0.5] "));  // of three numbers for every viewer
 }
 
 TEST(DrawNote, RefusesNonsense) {
@@ -124,6 +135,61 @@ TEST(DrawNote, RefusesNonsense) {
     EXPECT_EQ(file.pdf.ErrNumber(), 5) << c.type << c.text;
     EXPECT_FALSE(Has(file.Finish(), "/Annot")) << c.type << c.text;
   }
+}
+
+TEST(DrawNote, WrapsAndAlignsItsText) {
+  AnnotatedPdf file;
+  file.pdf.SetFont("Arial", 20);
+  for (const int alignment : {0, 1, 2, 3})
+    file.pdf.DrawNote(0, "I I I I I I", 50, 50 + 100 * alignment, 60, 80, "", "", alignment);
+  file.Finish();
+  const auto dark = [&](int left, int top, int right, int bottom) {
+    return file.Dark(left, top, right, bottom) > 0;
+  };
+  for (const int alignment : {0, 1, 2, 3}) {
+    const int top = 50 + 100 * alignment;
+    EXPECT_TRUE(dark(53, top + 4, 107, top + 22)) << alignment;   // a first line
+    EXPECT_TRUE(dark(53, top + 28, 107, top + 46)) << alignment;  // and a second one
+    EXPECT_FALSE(dark(111, top, 200, top + 80)) << alignment;
+    // The second line is short and stands on its side.
+    EXPECT_EQ(dark(52, top + 28, 58, top + 46), alignment == 0 || alignment == 3) << alignment;
+    EXPECT_EQ(dark(102, top + 28, 108, top + 46), alignment == 2) << alignment;
+  }
+}
+
+TEST(Annotations, ConformToPdfA) {
+  const std::function<void(clsPDFCreator&)> refused[] = {
+      [](clsPDFCreator& pdf) { pdf.LinkTo("script:app.beep(0);"); },
+      [](clsPDFCreator& pdf) { pdf.LinkTo("layer:ON(A)"); },
+      [](clsPDFCreator& pdf) { pdf.OnDocEvent("", "x"); },
+      [](clsPDFCreator& pdf) { pdf.OnDocEvent("WC", "x"); },
+      [](clsPDFCreator& pdf) { pdf.OnPageEvent("O", "x"); },
+      [](clsPDFCreator& pdf) { pdf.AddAttach("anything"); },
+  };
+  for (const auto& operation : refused) {
+    AnnotatedPdf file;
+    file.pdf.SetPDFa(true);
+    DrawBox(file.pdf);
+    operation(file.pdf);
+    EXPECT_TRUE(Has(file.pdf.ErrDescription(), "PDF/A allows no ")) << file.pdf.ErrDescription();
+    const std::string bytes = file.Finish();
+    for (const char* left : {"JavaScript", "/Annots", "EmbeddedFile", "/AA"})
+      EXPECT_FALSE(Has(bytes, left)) << left;
+  }
+  AnnotatedPdf file;
+  file.pdf.SetPDFa(true);
+  file.pdf.SetFont("Courier New", 10);
+  DrawBox(file.pdf);
+  file.pdf.LinkTo("http:x");
+  file.pdf.LinkTo("page:1");
+  for (const int type : {0, 1, 2}) file.pdf.DrawNote(type, "Draft", 50, 150, 100, 40);
+  EXPECT_EQ(file.pdf.ErrDescription(), "");
+  const std::string bytes = file.Finish();
+  std::size_t links = 0;
+  for (std::size_t at = 0; (at = bytes.find(" /H /I /F 4 /", at)) != std::string::npos; ++at)
+    ++links;
+  EXPECT_EQ(links, 2u);
+  EXPECT_EQ(file.Tool("pdffonts FILE | tail -n +3 | wc -l"), "1\n");  // the caller's alone
 }
 
 TEST(SetLabel, FollowsThePages) {

@@ -200,16 +200,19 @@ TEST(BarCodes, AReaderReadsTheRenderedPage) {
   const auto pdf = directory.Path() / "bars.pdf";
   clsPDFCreator creator(test::StandingClock());
   creator.SetScale(2);
+  creator.SetPaperSize(255, 150, 25);
   creator.BeginDoc(pdf.string());
+  constexpr double kModule = 0.33;  // mm, as on goods
   for (const auto& c : cases) {
     creator.BeginPage();
-    creator.DrawBarCode(c.kind, c.code, 20, 20, 160, 40);
+    creator.DrawBarCode(c.kind, c.code, 8, 4, kModule * EncodeBarCode(c.kind, c.code).Modules(),
+                        16);
     ASSERT_EQ(creator.ErrDescription(), "") << c.code;
   }
   creator.EndDoc();
 
   const std::string pages = (directory.Path() / "page").string();
-  ASSERT_EQ(std::system(("pdftoppm -r 120 -gray '" + pdf.string() + "' '" + pages + "'").c_str()),
+  ASSERT_EQ(std::system(("pdftoppm -r 300 -gray '" + pdf.string() + "' '" + pages + "'").c_str()),
             0);
   std::string expected;
   for (const auto& c : cases) expected += c.read + "\n";

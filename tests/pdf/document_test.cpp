@@ -1,4 +1,4 @@
-// The frame of a document: numbers, objects, the file, its pages and settings.
+// The frame of a document: its pages, settings and what it tells about itself.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -74,81 +74,6 @@ class DocumentTest : public testing::Test {
     return sizes;
   }
 };
-
-TEST(Points, PrintNumbersAsTheFormatNeedsThem) {
-  struct Case {
-    int precision;
-    double value;
-    const char* text;
-  };
-  constexpr double kInfinite = std::numeric_limits<double>::infinity();
-  for (const Case& each : {
-           Case{3, 0, "0"},
-           Case{3, -0.0004, "0"},
-           Case{3, 0.0005, "0.001"},
-           Case{3, -0.0005, "-0.001"},
-           Case{3, 0.5, "0.5"},
-           Case{3, 28.3464551, "28.346"},
-           Case{3, -1.0995, "-1.1"},
-           Case{3, 100, "100"},
-           Case{3, 1000.05, "1000.05"},
-           Case{3, 9999.9994, "9999.999"},
-           Case{0, 2.5, "3"},
-           Case{0, -841.89, "-842"},
-           Case{6, 1.0000014, "1.000001"},
-           Case{6, 0.000001, "0.000001"},
-           // Where the single-precision number has fewer digits than were asked for.
-           Case{3, 12345.678, "12345.678"},
-           Case{6, 123.456789, "123.45679"},
-           Case{3, 1e10, "10000000000"},
-           Case{3, 1e300, "0"},
-           Case{3, kInfinite, "0"},
-           Case{3, -kInfinite, "0"},
-           Case{3, std::numeric_limits<double>::quiet_NaN(), "0"},
-       }) {
-    pdf::Document document;
-    document.precision = each.precision;
-    EXPECT_EQ(document.Points(each.value), each.text) << each.value;
-  }
-}
-
-TEST(OutputFile, EscapesTexts) {
-  const pdf::Output out;
-  EXPECT_EQ(out.Text("a\\b(c)\r\n"), "(a\\\\b\\(c\\)\\r\\n)");
-  EXPECT_EQ(out.Text("caf\xE9"), "(caf\xE9)");
-  const std::string unicode = out.Text("\x80\x81(");  // a euro, an empty code, a bracket
-  EXPECT_EQ(unicode, std::string("(\xFE\xFF\x20\xAC\x00\x81\x00\\()", 11));
-}
-
-TEST(OutputFile, AppliesFiltersInOrderAndRefusesToWriteNowhere) {
-  test::TempDirectory directory;
-  const fs::path path = directory.Path() / "stream";
-  pdf::Output out;
-  EXPECT_THROW(out.Write("x"), pdf::Error);
-  EXPECT_THROW(out.BeginNewObject(), pdf::Error);
-  EXPECT_EQ(out.ObjectCount(), 0);
-
-  out.Open(path);
-  out.Write("%");
-  out.SetCompression(pdf::kRunLength | pdf::kAsciiHex, 0, pdf::kLzw);
-  out.BeginNewObject();
-  out.WriteStream(pdf::StreamClass::Contents, "<< ", "aaaa");
-  out.WriteStream(pdf::StreamClass::Contents, "<< ", "");
-  out.WriteStream(pdf::StreamClass::Images, "<< ", "raw", {"/DCTDecode", 7, false});
-  out.pdfA = true;
-  out.WriteStream(pdf::StreamClass::Fonts, "<< ", "no lzw");
-  out.ReserveObject();
-  out.WriteCrossReference();
-  out.Close();
-  EXPECT_EQ(Bytes(path),
-            "%\n1 0 obj\n"
-            "<< /Filter [/ASCIIHexDecode /RunLengthDecode] /Length 7 >>\rstream\r\nFD6180>\n"
-            "endstream\n"
-            "<< /Length 0 >>\rstream\r\n\nendstream\n"
-            "<< /Filter /DCTDecode /Length1 7 /Length 3 >>\rstream\r\nraw\nendstream\n"
-            "<< /Length 6 >>\rstream\r\nno lzw\nendstream\n"
-            "xref\n0 3\n0000000000 65535 f\r\n0000000002 00000 n\r\n0000000000 65535 f\r\n");
-}
 
 TEST_F(DocumentTest, WithoutPagesHasOneBlankPage) {
   Begin();
@@ -244,6 +169,54 @@ TEST_F(DocumentTest, OpensAWrittenPageAgain) {
   EXPECT_EQ(writer_.ErrDescription(), "No document is open");
 }
 
+// What texts are measured with is what the page's contents say.
+TEST_F(DocumentTest, BeginsPagesWithoutSpacingsAndOpensThemWithThoseInForce) {
+  const auto setAll = [&](double value, int mode) {
+    writer_.SetCharSpacing(value);
+    writer_.SetWordSpacing(value);
+    writer_.SetTextHorizontalScaling(value);
+    writer_.SetTextMode(mode);
+  };
+  Begin();
+  writer_.BeginPage();
+  const double width = writer_.GetTextWidth("a b");
+  setAll(50, 3);
+  EXPECT_NE(writer_.GetTextWidth("a b"), width);
+  writer_.BeginPage();
+  EXPECT_EQ(writer_.GetTextWidth("a b"), width);
+  writer_.BeginOnPage(1);
+  EXPECT_EQ(writer_.GetTextWidth("a b"), width);
+  writer_.EndOnPage();
+  writer_.BeginPage();
+  setAll(25, 2);
+  writer_.BeginOnPage(2);
+  const std::string bytes = End();
+  EXPECT_EQ(Count(bytes, "0 Tc\n0 Tw\n100 Tz\n0 Tr\n"), 1u);
+  EXPECT_EQ(Count(bytes, "25 Tc\n25 Tw\n25 Tz\n2 Tr\n"), 2u);  // the last page, and the second
+}
+
+TEST_F(DocumentTest, GoesOnInTheCoordinatesThatAPageEndedWith) {
+  Begin();
+  writer_.BeginPage();
+  writer_.AxisTranslation(100, 200);
+  writer_.BeginPage();
+  writer_.BeginOnPage(1);
+  writer_.DrawRect(10, 20, 30, 40);
+  writer_.LinkTo("http://example.org");
+  EXPECT_TRUE(Has(End(), "/Rect [110 582 140 622]"));
+}
+
+TEST_F(DocumentTest, PlaceHoldersKnowPatternsOnlyWhenInOne) {
+  for (const bool patterned : {false, true}) {
+    Begin();
+    writer_.BeginPage();
+    writer_.AddGradient("fade", 0, "RED", "BLUE", 0, 0, 100, 0);
+    if (patterned) writer_.SetColorText("fade");
+    writer_.DrawPlaceHolder("#PAGES", 10, 20, 30);
+    EXPECT_EQ(Has(End(), "/Matrix [1 0 0 1 0 0] /Resources 2 0 R"), patterned);
+  }
+}
+
 TEST_F(DocumentTest, TakesSettingsInsideTheirRange) {
   EXPECT_EQ(writer_.GetPageWidth(), 596);
   writer_.SetScale(2);
@@ -317,7 +290,7 @@ TEST_F(DocumentTest, TellsAboutItself) {
                   "/CreationDate (D:20260203103000+01'00')\r"));
 
   writer_.SetDocProperty("\x80 <b> & \x93q\x94", "About\x01", "", "LM", "", "k1");
-  writer_.SetDocProperty("\x80 <b> & \x93q\x94", "About\x01", "J\xF6rg", "", "", "k1, k2");
+  writer_.SetDocProperty("\x80 <b> & \x93q\x94", "About\r\x01", "J\xF6rg", "", "", "k1, k2");
   Begin();
   bytes = End();
   const std::string report =
@@ -325,13 +298,14 @@ TEST_F(DocumentTest, TellsAboutItself) {
   for (const char* part :
        {"Title:           € <b> & “q”\n", "Author:          Jörg\n", "Creator:         LM\n",
         "Producer:        PageWriter Library 2020.1\n", "Keywords:        k1, k2\n",
-        "<rdf:li xml:lang='x-default'>€ &lt;b&gt; &amp; “q”</rdf:li>", ">About </rdf:li>",
+        "<rdf:li xml:lang='x-default'>€ &lt;b&gt; &amp; “q”</rdf:li>", ">About&#13; </rdf:li>",
         "<xap:CreateDate>2026-02-03T10:30:00+01:00</xap:CreateDate>",
         "<xap:MetadataDate>2026-02-03T10:30:00+01:00</xap:MetadataDate>",
         "<pdf:Keywords>k1, k2</pdf:Keywords>", "id='W5M0MpCehiHzreSzNTczkc9d'",
         "<?xpacket end='r'?>"})
     EXPECT_TRUE(Has(report, part)) << part << report;
   EXPECT_FALSE(Has(report, "pdfaid"));
+  EXPECT_TRUE(Has(bytes, "/Subject (About\\r )\r"));  // as the packet tells it
 
   // Standard MD5 of the creation date.
   const std::regex id("/ID \\[<([0-9A-F]{32})><([0-9A-F]{32})>\\]");
@@ -348,6 +322,15 @@ TEST_F(DocumentTest, CarriesWhatPdfANeeds) {
   writer_.SetPDFa(true);
   writer_.SetProtection(4, "a", "b");
   EXPECT_EQ(writer_.ErrDescription(), "PDF/A allows no encryption");
+  writer_.Abort();
+  Begin();
+  writer_.BeginPage();
+  writer_.EndPage();
+  writer_.SetPDFa(true);  // pages might hold anything by now
+  EXPECT_EQ(writer_.ErrSource(), "PageWriter.SetPDFa");
+  writer_.EndDoc();
+  EXPECT_FALSE(Has(Bytes(path_), "pdfaid"));
+
   writer_.Abort();
   writer_.SetPDFa(true);
   writer_.SetCompression(4, 0, 0);
@@ -402,29 +385,6 @@ TEST_F(DocumentTest, ReportsTroubleAndGoesOn) {
   EXPECT_EQ(writer_.GetPages(), 0);
   EXPECT_NEAR(writer_.GetPageHeight(), 297, 0.1);
   End();
-}
-
-TEST_F(DocumentTest, ReportsAFullDisk) {
-  if (!fs::exists("/dev/full")) GTEST_SKIP() << "needs /dev/full";
-  writer_.BeginDoc("/dev/full");
-  writer_.BeginPage();
-  EXPECT_EQ(writer_.ErrNumber(), 0);
-  writer_.EndDoc();
-  EXPECT_EQ(writer_.ErrNumber(), 75);
-  EXPECT_EQ(writer_.ErrSource(), "PageWriter.EndDoc");
-  EXPECT_EQ(writer_.ErrDescription(), "The file cannot be written: No space left on device");
-
-  // In the middle of a long document, too.
-  writer_.Abort();
-  writer_.BeginDoc("/dev/full");
-  for (int page = 0; page < 20; ++page) {
-    writer_.BeginPage();
-    for (int i = 0; i < 2000; ++i) writer_.DrawLine(i, i, i + 1, i);
-    writer_.EndPage();
-  }
-  EXPECT_EQ(writer_.ErrNumber(), 75);
-  writer_.EndDoc();
-  EXPECT_EQ(writer_.ErrNumber(), 75);
 }
 
 TEST_F(DocumentTest, GrowsByPageRecordsOnly) {

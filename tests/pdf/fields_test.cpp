@@ -96,13 +96,7 @@ TEST(DrawField, BringsPicturesOfItsStates) {
                        0, "1");
     file.pdf.DrawField(type, "off" + name, 150, type * 50, 40, 40, "", "", 0, "", "", 1, 0, "1");
   }
-  std::string bytes = file.Finish();
-  const std::string_view told = "/NeedAppearances true /";
-  const std::size_t at = bytes.find(told);
-  ASSERT_NE(at, std::string::npos);
-  bytes.replace(at, told.size(), "/NeedAppearances false/");
-  std::string reason;
-  ASSERT_TRUE(ReplaceFile(file.File(), bytes, reason));
+  file.FinishWithPictures();
   for (const int top : {200, 250}) {
     EXPECT_GT(file.Dark(60, top + 10, 80, top + 30), 40) << top;  // the mark
     EXPECT_GT(file.Dark(50, top + 15, 54, top + 25), 30) << top;  // the frame
@@ -110,6 +104,137 @@ TEST(DrawField, BringsPicturesOfItsStates) {
   }
   EXPECT_GT(file.Dark(50, 200, 54, 204), 10);  // a corner of the box
   EXPECT_EQ(file.Inked(50, 250, 54, 254), 0);  // the circle has none
+}
+
+struct Texted {
+  const char* name;
+  int type;
+  const char* value;
+  int flags;
+  const char* items;
+  std::vector<const char*> drawn;  // pieces of the picture
+};
+
+TEST(DrawField, BringsPicturesOfItsText) {
+  const Texted cases[] = {
+      {"line", 0, "one\r(two)", 0, "", {"/Tx BMC\r", "(one \\(two\\)) Tj", "EMC\r"}},
+      {"lines", 0, "one two three four\r\nfive", 0x1000, "", {"(one two) Tj", "(five) Tj"}},
+      {"password", 0, "pass", 0x2000 | 0x1000, "", {"(****) Tj"}},
+      {"empty", 0, "", 0, "", {"/Tx BMC\r"}},
+      {"combo", 2, "two", 0, "one|two", {"(two) Tj"}},
+      {"list", 3, "two", 0, "one|two|one|one", {"(one) Tj", "0.6 0.757 0.855 rg\r", "(two) Tj"}},
+      {"sorted",
+       3,
+       "b|C",
+       0x280000,
+       "b|a|C",
+       {"(a) Tj", "0.6 0.757", "(b) Tj", "0.6 0.757", "(C) Tj"}},
+      {"button", 1, "Go \x80", 0, "", {"(Go \x80) Tj"}},
+  };
+  AnnotatedPdf file;
+  file.pdf.SetFont("Courier New", 10, 1);
+  file.pdf.SetColorText("#C00000");
+  file.pdf.SetCharSpacing(30);
+  file.pdf.SetTextHorizontalScaling(400);
+  int top = 50;
+  for (const Texted& c : cases) {
+    file.pdf.DrawField(c.type, c.name, 50, top, 80, 40, c.value, "", c.flags, "#000000", "#FFFF00",
+                       1, 0, c.items);
+    top += 60;
+  }
+  file.pdf.SetFont("Times", 20);
+  EXPECT_EQ(file.pdf.ErrDescription(), "");
+  const std::string bytes = file.FinishWithPictures();
+  top = 50;
+  for (const Texted& c : cases) {
+    const std::string picture = PictureOf(bytes, FieldOf(bytes, c.name));
+    const std::string font = picture.substr(0, picture.find("stream"));
+    EXPECT_TRUE(Has(font, " /BBox [ 0 0 80 40 ] /Matrix [1 0 0 1 0 0] /Resources << "));
+    EXPECT_TRUE(Has(font, "/Font << /A") && Has(font, "FNT_1 ")) << c.name;
+    EXPECT_TRUE(Has(picture, "0.753 0 0 rg")) << c.name;
+    std::size_t at = 0;  // the pieces stand in this order
+    for (const char* piece : c.drawn) {
+      at = picture.find(piece, at);
+      ASSERT_NE(at, std::string::npos) << c.name << ": " << piece << "\n" << picture;
+      ++at;
+    }
+    EXPECT_EQ(Has(picture, "BMC"), c.type != 1) << c.name;
+    EXPECT_EQ(file.Inked(52, top + 2, 128, top + 38), 76 * 36) << c.name;  // the ground
+    EXPECT_EQ(file.Inked(131, top, 200, top + 40), 0) << c.name;           // nothing beside it
+    EXPECT_EQ(file.Dark(54, top + 2, 126, top + 38) > 20, c.value[0] != 0) << c.name;
+    top += 60;
+  }
+  EXPECT_FALSE(Has(PictureOf(bytes, FieldOf(bytes, "password")), "pass"));
+  EXPECT_TRUE(Has(FieldOf(bytes, "sorted"), "/Opt [ (a) (b) (C) ]"));
+}
+
+TEST(DrawField, ChoosesASizeThatFits) {
+  AnnotatedPdf file;
+  file.pdf.SetFont("Courier New", 10);
+  file.pdf.SetFontSize(0);
+  struct Case {
+    const char* name;
+    double width, height;
+    const char* value;
+    int flags;
+    const char* size;
+  };
+  // A letter is 0.6 wide and 1.133 high; the border takes 1 and the padding 2 on each side.
+  const Case cases[] = {{"high", 300, 24.66, "ab", 0, " 20 Tf "},
+                        {"narrow", 30, 100, "abcd", 0, " 10 Tf "},
+                        {"smallest", 30, 3, "abcdefghijkl", 0, " 4 Tf "},
+                        {"largest", 300, 100, "one two", 0x1000, " 12 Tf "},
+                        {"lines", 54, 26, "one two three four", 0x1000, " 8 Tf "}};
+  for (const Case& c : cases)
+    file.pdf.DrawField(0, c.name, 50, 50, c.width, c.height, c.value, "", c.flags);
+  const std::string bytes = file.Finish();
+  for (const Case& c : cases) {
+    const std::string picture = PictureOf(bytes, FieldOf(bytes, c.name));
+    EXPECT_TRUE(Has(picture, c.size)) << c.name << picture;
+    EXPECT_TRUE(Has(FieldOf(bytes, c.name), " 0 Tf 0 0 0 rg)")) << c.name;
+  }
+}
+
+TEST(DrawField, DrawsEachStyleOfBorder) {
+  AnnotatedPdf file;
+  for (int style = 0; style < 5; ++style)
+    file.pdf.DrawField(0, "f" + std::to_string(style), 50, 50 + 50 * style, 60, 30, "", "", 0,
+                       "#000000", "#FFFFFF", 4, style);
+  file.FinishWithPictures();
+  const auto dark = [&](int left, int top, int right, int bottom) {
+    return file.Dark(left, top, right, bottom);
+  };
+  for (int style = 0; style < 5; ++style) {
+    const int y = 50 + 50 * style;
+    const int top = dark(70, y + 1, 90, y + 3), bottom = dark(70, y + 27, 90, y + 29);
+    EXPECT_EQ(bottom, style == 1 ? bottom : 40) << style;
+    EXPECT_EQ(top, style == 4 ? 0 : style == 1 ? top : 40) << style;
+  }
+  EXPECT_GT(dark(70, 101, 90, 103), 0);  // dashes
+  EXPECT_LT(dark(70, 101, 90, 103), 40);
+  const auto inked = [&](int y) { return file.Inked(70, y, 90, y + 2); };
+  EXPECT_EQ(inked(155), 0);   // raised: white above
+  EXPECT_EQ(inked(173), 40);  // and gray below
+  EXPECT_EQ(inked(205), 40);
+  EXPECT_EQ(inked(223), 40);
+  EXPECT_EQ(inked(55), 0);  // a line has no edges
+}
+
+TEST(DrawField, ConformsToPdfA) {
+  AnnotatedPdf file;
+  file.pdf.SetPDFa(true);
+  for (int type = 0; type < 6; ++type)
+    file.pdf.DrawField(type, "f" + std::to_string(type), 50, 50 + 50 * type, 60, 30, "1", "", 0,
+                       "#000000", "", 1, 0, "1");
+  EXPECT_EQ(file.pdf.ErrDescription(), "");
+  file.pdf.OnFieldEvent("K", "app.beep(0);");
+  EXPECT_TRUE(Has(file.pdf.ErrDescription(), "PDF/A allows no scripts"));
+  const std::string bytes = file.Finish();
+  EXPECT_TRUE(Has(bytes, "/AcroForm <</Fields [ "));
+  for (const char* left : {"NeedAppearances", "Dingbats", "/ZaDb", "/AA", "JavaScript"})
+    EXPECT_FALSE(Has(bytes, left)) << left;
+  for (int type = 0; type < 6; ++type)
+    EXPECT_GT(file.Dark(50, 50 + 50 * type, 110, 80 + 50 * type), 20) << type;
 }
 
 TEST(DrawField, NamesStandInATree) {
@@ -145,7 +270,7 @@ TEST(DrawField, RefusesNonsense) {
     const char* colour;
   };
   for (const Case& c : {Case{-1, 10, ""}, Case{6, 10, ""}, Case{0, 0, ""}, Case{0, -5, ""},
-                        Case{0, 0.0 / 0.0, ""}, Case{0, 10, "no colour"}}) {
+                        Case{0, 0.0 / 0.0, ""}, Case{0, 1.0 / 0.0, ""}, Case{0, 10, "no colour"}}) {
     AnnotatedPdf file;
     file.pdf.DrawField(c.type, "x", 10, 10, c.width, 10, "", "", 0, c.colour);
     EXPECT_EQ(file.pdf.ErrNumber(), 5) << c.type << " " << c.width << c.colour;

@@ -146,7 +146,6 @@ TEST(Fonts, Measures) {
   EXPECT_DOUBLE_EQ(open.fonts.TextWidth("a b c"), 41);
   state.horizontalScaling = 50;
   EXPECT_DOUBLE_EQ(open.fonts.TextWidth("a b c"), 20.5);
-  EXPECT_DOUBLE_EQ(open.fonts.TextWidthAt("a b c", 100), 35);
   open.fonts.Set("Times", 20, 0, 0);
   EXPECT_DOUBLE_EQ(open.fonts.LineHeight(), 22.14);
 }

@@ -73,6 +73,8 @@ TEST(Graphics, OperatorsAsText) {
       {[](auto& g) { g.DrawCurve(1, 2, 3, 4, 5, 6, 2); }, "0 0 m 1 2 5 6 y S\n"},
       {[](auto& g) { g.DrawPolyline("1;2;3;4"); }, "1 2 m 3 4 l S\n"},
       {[](auto& g) { g.DrawPolygon("1 2 3 4 5 6"); }, "1 2 m 3 4 l 5 6 l h S\n"},
+      {[](auto& g) { g.SetColorFill("RED"), g.DrawPolygon("1 2 3 4 5 6", 4); },
+       "1 0 0 rg\n1 2 m 3 4 l 5 6 l b*\n"},
       {[](auto& g) { g.DrawRect(10, 20, 30, 40); }, "10 20 30 40 re S\n"},
       {[](auto& g) { g.DrawRect(10, 20, 30, 40, 0, 255, 0); }, "10 20 30 40 re S\n"},
       {[](auto& g) { g.SetColorFill("RED"), g.DrawRect(0, 0, 1, 1, 5); },
@@ -104,7 +106,7 @@ TEST(Graphics, OperatorsAsText) {
       {[](auto& g) { g.AxisRotation(30); }, "0.866 0.5 -0.5 0.866 0 0 cm\n"},
       {[](auto& g) { g.AxisRotation(-720); }, ""},
       {[](auto& g) { g.AxisScaling(2, 0.5); }, "2 0 0 0.5 0 0 cm\n"},
-      {[](auto& g) { g.AxisSkewing(45, 0); }, "1 1 0 1 0 0 cm\n"},
+      {[](auto& g) { g.AxisSkewing(0.5, -1); }, "1 0.5 -1 1 0 0 cm\n"},
       {[](auto& g) { g.AxisTranslation(5, 6), g.DrawLineTo(0, 0); },
        "1 0 0 1 5 6 cm\n5 6 m 0 0 l S\n"},
       {[](auto& g) { g.BeginSpace(5, 6, 2, 3, 90), g.EndSpace(); },
@@ -121,7 +123,7 @@ TEST(Graphics, PaintModes) {
   const struct {
     int mode;
     const char* text;
-  } cases[] = {{0, " S"},       {1, " n"},         {2, " h S"},    {3, " h n"},      {4, " B*"},
+  } cases[] = {{0, " S"},       {1, " n"},       {2, " h S"},    {3, " h n"},    {4, " B*"},
                {5, " f*"},      {6, " b*"},      {7, " f*"},     {128, " W S"},  {129, " W n"},
                {130, " W h S"}, {131, " W h n"}, {133, " W f*"}, {134, " W b*"}, {8, " S"}};
   for (const auto& c : cases) EXPECT_EQ(PaintOperator(c.mode), c.text) << c.mode;
@@ -159,6 +161,8 @@ TEST(Graphics, NonsenseIsRefusedAndLeavesThePageAlone) {
       [&](auto& g) { g.DrawArc(1, 2, 3, 4, 0, infinite); },
       [&](auto& g) { g.AxisRotation(infinite); },
       [](auto& g) { g.AxisScaling(0, 1); },
+      [](auto& g) { g.AxisSkewing(2, 0.5); },
+      [&](auto& g) { g.AxisSkewing(0, infinite); },
       [](auto& g) { g.BeginSpace(0, 0, 1, 0.0001); },
       [](auto& g) { g.EndSpace(); },
       [](auto& g) { g.EndObject(); },
@@ -210,6 +214,21 @@ TEST(Graphics, OneStateForEachTransparency) {
   }
 }
 
+TEST(Graphics, AnArchiveIsOpaque) {
+  Drawing archive;
+  archive.document.pdfA = true;
+  Graphics& g = archive.graphics;
+  EXPECT_THROW(g.SetAlpha(99), Error);
+  EXPECT_THROW(g.SetAlphaFill(0), Error);
+  EXPECT_THROW(g.SetAlphaLine(-5), Error);
+  EXPECT_THROW(g.SetBlend("Multiply"), Error);
+  EXPECT_EQ(archive.document.extGStates, "");
+  EXPECT_EQ(archive.Take(), "");
+  g.SetAlpha(150);
+  g.SetBlend("normal");
+  EXPECT_EQ(archive.Take(), "/A1+GS_100 gs\n/A1+GSB_Normal gs\n");
+}
+
 TEST(Graphics, AGradientWithoutItsLastNumbersIsAPlainOne) {
   Drawing drawing;
   drawing.graphics.AddGradient("ID1", 0, "255", "16711680", 1, 2, 3, 4, 0, 0, 0, 0);
@@ -239,6 +258,7 @@ TEST(Graphics, TilingPatterns) {
   EXPECT_THROW(g.BeginTiling("more", 1, 1), Error);
   g.SetColorFill("BLUE");
   g.DrawRect(1, 1, 2, 2, 5);
+  g.DrawBarCode(3, "9638507", 0, 0, 10, 10, false);
   g.EndTiling();
   drawing.Take();
   g.SetColorFill("dots");
@@ -251,7 +271,7 @@ TEST(Graphics, TilingPatterns) {
                       "20] /Resources 3 0 R "
                       "/XStep 10 /YStep 25 /Matrix [1 0 0 1 0 0]"),
             std::string::npos);
-  EXPECT_NE(file.find("1 0 0 -1 0 20 cm \r1 w\n1 1 2 2 re f*\n"), std::string::npos);
+  EXPECT_NE(file.find("1 0 0 -1 0 20 cm \r1 w\n1 1 2 2 re f*\nq\n0 0 "), std::string::npos);
 }
 
 TEST(Graphics, SpacesAndLayersThatStayOpenEndWithThePage) {

@@ -143,10 +143,10 @@ TEST_F(Images, SizesThatAreLeftOut) {
     const char* matrix;
   };
   const Case cases[] = {
-      {0, 0, 0, "q 4 0 0 -2 5 7 cm"},     {10, 0, 0, "q 10 0 0 -5 5 10 cm"},
-      {0, 10, 0, "q 20 0 0 -10 5 15 cm"}, {10, 10, 0, "q 10 0 0 -10 5 15 cm"},
-      {10, 10, 1, "q 10 0 0 -5 5 10 cm"}, {30, 10, 1, "q 20 0 0 -10 5 15 cm"},
-      {0, 10, 1, "q 20 0 0 -10 5 15 cm"}, {-3, -3, 1, "q 4 0 0 -2 5 7 cm"},
+      {0, 0, 0, "q 4 0 0 -2 5 7 cm"},      {10, 0, 0, "q 10 0 0 -5 5 10 cm"},
+      {0, 10, 0, "q 20 0 0 -10 5 15 cm"},  {10, 10, 0, "q 10 0 0 -10 5 15 cm"},
+      {10, 10, 1, "q 10 0 0 -10 5 15 cm"}, {30, 10, 1, "q 30 0 0 -10 5 15 cm"},
+      {0, 10, 1, "q 20 0 0 -10 5 15 cm"},  {-3, -3, 1, "q 4 0 0 -2 5 7 cm"},
   };
   for (const Case& c : cases) Draw(file, 5, 5, c.width, c.height, c.mode);
   pdf_.SetScale(2);
@@ -161,6 +161,23 @@ TEST_F(Images, SizesThatAreLeftOut) {
   EXPECT_NE(bytes.find("q 4 0 0 -2 28.346 30.346 cm"), bytes.npos);
 }
 
+TEST_F(Images, AnArchiveHoldsNothingTransparentAndNoDeepPicture) {
+  const std::string black =
+      File("a.png", PngHeader(1, 1, 8, kPngGray) + PngEnd(std::string(2, '\0')));
+  const std::string deep =
+      File("b.png", PngHeader(1, 1, 16, kPngGray) + PngEnd(std::string(3, '\0')));
+  pdf_.SetPDFa(true);
+  pdf_.DrawImage(black, 50, 50, 20, 20, 0, -1, 25);
+  EXPECT_NE(pdf_.ErrDescription().find("transparent"), std::string::npos);
+  EXPECT_EQ(pdf_.AddImage(deep), "");
+  EXPECT_EQ(pdf_.GetX(), 0);
+  pdf_.DrawImage(black, 0, 0, 20, 20);
+  const RenderedPage page = Render();
+  EXPECT_TRUE(Bytes().starts_with("%PDF-1.4"));
+  EXPECT_EQ(page.At(10, 10), kBlack);
+  EXPECT_EQ(page.At(60, 60), kWhite);
+}
+
 TEST_F(Images, TransparencyLetsThePageThrough) {
   const std::string black =
       File("a.png", PngHeader(1, 1, 8, kPngGray) + PngEnd(std::string(2, '\0')));
@@ -173,49 +190,91 @@ TEST_F(Images, TransparencyLetsThePageThrough) {
   EXPECT_EQ(page.At(70, 10), kBlack);
 }
 
+// Red and green side by side, or black and white, as each kind of file can hold them. The first row
+// counts.
 TEST_F(Images, EveryFormatShowsItsPixels) {
   const std::string palette = Codes({255, 0, 0, 0, 255, 0});
+  const std::string bgr = Codes({0, 0, 255, 0, 255, 0});
   const std::string bmpPalette = Codes({0, 0, 255, 0, 0, 255, 0, 0});
-  const std::string tgaPalette = Codes({0, 0, 255, 0, 255, 0});
+  const std::string blue = Codes({0, 0, 255, 0, 0, 255});
+  const std::string blueBgr = Codes({255, 0, 0, 255, 0, 0});
   const std::string deep =
       Codes({0}) + Big(0xFFFF, 2) + Big(0, 4) + Big(0, 2) + Big(0xFFFF, 2) + Big(0, 2);
-  const std::string files[] = {
-      File("a.png",
-           PngHeader(2, 1, 4, kPngIndexed) + PngChunk("PLTE", palette) + PngEnd(Codes({0, 0x01}))),
-      File("b.png", PngHeader(2, 1, 16, kPngRgb) + PngEnd(deep)),
-      // The row's filter refers to the pixel on its left.
-      File("c.png", PngHeader(2, 1, 8, kPngRgb) + PngEnd(Codes({1, 255, 0, 0, 1, 255, 0}))),
-      File("d.bmp", Bmp(2, 1, 1, 0, bmpPalette, Codes({0x40, 0, 0, 0}))),
-      File("e.bmp", Bmp(2, 1, 24, 0, "", Codes({0, 0, 255, 0, 255, 0, 0, 0}))),
-      File("f.gif", Gif(2, 1, 2, palette + palette, "", Codes({0, 1}))),
-      File("g.tga", Tga(1, 2, 1, 8, 0, Codes({0, 1}), tgaPalette)),
-      File("h.tga", Tga(10, 2, 1, 24, 0, Codes({0x80, 0, 0, 255, 0x80, 0, 255, 0}))),
+  const std::string masks565 = Little(0xF800, 4) + Little(0x07E0, 4) + Little(0x001F, 4);
+  const auto indexed = [&](int bits) {
+    return PngHeader(2, 1, bits, kPngIndexed) + PngChunk("PLTE", palette);
   };
+  struct Case {
+    const char* name;
+    std::string bytes;
+    bool gray = false;
+  };
+  const Case cases[] = {
+      {"1.png", indexed(1) + PngEnd(Codes({0, 0x40}))},
+      {"2.png", indexed(2) + PngEnd(Codes({0, 0x10}))},
+      {"4.png", indexed(4) + PngEnd(Codes({0, 0x01}))},
+      {"8.png", indexed(8) + PngEnd(Codes({0, 0, 1}))},
+      {"g1.png", PngHeader(2, 1, 1, kPngGray) + PngEnd(Codes({0, 0x40})), true},
+      {"g2.png", PngHeader(2, 1, 2, kPngGray) + PngEnd(Codes({0, 0x30})), true},
+      {"g4.png", PngHeader(2, 1, 4, kPngGray) + PngEnd(Codes({0, 0x0F})), true},
+      {"g8.png", PngHeader(2, 1, 8, kPngGray) + PngEnd(Codes({0, 0, 255})), true},
+      {"g16.png", PngHeader(2, 1, 16, kPngGray) + PngEnd(Codes({0, 0, 0, 255, 255})), true},
+      {"rgb16.png", PngHeader(2, 1, 16, kPngRgb) + PngEnd(deep)},
+      // The row's filter refers to the pixel on its left.
+      {"rgb8.png", PngHeader(2, 1, 8, kPngRgb) + PngEnd(Codes({1, 255, 0, 0, 1, 255, 0}))},
+      {"1.bmp", Bmp(2, 1, 1, 0, bmpPalette, Codes({0x40, 0, 0, 0}))},
+      {"4.bmp", Bmp(2, 1, 4, 0, bmpPalette, Codes({0x01, 0, 0, 0}))},
+      {"rle8.bmp", Bmp(2, 2, 8, 1, bmpPalette, Codes({2, 1, 0, 0, 1, 0, 1, 1, 0, 1}))},
+      {"rle4.bmp", Bmp(2, 2, 4, 2, bmpPalette, Codes({2, 0x11, 0, 0, 2, 0x01, 0, 1}))},
+      {"565.bmp", Bmp(2, 1, 16, 3, masks565, Little(0xF800, 2) + Little(0x07E0, 2))},
+      {"24.bmp", Bmp(2, -2, 24, 0, "", bgr + Codes({0, 0}) + blueBgr + Codes({0, 0}))},
+      {"32.bmp", Bmp(2, 1, 32, 0, "", Codes({0, 0, 255, 0, 0, 255, 0, 0}))},
+      {"a.gif", Gif(2, 1, 2, palette + palette, "", Codes({0, 1}))},
+      {"interlaced.gif", Gif(2, 2, 2, palette + blue, "", Codes({0, 1, 2, 2}), 0x40)},
+      {"8.tga", Tga(1, 2, 1, 8, 0, Codes({0, 1}), bgr)},
+      {"gray.tga", Tga(11, 2, 1, 8, 0, Codes({1, 0, 255})), true},
+      {"bottom.tga", Tga(2, 2, 2, 24, 0, blueBgr + bgr)},
+      {"top.tga", Tga(2, 2, 2, 24, 0x20, bgr + blueBgr)},
+      {"run.tga", Tga(10, 2, 1, 24, 0, Codes({0x80, 0, 0, 255, 0x80, 0, 255, 0}))},
+  };
+  pdf_.EndPage();
+  pdf_.SetPaperSize(255, 100, 10.0 * static_cast<double>(std::size(cases)));
   pdf_.SetCompression(4, 2, 0);
+  pdf_.BeginPage();
+  pdf_.SetColorFill("BLUE");
+  pdf_.DrawRect(0, 0, 100, 1000, 5);
   double y = 0;
-  for (const std::string& file : files) Draw(file, 0, (y += 10) - 10, 40, 8);
-  EXPECT_EQ(pdf_.AddImage(files[1]).substr(0, 1), "A");
-  const RenderedPage page = Render();
+  for (const Case& c : cases) Draw(File(c.name, c.bytes), 0, (y += 10) - 10, 40, 8);
+  const RenderedPage page = Render(2);
   EXPECT_TRUE(Bytes().starts_with("%PDF-1.5"));  // samples of 16 bits
-  for (std::size_t i = 0; i < std::size(files); ++i) {
-    const int row = static_cast<int>(i) * 10 + 4;
-    EXPECT_EQ(page.At(10, row), kRed) << files[i];
-    EXPECT_EQ(page.At(30, row), kGreen) << files[i];
+  int row = 1;
+  for (const Case& c : cases) {
+    EXPECT_EQ(page.At(10, row), c.gray ? kBlack : kRed) << c.name;
+    EXPECT_EQ(page.At(30, row), c.gray ? kWhite : kGreen) << c.name;
+    row += 10;
   }
 }
 
 TEST_F(Images, JpegIsTakenOver) {
-  Draw(File("gray.jpg", Jpeg(1)), 0, 0, 20, 20);
-  Draw(File("colour.JPG", Jpeg(3)), 30, 0, 20, 20);
-  Draw(File("inks.jpg", Jpeg(4, AdobeMark())), 60, 0, 20, 20);
+  int x = 0;
+  for (const bool progressive : {false, true}) {
+    for (const int components : {1, 3, 4}) {
+      const std::string name = std::to_string(x) + (components == 3 ? ".JPG" : ".jpg");
+      const std::string mark = components == 4 ? AdobeMark() : "";
+      Draw(File(name, Jpeg(components, mark, progressive)), x, 0, 12, 12);
+      x += 16;
+    }
+  }
   const RenderedPage page = Render();
   const std::string bytes = Bytes();
-  EXPECT_NEAR(page.At(10, 10)[0], 128, 2);
-  EXPECT_NEAR(page.At(40, 10)[1], 128, 2);
-  EXPECT_LT(page.At(70, 10)[0], 110);  // half of each ink
-  EXPECT_GT(page.At(70, 10)[0], 20);
-  EXPECT_NE(bytes.find("/ColorSpace /DeviceCMYK /BitsPerComponent 8 /Decode [1 0 1 0 1 0 1 0]"),
-            bytes.npos);
+  for (const int half : {0, 48}) {
+    EXPECT_NEAR(page.At(half + 6, 6)[0], 128, 2);
+    EXPECT_NEAR(page.At(half + 22, 6)[1], 128, 2);
+    EXPECT_LT(page.At(half + 38, 6)[0], 110);  // half of each ink
+    EXPECT_GT(page.At(half + 38, 6)[0], 20);
+  }
+  EXPECT_EQ(Count(bytes, "/ColorSpace /DeviceCMYK /BitsPerComponent 8 /Decode [1 0 1 0 1 0 1 0]"),
+            2U);
   EXPECT_NE(bytes.find(Jpeg(3)), bytes.npos);
 }
 

@@ -69,7 +69,7 @@ TEST_F(ImportTest, ThePageIsAFormAtItsNaturalSize) {
             std::string::npos);
   EXPECT_NE(bytes.find("   /Length 24\n>>\nstream\r\nBT /F1 12 Tf (one) Tj ET\r\nendstream"),
             std::string::npos);
-  EXPECT_NE(bytes.find("q 0 g 0 G\n1 0 0 -1 0 842 cm\n/A"), std::string::npos);
+  EXPECT_NE(bytes.find("q\n1 0 0 -1 0 842 cm\n/A"), std::string::npos);
   EXPECT_NE(bytes.find("+PDF_1.1 Do\nQ"), std::string::npos);
   EXPECT_TRUE(bytes.starts_with("%PDF-1.4"));  // as the source
   EXPECT_NE(DrawnText().find("one"), std::string::npos);
@@ -84,8 +84,8 @@ TEST_F(ImportTest, ASizeAndAPlaceScaleIt) {
   writer.SetPrecision(0);
   writer.ImportPage(source, 1, 0, 0, 0, 421);
   const std::string bytes = End();
-  EXPECT_NE(bytes.find("q 0 g 0 G\n0.476411 0 0 -1 28.346 898.693 cm\n"), std::string::npos);
-  EXPECT_NE(bytes.find("q 0 g 0 G\n1 0 0 -0.5 0 421 cm\n"), std::string::npos);
+  EXPECT_NE(bytes.find("q\n0.476411 0 0 -1 28.346 898.693 cm\n"), std::string::npos);
+  EXPECT_NE(bytes.find("q\n1 0 0 -0.5 0 421 cm\n"), std::string::npos);
 }
 
 TEST_F(ImportTest, WhatIsSharedIsWrittenOnce) {
@@ -93,7 +93,9 @@ TEST_F(ImportTest, WhatIsSharedIsWrittenOnce) {
   file.objects[1] =
       "<< /Type /Pages /Kids [3 0 R 6 0 R] /Count 2 /MediaBox [0 0 595 842] /Resources 7 0 R >>";
   file.objects.push_back("<< /Type /Page /Parent 2 0 R >>");
-  file.objects.push_back("<< /Font << /F1 5 0 R /F2 8 0 R /F3 99 0 R >> /Odd [3 0 R 7 0 R] >>");
+  file.objects.push_back(
+      "<< /Font << /F1 5 0 R /F2 8 0 R /F3 99 0 R >> /Odd [3 0 R 7 0 R] /Twice 1 /Twice <4z1> "
+      "/Numbers [--5 0.00-35 +1.2.3 .-5 4. -.5] /A#zz#41 1 >>");
   file.objects.push_back("5 0 R");
   const std::string source = Save("a.pdf", file.Bytes());
   Begin();
@@ -104,6 +106,7 @@ TEST_F(ImportTest, WhatIsSharedIsWrittenOnce) {
   EXPECT_EQ(Count(bytes, "+PDF_1.1 Do"), 2);
   EXPECT_EQ(Count(bytes, "   /Length 0\n>>\nstream\r\n\r\nendstream"), 1);
   EXPECT_EQ(Count(bytes, "/F3 null"), 1);
+  EXPECT_EQ(Count(bytes, "/Twice <41> /Numbers [ -5 0.00 +1.2 0 4. -.5 ] /A#23zzA 1 >>"), 1);
   EXPECT_EQ(Count(bytes, "[ null "), 1);  // a page is no resource
 }
 
@@ -114,15 +117,19 @@ TEST_F(ImportTest, BytesAreKeptWithTheirFilters) {
   HandMade file = OnePage();
   file.objects[1] =
       "<< /Type /Pages /Kids [3 0 R] /Count 1 /MediaBox [0 0 595 842] /Resources << /Font "
-      "<</F1 5 0 R>>/XObject<< /I 6 0 R >> >> >>";
+      "<</F1 5 0 R>>/XObject<< /I 6 0 R /J 9 0 R >> >> >>";
   file.objects[3] = StreamText(pdf::EncodeAsciiHex(flate),
                                "/Filter [/ASCIIHexDecode /FlateDecode] /DecodeParms [null 8 0 R]");
+  file.objects.push_back(StreamText(
+      pdf::EncodeAscii85(rows),
+      "/Subtype /Image /Width 2 /Height 2 /BitsPerComponent 8 /ColorSpace /DeviceGray "
+      "/Filter 7 0 R /DecodeParms [null << /Predictor 12 /Columns 2 >>] /Note (\\)\\\\x)"));
+  file.objects.push_back("[/ASCII85Decode /FlateDecode]");
+  file.objects.push_back("<< /Predictor 1 >>");
   file.objects.push_back(
       StreamText(rows,
                  "/Subtype /Image /Width 2 /Height 2 /BitsPerComponent 8 /ColorSpace /DeviceGray "
-                 "/Filter 7 0 R /DecodeParms << /Predictor 12 /Columns 2 >> /Note (\\)\\\\x)"));
-  file.objects.push_back("[/FlateDecode]");
-  file.objects.push_back("<< /Predictor 1 >>");
+                 "/Filter [/FlateDecode] /DecodeParms [<< /Predictor 12 /Columns 2 >>]"));
   const std::string source = Save("a.pdf", file.Bytes());
   for (const bool protect : {false, true}) {
     if (protect) writer.SetProtection(pdf::kMayPrint | pdf::kKey128, "", "owner");
@@ -132,7 +139,10 @@ TEST_F(ImportTest, BytesAreKeptWithTheirFilters) {
     EXPECT_EQ(writer.ErrDescription(), "");
     const std::string bytes = End();
     EXPECT_EQ(Count(bytes, "/Filter [/ASCIIHexDecode /FlateDecode]"), 1);
-    EXPECT_EQ(Count(bytes, "/DecodeParms << /Predictor 12 /Columns 2 >>"), 1);
+    EXPECT_EQ(Count(bytes, "/Filter [/ASCII85Decode /FlateDecode] /Length"), 1);
+    EXPECT_EQ(Count(bytes, "/DecodeParms [ null << /Predictor 12 /Columns 2 >> ]"), 1);
+    EXPECT_EQ(Count(bytes, "/Filter [/FlateDecode] /Length"), 1);
+    EXPECT_EQ(Count(bytes, "/DecodeParms [ << /Predictor 12 /Columns 2 >> ]"), 1);
     EXPECT_EQ(Count(bytes, rows), protect ? 0 : 1);
     EXPECT_EQ(Count(bytes, "(\\)\\\\x)"), protect ? 0 : 1);
     EXPECT_NE(DrawnText().find("kept"), std::string::npos);

@@ -71,19 +71,21 @@ inline std::string JpegFrame(int marker, int components, int width = 8, int heig
   return JpegSegment(marker, data);
 }
 
-inline std::string JpegScan(int components) {
+// lastCoefficient: 63 for all of a block, 0 for a progressive picture's first scan.
+inline std::string JpegScan(int components, int lastCoefficient = 63) {
   std::string head = Codes({components});
   for (int i = 1; i <= components; ++i) head += Codes({i, 0x00});
   const std::string oneCode = Codes({1}) + std::string(15, '\0') + Codes({0});
   return JpegSegment(0xC4, Codes({0x00}) + oneCode) + JpegSegment(0xC4, Codes({0x10}) + oneCode) +
-         JpegSegment(0xDA, head + Codes({0, 63, 0})) + Codes({0xFF >> (2 * components)}) +
-         "\xFF\xD9";
+         JpegSegment(0xDA, head + Codes({0, lastCoefficient, 0})) +
+         Codes({0xFF >> (2 * components)}) + "\xFF\xD9";
 }
 
 // A mid-gray picture of 8 x 8 points with this many components.
-inline std::string Jpeg(int components, const std::string& before = "") {
+inline std::string Jpeg(int components, const std::string& before = "", bool progressive = false) {
   return "\xFF\xD8" + before + JpegSegment(0xDB, Codes({0}) + std::string(64, '\1')) +
-         JpegFrame(0xC0, components) + JpegScan(components);
+         JpegFrame(progressive ? 0xC2 : 0xC0, components) +
+         JpegScan(components, progressive ? 0 : 63);
 }
 
 inline std::string AdobeMark() {

@@ -115,9 +115,13 @@ TEST(Reader, ShapesOfFiles) {
   comments.objects[2] = "% [ (\n<</Type%x\r/P#61ge/Parent 2 0 R\f/Contents[\0004 0 R]>>"s;
   HandMade parts = OnePage("BT /F1 12");
   parts.objects[2] = "<< /Type /Page /Contents 7 0 R >>";
-  parts.objects.push_back(StreamText(EncodeAsciiHex(EncodeLzw("Tf (one) Tj ET")),
-                                     "/Filter [/ASCIIHexDecode /LZWDecode]"));
-  parts.objects.push_back("[4 0 R 99 0 R 6 0 R]");
+  parts.objects.push_back(StreamText(EncodeFlate("Tf (one) "), "/Filter [/FlateDecode]"));
+  parts.objects.push_back("[4 0 R 99 0 R 6 0 R 8 0 R]");
+  parts.objects.push_back(StreamText("547A>", "/Filter /ASCIIHexDecode"));
+  HandMade oneOfMany = OnePage();
+  oneOfMany.objects[2] = "<< /Type /Page /Contents [4 0 R] >>";
+  oneOfMany.objects[3] =
+      StreamText(EncodeAsciiHex(EncodeLzw(kContents)), "/Filter [/ASCIIHexDecode /LZWDecode]");
   HandMade twoReferences = OnePage();
   twoReferences.objects[2] = "<< /Type /Page /Contents 6 0 R >>";
   twoReferences.objects.push_back("7 0 R");
@@ -139,7 +143,9 @@ TEST(Reader, ShapesOfFiles) {
       {"junk behind the end", plain + std::string(2000, '\0')},
       {"indirect length", indirect.Bytes()},
       {"comments and odd white space", comments.Bytes()},
-      {"array of contents", parts.Bytes(), "BT /F1 12\nTf (one) Tj ET"},
+      {"array of contents", parts.Bytes(), "BT /F1 12\nTf (one) \n547A>"},
+      {"keys that stand there twice", Replaced(plain, "/Contents", "/Contents 9 0 R /Contents")},
+      {"array of one", oneOfMany.Bytes()},
       {"references to references", twoReferences.Bytes()},
       {"carriage returns", carriageReturns},
       {"length too small", Replaced(plain, length, "/Length 3")},
@@ -149,6 +155,8 @@ TEST(Reader, ShapesOfFiles) {
       {"length of itself", Replaced(plain, length, "/Length 4 0 R")},
       {"no length", Replaced(plain, length, "")},
       {"wrong offset of the table", Replaced(plain, "startxref\n", "startxref\n1")},
+      {"root is nowhere",
+       Replaced(Replaced(plain, "/Root 1 0 R", "/Root 9 0 R"), "startxref\n", "startxref\n1")},
       {"no startxref", Replaced(plain, "startxref", "startxxxx")},
       {"wrong offsets", Replaced(plain, "%PDF-1.4\n", "%PDF-1.4\n% moved by an editor\n")},
       {"table cut off", plain.substr(0, plain.find("xref"))},
@@ -232,6 +240,15 @@ TEST(Reader, BombsAndGiantsEndSoon) {
   }
   chain.objects[3] = Replaced(chain.objects[3], "/Length 24", "/Length 6 0 R");
   EXPECT_EQ(ContentsOf(chain.Bytes()), kContents);
+}
+
+// As the last thing in a stream of objects such a string would swallow what is written behind it.
+TEST(Reader, StringsThatAreNotClosedAreNone) {
+  for (const char* text : {"(abc", "(a(b)", "(a\\)", "(", "<12", "<"}) {
+    Tokens tokens(text);
+    EXPECT_EQ(tokens.Next().kind, TokenKind::End) << text;
+    EXPECT_EQ(tokens.Position(), std::string_view(text).size()) << text;
+  }
 }
 
 // Bytes are cut off, changed and left out one after the other: whatever comes of it, it ends.

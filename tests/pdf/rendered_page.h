@@ -17,15 +17,15 @@ inline int CheckPdf(const std::filesystem::path& file) {
   return std::system(("qpdf --check '" + file.string() + "' > /dev/null").c_str());
 }
 
-// One pixel a point, so that pixels have the page's coordinates.
+// At the usual resolution one pixel a point, so that pixels have the page's coordinates.
 class RenderedPage {
  public:
-  RenderedPage(const std::filesystem::path& file, int page) {
+  RenderedPage(const std::filesystem::path& file, int page, int pixelsPerInch = 72) {
     const std::string number = std::to_string(page);
     const std::filesystem::path stem = file.parent_path() / "page";
-    const std::string command = "pdftoppm -r 72 -aa no -aaVector no -singlefile -f " + number +
-                                " -l " + number + " '" + file.string() + "' '" + stem.string() +
-                                "'";
+    const std::string command = "pdftoppm -r " + std::to_string(pixelsPerInch) +
+                                " -aa no -aaVector no -singlefile -f " + number + " -l " + number +
+                                " '" + file.string() + "' '" + stem.string() + "'";
     if (std::system(command.c_str()) != 0) return;
     std::ifstream input(stem.string() + ".ppm", std::ios::binary);
     std::string kind;
@@ -35,6 +35,10 @@ class RenderedPage {
     bytes_.resize(static_cast<std::size_t>(width_ * height_ * 3));
     input.read(bytes_.data(), static_cast<std::streamsize>(bytes_.size()));
   }
+
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  bool operator==(const RenderedPage&) const = default;
 
   // {-1, -1, -1} outside the page.
   Pixel At(int x, int y) const {

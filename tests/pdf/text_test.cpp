@@ -109,6 +109,36 @@ TEST_F(Text, ColourAndLinesOfAText) {
       std::string::npos);
 }
 
+// A link lies on the page as it is seen: where spaces have moved, stretched and turned the text.
+TEST_F(Text, BoxesAreThoseOnThePage) {
+  const auto expectBox = [&](double left, double top, double right, double bottom) {
+    EXPECT_NEAR(document_.lastBox.left, left, 1e-9);
+    EXPECT_NEAR(document_.lastBox.top, top, 1e-9);
+    EXPECT_NEAR(document_.lastBox.right, right, 1e-9);
+    EXPECT_NEAR(document_.lastBox.bottom, bottom, 1e-9);
+  };
+  graphics_.BeginSpace(100, 50, 2, 1, 90);
+  texts_.DrawText(0, 0, "ab");
+  expectBox(100 - 2 * 3, 50, 100 + 2 * 8.33, 62);
+  graphics_.EndSpace();
+  expectBox(100 - 2 * 3, 50, 100 + 2 * 8.33, 62);
+
+  graphics_.BeginSpace(100, 50);
+  graphics_.BeginSpace(10, 20, -1, 3);
+  texts_.DrawTextBox(1, 2, 30, 40, "ab");
+  expectBox(79, 76, 109, 196);
+  graphics_.EndSpace();
+  texts_.DrawTextRich(1, 2, 30, 40, "ab");
+  expectBox(101, 52, 131, 92);
+  graphics_.EndSpace();
+
+  graphics_.AxisTranslation(5, 6);
+  graphics_.AxisScaling(2, 2);
+  graphics_.AxisSkewing(0, 1);
+  texts_.DrawTextBox(1, 2, 10, 10, "ab");
+  expectBox(5 + 2 * (1 + 2), 6 + 2 * 2, 5 + 2 * (11 + 12), 6 + 2 * 12);
+}
+
 TEST_F(Text, WritingMovesTheCursor) {
   document_.state.x = 10;
   document_.state.y = 40;
@@ -264,6 +294,23 @@ TEST_F(Text, ACellKeepsTheStateOfItsTime) {
   Drawn();
   texts_.TableCell("b");
   EXPECT_EQ(Drawn(), "q 2 Tc \n" + Line("0 8.33", "a") + "Q\n" + Line("30 8.33", "b"));
+}
+
+TEST_F(Text, ATableKeepsItsSpacingsOnTheNextPage) {
+  const auto newPage = [&] {
+    document_.state.text.charSpacing = 0;
+    document_.state.text.lineFactor = 1;
+    return 5.0;
+  };
+  texts_.SetPageFlow({[] { return 30.0; }, newPage});
+  texts_.SetBoxStyle(2, 0, 0, 0, 0, 0);
+  texts_.BeginTable(0, 0, "30", 20, 0);
+  texts_.SetCharSpacing(2);
+  texts_.TableCell("a");
+  Drawn();
+  texts_.TableCell("b");
+  EXPECT_EQ(Drawn(), "2 Tc " + Line("0 24.66", "b"));
+  EXPECT_DOUBLE_EQ(document_.state.text.charSpacing, 2);
 }
 
 std::string OutputOf(const std::string& command) {

@@ -262,8 +262,8 @@ TEST(VectorImages, ShowOnThePage) {
   pdf.BeginDoc(PathText(path));
   pdf.BeginPage();
   pdf.DrawImage(eps, 10, 10, 50, 20);
-  pdf.DrawImage(wmf, 10, 40, 0, 20);      // 40 wide
-  pdf.DrawImage(eps, 10, 70, 20, 20, 1);  // 20 x 10
+  pdf.DrawImage(wmf, 10, 40, 0, 20);  // 40 wide
+  pdf.DrawImage(eps, 10, 70, 20, 20, 1);
   EXPECT_EQ(pdf.ErrDescription(), "");
   pdf.EndDoc();
   ASSERT_EQ(CheckPdf(path), 0);
@@ -276,7 +276,7 @@ TEST(VectorImages, ShowOnThePage) {
   EXPECT_EQ(page.At(11, 41), kWhite);
   EXPECT_EQ(page.At(54, 50), kWhite);
   EXPECT_EQ(page.At(15, 72), kGreen);
-  EXPECT_EQ(page.At(15, 85), kWhite);
+  EXPECT_EQ(page.At(15, 87), kRed);
 }
 
 }  // namespace
