@@ -70,20 +70,39 @@ int Import(clsPDFCreator& document, const std::string& file, const std::string& 
   return Tell(output, {{"file", ToUtf8(out)}, {"pages", info.pages}}, 0);
 }
 
-int Sample(clsPDFCreator& document, const std::string& out, std::ostream& output) {
-  DrawSample(document, out);
-  if (document.ErrNumber() != 0) return Fail(output, document);
-  return Tell(output, {{"file", ToUtf8(out)}, {"pages", document.GetPages()}}, 0);
+int Sample(ClockPort& clock, const std::string& out, std::ostream& output) {
+  try {
+    for (const SampleDocument& document : WriteSamples(out, clock)) {
+      if (document.file.empty()) {
+        Tell(output, {{"what", document.what}}, 0);
+        continue;
+      }
+      Json line{{"file", ToUtf8(document.file)},
+                {"pages", document.pages},
+                {"bytes", document.bytes},
+                {"what", document.what}};
+      if (!document.userPassword.empty()) {
+        line["userPassword"] = document.userPassword;
+        line["ownerPassword"] = document.ownerPassword;
+      }
+      Tell(output, line, 0);
+    }
+  } catch (const std::exception& failure) {
+    return Tell(output, {{"error", ToUtf8(failure.what())}}, 1);
+  }
+  return 0;
 }
 
 }  // namespace
 
 int RunPdfCommand(const std::vector<std::string>& words, ClockPort& clock, std::ostream& output) {
+  std::vector<std::string> texts;
+  for (const std::string& word : words) texts.push_back(FromUtf8(word));
   clsPDFCreator document(clock);
-  if (words.size() == 2 && words[0] == "info") return Info(document, words[1], output);
-  if (words.size() == 3 && words[0] == "import")
-    return Import(document, words[1], words[2], output);
-  if (words.size() == 2 && words[0] == "sample") return Sample(document, words[1], output);
+  if (texts.size() == 2 && texts[0] == "info") return Info(document, texts[1], output);
+  if (texts.size() == 3 && texts[0] == "import")
+    return Import(document, texts[1], texts[2], output);
+  if (texts.size() == 2 && texts[0] == "sample") return Sample(clock, texts[1], output);
   return 2;
 }
 
