@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::string_view kHeader = "%PDF-";
 constexpr std::size_t kLongestJunk = 1024;  // bytes that may stand before the header
-constexpr std::size_t kValues = std::size_t{4} << 20;
+constexpr std::size_t kFewestValues = std::size_t{1} << 20;
+constexpr std::size_t kMostValues = std::size_t{16} << 20;
 constexpr std::size_t kMostBlanks = 16;  // between a stream's data and its end
 constexpr int kDeepest = 16;             // objects that are needed to read one another
 constexpr int kLongestChain = 32;        // references that lead to references
@@ -40,7 +41,7 @@ Objects::Objects(std::string bytes) : whole_(std::move(bytes)) {
   if (header == std::string_view::npos) throw Error("it is not a PDF file");
   bytes_ = std::string_view(whole_).substr(header);
   budget_ = bytes_.size() * 8 + (std::size_t{1} << 20);
-  valueBudget_ = kValues;
+  valueBudget_ = std::min(kFewestValues + bytes_.size() / 2, kMostValues);
   decodeBudget_ = kDecodeCap;
   try {
     trailer_ = ReadCrossReference(*this);
