@@ -4,6 +4,7 @@
 #include <chrono>
 #include <ostream>
 
+#include "core/files.h"
 #include "core/text.h"
 #include "shell/native.h"
 
@@ -119,9 +120,20 @@ std::string Terminal::UserName() { return native::UserName(); }
 std::filesystem::path Terminal::ExecutableDirectory() { return native::ExecutableDirectory(); }
 std::filesystem::path Terminal::UserDataDirectory() { return native::UserDataDirectory(); }
 
+// A file of the program directory is told by its place there, as on every machine.
 bool Terminal::Open(std::string_view target) {
+  const std::string own = ledger ? PathText(ledger->programDirectory) + "/" : "";
+  if (ledger && target.starts_with(own)) target.remove_prefix(own.size());
   Emit({{"open", Utf8(target)}});
   return true;
+}
+
+MailOutcome Terminal::Compose(const MailMessage& message) {
+  Emit({{"mail", Utf8(message.to)},
+        {"subject", Utf8(message.subject)},
+        {"body", Utf8(message.body)},
+        {"attachment", Utf8(message.attachmentName)}});
+  return MailOutcome::Sent;
 }
 
 }  // namespace lm

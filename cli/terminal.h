@@ -26,7 +26,8 @@ class Terminal : public MessagePort,
                  public ClockPort,
                  public WindowPort,
                  public ProgressPort,
-                 public SystemPort {
+                 public SystemPort,
+                 public MailPort {
  public:
   explicit Terminal(std::ostream& output);
   void SetOutput(std::ostream& output) { output_ = &output; }
@@ -50,6 +51,7 @@ class Terminal : public MessagePort,
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool) override {}
   void Show(int, std::string_view) override {}
+  void Hide() override {}
   void ShowLastOpened(std::string_view) override {}
   std::vector<std::string> RunningProcesses() override;
   std::string UserName() override;
@@ -67,7 +69,10 @@ class Terminal : public MessagePort,
     return {};
   }
 
-  Platform platform{*this, *this, *this, *this, *this};
+  bool Available() override { return true; }
+  MailOutcome Compose(const MailMessage& message) override;  // a JSON line, always handed over
+
+  Platform platform{*this, *this, *this, *this, *this, *this};
 
  private:
   std::ostream* output_;

@@ -142,4 +142,9 @@ std::string InvoiceNumberList(const Ledger& ledger) {
   return ColumnList(items);
 }
 
+void RefreshInvoiceNumbers(Ledger& ledger) {
+  ledger.fgSessions.SetColComboList(ledger.fgSessions.ColIndex("INVOICE"),
+                                    InvoiceNumberList(ledger));
+}
+
 }  // namespace lm

@@ -24,5 +24,7 @@ std::vector<ComboItem> SessionTypeItems(const Ledger& ledger);
 std::string SessionTypeList(const Ledger& ledger);
 
 std::string InvoiceNumberList(const Ledger& ledger);
+// The list again in fgSessions, after invoices were added or removed.
+void RefreshInvoiceNumbers(Ledger& ledger);
 
 }  // namespace lm

@@ -63,6 +63,8 @@ class ProgressPort {
   virtual ~ProgressPort() = default;
   // percent is 0 to 100, or -1 to leave the bar and change the text only.
   virtual void Show(int percent, std::string_view text) = 0;
+  // The work that was shown is over.
+  virtual void Hide() = 0;
   // The splash window's line about the last start.
   virtual void ShowLastOpened(std::string_view text) = 0;
 };
@@ -91,12 +93,30 @@ class SystemPort {
                                             const std::filesystem::path& start) = 0;
 };
 
+struct MailMessage {
+  std::string to, subject, body;
+  std::string attachmentName;        // as the recipient sees it
+  std::filesystem::path attachment;  // empty: none
+};
+
+enum class MailOutcome { Sent, Cancelled, Failed };
+
+// The desktop's own mail program, which shows the message before it goes.
+class MailPort {
+ public:
+  virtual ~MailPort() = default;
+  virtual bool Available() = 0;
+  // Returns when the message was handed over; Sent where the mail program does not tell more.
+  virtual MailOutcome Compose(const MailMessage& message) = 0;
+};
+
 struct Platform {
   MessagePort& messages;
   ClockPort& clock;
   WindowPort& windows;
   ProgressPort& progress;
   SystemPort& system;
+  MailPort& mail;
 };
 
 // Busy pointer for a scope.

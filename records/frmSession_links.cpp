@@ -165,16 +165,7 @@ void frmSession::ShowSessionTypeHelp() {
 }
 
 void frmSession::ShowEmployerContribHelp() {
-  std::string text =
-      "The employer pension contribution is charged to the practice on top of the session fee, and "
-      "is passed "
-      "on to the NHS pension scheme with your own contribution.\\n\\n"
-      "For NHS Normal sessions the contribution is paid on 90% of the session fee.\\n"
-      "Employer Contribution = ((Rate + Extras) * 90%) * Contribution Rate\\n\\n"
-      "For NHS OOH sessions the contribution is paid on 100% of the session fee.\\n"
-      "Employer Contribution = (Rate + Extras) * Contribution Rate\\n\\n"
-      "You currently have the employer contribution rate set at " +
-      Money(Val(GetOption(ledger, optEmployerContribRate))) + "%.";
+  std::string text = EmployerContribHelp(ledger);
   if (HasOtherContribRate())
     text += "\\n\\nA different rate of " + cEmployerContribRate.Text() +
             "% was used when calculating this session. ";

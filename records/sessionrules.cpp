@@ -264,4 +264,17 @@ bool ShowsEmployerContrib(const Ledger& ledger) {
   return EqualsIgnoreCase(GetOption(ledger, optPensionCountry), "ENGLAND");
 }
 
+std::string EmployerContribHelp(const Ledger& ledger) {
+  return "The employer pension contribution is charged to the practice on top of the session fee, "
+         "and "
+         "is passed "
+         "on to the NHS pension scheme with your own contribution.\\n\\n"
+         "For NHS Normal sessions the contribution is paid on 90% of the session fee.\\n"
+         "Employer Contribution = ((Rate + Extras) * 90%) * Contribution Rate\\n\\n"
+         "For NHS OOH sessions the contribution is paid on 100% of the session fee.\\n"
+         "Employer Contribution = (Rate + Extras) * Contribution Rate\\n\\n"
+         "You currently have the employer contribution rate set at " +
+         Money(Val(GetOption(ledger, optEmployerContribRate))) + "%.";
+}
+
 }  // namespace lm

@@ -113,5 +113,7 @@ std::string_view UnpensionedText(int typeCode);
 
 // The contribution and its rate are shown to users in England only; they are calculated everywhere.
 bool ShowsEmployerContrib(const Ledger& ledger);
+// What the help icons beside it tell.
+std::string EmployerContribHelp(const Ledger& ledger);
 
 }  // namespace lm

@@ -9,10 +9,15 @@
 #include "shell/native.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
+#include "shell/qt/progresswindow.h"
 #include "shell/qt/views.h"
 
 namespace lm {
 namespace {
+
+constexpr int kProgressDelay =
+    500;                            // ms of work before its window comes, so that it does not flash
+constexpr int kPaintInterval = 40;  // ms
 
 // The window over which the next one opens.
 QWidget* TopWindow() {
@@ -99,10 +104,32 @@ void DesktopWindows::BusyPointer(bool on) {
 }
 
 DesktopProgress::DesktopProgress() = default;
-DesktopProgress::~DesktopProgress() = default;
+DesktopProgress::~DesktopProgress() { delete window_; }
 
 void DesktopProgress::Show(int percent, std::string_view text) {
-  if (splash_) splash_->SetProgressBar(percent, text);
+  if (splash_) return splash_->SetProgressBar(percent, text);
+  if (!window_) {
+    if (percent < 0) return;  // a text for a bar that is not there
+    window_ = new ProgressWindow(TopWindow());
+    begun_.start();
+    painted_.start();
+  }
+  window_->SetProgress(percent, text);
+  if (!window_->isVisible()) {
+    if (begun_.elapsed() < kProgressDelay) return;
+    window_->show();
+  } else if (painted_.elapsed() < kPaintInterval) {
+    return;
+  }
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  painted_.restart();
+}
+
+void DesktopProgress::Hide() {
+  if (!window_) return;
+  // What was clicked and typed meanwhile falls on this window, not on the one below.
+  if (window_->isVisible()) QApplication::processEvents();
+  delete window_;
 }
 
 void DesktopProgress::ShowLastOpened(std::string_view text) {

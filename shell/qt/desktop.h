@@ -1,16 +1,20 @@
 // The desktop's side of the ports.
 #pragma once
 
+#include <QElapsedTimer>
+#include <QPointer>
 #include <deque>
 #include <functional>
 #include <memory>
 
 #include "core/platform.h"
+#include "shell/qt/desktopmail.h"
 
 class QDialog;
 
 namespace lm {
 
+class ProgressWindow;
 class frmSplashScreen;
 class WindowCatalogue;
 class Ledger;
@@ -55,13 +59,18 @@ class DesktopProgress : public ProgressPort {
   DesktopProgress();
   ~DesktopProgress() override;
   void Show(int percent, std::string_view text) override;
+  void Hide() override;
   void ShowLastOpened(std::string_view text) override;
-  // The splash stands during the start; progress at other times is shown nowhere.
+  // The splash stands during the start and shows its progress; that of other work has a window,
+  // which comes when the work lasts.
   void OpenSplash();
   void CloseSplash();
 
  private:
   std::unique_ptr<frmSplashScreen> splash_;
+  QPointer<ProgressWindow> window_;  // while work is under way; goes with the window below it
+  QElapsedTimer begun_;
+  QElapsedTimer painted_;
 };
 
 class DesktopSystem : public SystemPort {
@@ -86,7 +95,8 @@ struct DesktopPlatform {
   DesktopWindows windows;
   DesktopProgress progress;
   DesktopSystem system;
-  Platform platform{messages, clock, windows, progress, system};
+  DesktopMail mail;
+  Platform platform{messages, clock, windows, progress, system, mail};
 };
 
 }  // namespace lm

@@ -18,11 +18,6 @@ namespace {
 
 constexpr std::string_view kCommandLineProgram = "ledgerminder-cli";
 
-std::filesystem::path ToPath(const QString& name) { return {name.toStdU16String()}; }
-QString FromPath(const std::filesystem::path& path) {
-  return QString::fromStdU16String(path.u16string());
-}
-
 struct Calculator {
   const char* program;
   QStringList arguments;

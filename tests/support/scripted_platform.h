@@ -28,7 +28,8 @@ class ScriptedPlatform : public MessagePort,
                          public ClockPort,
                          public WindowPort,
                          public ProgressPort,
-                         public SystemPort {
+                         public SystemPort,
+                         public MailPort {
  public:
   // What was shown, in order.
   std::vector<MessageBoxText> messages;
@@ -50,6 +51,10 @@ class ScriptedPlatform : public MessagePort,
   std::filesystem::path openFile, saveFile, executableDirectory, userDataDirectory;
   const WindowCatalogue* catalogue = nullptr;
   int busy = 0;
+  std::string clipboard;
+  std::vector<MailMessage> mails;  // what the mail program was given
+  bool mailAvailable = true;
+  MailOutcome mailOutcome = MailOutcome::Sent;
 
   ScriptedPlatform();
 
@@ -60,6 +65,7 @@ class ScriptedPlatform : public MessagePort,
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool on) override { busy += on ? 1 : -1; }
   void Show(int percent, std::string_view text) override;
+  void Hide() override { progress.emplace_back("hide"); }
   void ShowLastOpened(std::string_view text) override { lastOpened = text; }
   std::vector<std::string> RunningProcesses() override { return processes; }
   std::string UserName() override { return userName; }
@@ -67,7 +73,7 @@ class ScriptedPlatform : public MessagePort,
   std::filesystem::path UserDataDirectory() override { return userDataDirectory; }
   bool Open(std::string_view target) override;
   bool StartCalculator() override { return true; }
-  void SetClipboard(std::string_view) override {}
+  void SetClipboard(std::string_view text) override { clipboard = text; }
   std::filesystem::path AskOpenFile(std::string_view, const FileFilter&,
                                     const std::filesystem::path&) override {
     return openFile;
@@ -77,7 +83,13 @@ class ScriptedPlatform : public MessagePort,
     return saveFile;
   }
 
-  Platform platform{*this, *this, *this, *this, *this};
+  bool Available() override { return mailAvailable; }
+  MailOutcome Compose(const MailMessage& message) override {
+    mails.push_back(message);
+    return mailOutcome;
+  }
+
+  Platform platform{*this, *this, *this, *this, *this, *this};
 };
 
 // A clock that stands at 3 February 2026, 10:30.

@@ -1,0 +1,55 @@
+#include "shell/qt/progresswindow.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/messagebox.h"
+#include "shell/qt/frmMesgBox.h"
+#include "shell/qt/qtext.h"
+
+namespace lm {
+namespace {
+
+constexpr int kTextWidth = 380;  // device-independent pixels
+
+}  // namespace
+
+ProgressWindow::ProgressWindow(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      lblProgress_(new QLabel),
+      bar_(new QProgressBar) {
+  setObjectName("progressWindow");
+  setWindowTitle(ToQt(kProductName));
+  setModal(true);
+  lblProgress_->setObjectName("lblProgress");
+  lblProgress_->setTextFormat(Qt::PlainText);
+  lblProgress_->setFixedWidth(kTextWidth);
+  bar_->setRange(0, 100);
+  bar_->setTextVisible(false);
+  bar_->setFixedHeight(8);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(24, 20, 24, 24);
+  column->setSpacing(12);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->addWidget(lblProgress_);
+  column->addWidget(bar_);
+}
+
+void ProgressWindow::SetProgress(int percent, std::string_view text) {
+  if (percent >= 0) bar_->setValue(std::min(percent, 100));
+  lblProgress_->setText(
+      lblProgress_->fontMetrics().elidedText(ToQt(text).trimmed(), Qt::ElideRight, kTextWidth));
+  bar_->setAccessibleName(lblProgress_->text());
+}
+
+void ProgressWindow::showEvent(QShowEvent* event) {
+  CentreWindow(*this);
+  QDialog::showEvent(event);
+}
+
+void ProgressWindow::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+}  // namespace lm
