@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/formatting.h"
-#include "records/windows.h"
+#include "shell/windows.h"
 #include "shell/frmMain.h"
 #include "tests/support/scripted_platform.h"
 
@@ -20,7 +20,7 @@ struct SessionsPage {
 
   SessionsPage() {
     lm::Ledger& ledger = test.ledger;
-    lm::AddRecordWindows(windows);
+    lm::AddWindows(windows);
     for (int i = 1; i <= 40; ++i)
       test.AddRow(ledger.fgPractices, {"NAME=Practice " + std::to_string(i)});
     lm::Grid& sessions = ledger.fgSessions;

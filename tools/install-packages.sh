@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache git ca-certificates
-          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev
+          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev libpugixml-dev
           fonts-liberation fonts-dejavu-core)
 if [ "${1:-build}" = test ]; then
   packages+=(libgtest-dev python3 qpdf poppler-utils zbar-tools)

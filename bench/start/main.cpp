@@ -14,7 +14,7 @@
 #include "core/datafile.h"
 #include "core/options.h"
 #include "core/startup.h"
-#include "records/windows.h"
+#include "shell/windows.h"
 #include "shell/entry.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/mainwindow.h"
@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
   if (word == "--make") return Make(ledger);
 
   lm::WindowCatalogue windows;
-  lm::AddRecordWindows(windows);
+  lm::AddWindows(windows);
   desktop.windows.SetCatalogue(ledger, windows);
   std::unique_ptr<lm::frmMain> screen;
   std::unique_ptr<lm::MainWindow> window;

@@ -1,0 +1,103 @@
+#include "documents/email.h"
+
+#include <system_error>
+
+#include "core/files.h"
+#include "core/messagebox.h"
+#include "core/options.h"
+#include "core/platform.h"
+#include "core/text.h"
+#include "documents/emldraft.h"
+#include "documents/invoicepdf.h"
+#include "documents/invoices.h"
+#include "documents/mergefields.h"
+#include "records/practices.h"
+
+namespace lm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kDraftFolder = "Drafts";
+
+// Mail programs of old took the name up to its first blank.
+std::string AttachmentName(const fs::path& attachment) {
+  return Replace(PathText(attachment.filename()), " ", "_");
+}
+
+std::string ClipboardText(const MailMessage& message) {
+  return "To: " + message.to + "\r\nSubject: " + message.subject + "\r\n\r\n" + message.body;
+}
+
+// A name for the draft that tells one from the other: that of the document, else the recipient's.
+std::string DraftName(const MailMessage& message) {
+  std::string name =
+      message.attachment.empty() ? NameForFile(message.to) : PathText(message.attachment.stem());
+  if (name.empty()) name = "message";
+  return name + ".eml";
+}
+
+// Without a mail program the message is written as a draft, which most of them open, and its text
+// put on the clipboard for a mail page in the browser.
+bool WriteAndOpenDraft(Ledger& ledger, const MailMessage& message) {
+  const fs::path folder = ledger.File(kDraftFolder);
+  const fs::path file = folder / PathFromText(DraftName(message));
+  std::string error;
+  std::optional<std::string> draft = EmlDraft(message, ledger.platform.clock.Now(), error);
+  if (!draft || !MakeFolder(folder, error) || !ReplaceFile(file, *draft, error)) {
+    ShowMessage(ledger, "The e-mail could not be prepared", error);
+    return false;
+  }
+  ledger.platform.system.SetClipboard(ClipboardText(message));
+  OpenLink(ledger, PathText(file));
+  ShowMessage(ledger, "No e-mail program was found",
+              "The address, the subject and the text of the e-mail have been copied to the "
+              "clipboard, so that you can paste them into your e-mail.\\n\\nA draft with the "
+              "attachment is in the file\\n" +
+                  PathText(file),
+              Buttons::Ok, Icon::Information);
+  return true;
+}
+
+struct MailTexts {
+  int subject, body;  // options
+};
+
+bool SendDocument(Ledger& ledger, const std::string& invoiceId, const MailTexts& texts) {
+  const int row = InvoiceRow(ledger, invoiceId);
+  if (row < 0) return false;
+  const fs::path file = InvoiceFile(ledger, row);
+  std::error_code ignored;
+  if (!fs::exists(file, ignored) && !CreateInvoice(ledger, invoiceId)) return false;
+  MergeContext context;
+  context.invoice = invoiceId;
+  return SendEmail(ledger,
+                   PracticeCell(ledger, ledger.fgInvoices.TextMatrix(row, "PRACTICE"), "EMAIL"),
+                   Merge(ledger, GetOption(ledger, texts.subject), context),
+                   Merge(ledger, GetOption(ledger, texts.body), context), file);
+}
+
+}  // namespace
+
+bool SendEmail(Ledger& ledger, std::string_view to, std::string_view subject, std::string_view body,
+               const fs::path& attachment) {
+  MailMessage message{OneLine(to), OneLine(subject), std::string(body), "", attachment};
+  if (!attachment.empty()) message.attachmentName = AttachmentName(attachment);
+  MailPort& mail = ledger.platform.mail;
+  if (!mail.Available()) return WriteAndOpenDraft(ledger, message);
+  const MailOutcome outcome = mail.Compose(message);
+  if (outcome == MailOutcome::Failed)
+    ShowMessage(ledger, "The e-mail could not be sent",
+                "Your e-mail program did not take the message. Nothing has been marked as sent.");
+  return outcome == MailOutcome::Sent;
+}
+
+bool SendInvoiceByEmail(Ledger& ledger, const std::string& invoiceId) {
+  return SendDocument(ledger, invoiceId, {optInvoiceEmailSubject, optInvoiceEmailBody});
+}
+
+bool SendReceiptByEmail(Ledger& ledger, const std::string& invoiceId) {
+  return SendDocument(ledger, invoiceId, {optReceiptSubject, optReceiptBody});
+}
+
+}  // namespace lm

@@ -1,0 +1,42 @@
+// The window from which a batch of invoices is made.
+#pragma once
+
+#include <string>
+
+#include "core/screen.h"
+
+namespace lm {
+
+class frmPrepareInvoices : public Screen {
+ public:
+  explicit frmPrepareInvoices(Ledger& ledger);
+
+  ComboField cboPractice{this, "cboPractice"};
+
+  // Exactly one of the three is ticked.
+  CheckField optCreateInvoices0{this, "optCreateInvoices0"};
+  CheckField optCreateInvoices1{this, "optCreateInvoices1"};
+  CheckField optCreateInvoices2{this, "optCreateInvoices2"};
+
+  TextField txtSDate{this, "txtSDate"};
+  Button cmdStartDate{this, "cmdStartDate"};
+  TextField txtEDate{this, "txtEDate"};
+  Button cmdEndDate{this, "cmdEndDate"};
+  LabelField lblThisMonth{this, "lblThisMonth"};
+  LabelField lblLastMonth{this, "lblLastMonth"};
+
+  TextField txtIDate{this, "txtIDate"};
+  Button cmdInvoiceDate{this, "cmdInvoiceDate"};
+  LabelField imgInvoiceDateHelp{this, "imgInvoiceDateHelp"};
+
+  Button cmdCreateInvoices{this, "cmdCreateInvoices"};
+  Button cmdClose{this, "cmdClose"};
+
+ private:
+  void BindDate(TextField& box, Button& button, std::string_view caption, std::string_view message);
+  void Choose(CheckField& option);
+  void ChooseMonth(int monthsFromNow);
+  void CreateInvoices();
+};
+
+}  // namespace lm

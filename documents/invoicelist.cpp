@@ -1,0 +1,77 @@
+#include "documents/invoicelist.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/messagebox.h"
+#include "core/rows.h"
+#include "core/text.h"
+#include "documents/invoices.h"
+#include "documents/windows.h"
+#include "records/sessionrules.h"
+
+namespace lm {
+namespace {
+
+// Given when the invoice was made, or worked out from its sessions.
+constexpr std::array<std::string_view, 6> kNeverEdited{"ID",    "NUMBER", "PRACTICE",
+                                                       "CDATE", "AMOUNT", "EMPLOYERCONTRIB"};
+constexpr std::array<std::string_view, 4> kDates{"IDATE", "SDATE", "PAYDATE", "RECEIPTDATE"};
+
+template <std::size_t N>
+bool Contains(const std::array<std::string_view, N>& keys, std::string_view key) {
+  return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+}  // namespace
+
+bool InvoiceListRules::IsInvoice(int row) const {
+  const Grid& invoices = ledger_.fgInvoices;
+  return row >= invoices.FixedRows() && row < invoices.Rows() && !invoices.IsSubtotal(row);
+}
+
+bool InvoiceListRules::MayEdit(int row, int col) {
+  const std::string& key = ledger_.fgInvoices.ColKey(col);
+  return IsInvoice(row) && !key.empty() && !Contains(kNeverEdited, key);
+}
+
+Picker InvoiceListRules::PickerOf(int /*row*/, int col) {
+  return Contains(kDates, ledger_.fgInvoices.ColKey(col)) ? Picker::Calendar : Picker::None;
+}
+
+std::optional<std::string> InvoiceListRules::Accept(int /*row*/, int col, std::string_view text) {
+  if (!Contains(kDates, ledger_.fgInvoices.ColKey(col))) return std::string(text);
+  return EnterDate(ledger_, text, "Please enter a valid date.");
+}
+
+void InvoiceListRules::Edited(int row, int /*col*/) {
+  MarkEdited(ledger_, ledger_.fgInvoices, row);
+}
+
+void InvoiceListRules::Opened(int row) {
+  if (IsInvoice(row)) OpenInvoice(ledger_, ledger_.fgInvoices.TextMatrix(row, "ID"));
+}
+
+void InvoiceListRules::AddPressed() { OpenPrepareInvoices(ledger_); }
+
+void InvoiceListRules::DeletePressed(int row) {
+  if (row >= 0 && ledger_.fgInvoices.IsSubtotal(row))
+    ShowMessage(ledger_, "Delete Invoice", "Select an ungrouped row.");
+  else if (!IsInvoice(row))
+    ShowMessage(ledger_, "Delete Invoice", "There is no invoice selected to delete.");
+  else
+    DeleteInvoice(ledger_, ledger_.fgInvoices.TextMatrix(row, "ID"));
+}
+
+std::vector<MenuEntry> InvoiceListRules::ContextMenu(int row) {
+  const bool onInvoice = IsInvoice(row);
+  const std::string id = ledger_.fgInvoices.TextMatrix(row, "ID");
+  return {
+      {"&Edit Invoice", [this, row] { Opened(row); }, onInvoice},
+      {"&Open Document", [this, id] { OpenInvoiceDocument(ledger_, id); }, onInvoice},
+      {"&Recreate then Open", [this, id] { OpenInvoiceDocument(ledger_, id, true); }, onInvoice},
+      {"", {}},
+      {"&Delete Invoice", [this, row] { DeletePressed(row); }, onInvoice}};
+}
+
+}  // namespace lm

@@ -1,0 +1,49 @@
+// Invoices on paper: a template drawn over an invoice's records into a PDF under "Invoices".
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "core/ledger.h"
+#include "documents/recordindex.h"
+#include "documents/template.h"
+
+namespace lm {
+
+// "Invoices/INV-00001 Riverside Surgery.pdf" in the program directory.
+std::filesystem::path InvoiceFile(const Ledger& ledger, int invoiceRow);
+// Where the preview of a template is written.
+std::filesystem::path PreviewFile(const Ledger& ledger);
+
+// Draws many invoices over one index; a template is read once.
+class InvoiceRenderer {
+ public:
+  InvoiceRenderer(Ledger& ledger, const RecordIndex& index) : ledger_(ledger), index_(index) {}
+
+  // Writes the invoice's document with the template of the options; with a template's file name a
+  // preview. False after its message; an older document of that name then stays as it was.
+  bool CreateInvoice(const std::string& invoiceId, const std::string& templateName = "");
+  // The last failure would meet every other invoice too (no folder, one that takes no file, no
+  // template): a batch need not go on writing documents.
+  bool FailedForAll() const { return failedForAll_; }
+
+ private:
+  const DocumentTemplate* Template(const std::string& name);  // null after its message
+  bool Write(const std::string& id, int row, const DocumentTemplate& layout,
+             const std::filesystem::path& file);
+
+  Ledger& ledger_;
+  const RecordIndex& index_;
+  std::map<std::string, DocumentTemplate, std::less<>> templates_;
+  std::set<std::string> toldFaults_;
+  bool failedForAll_ = false;
+};
+
+// A single invoice; builds its own index.
+bool CreateInvoice(Ledger& ledger, const std::string& invoiceId,
+                   const std::string& templateName = "");
+
+}  // namespace lm

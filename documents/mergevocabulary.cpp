@@ -1,0 +1,204 @@
+#include "documents/mergevocabulary.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "core/dates.h"
+#include "core/numbers.h"
+#include "core/options.h"
+#include "core/platform.h"
+#include "core/text.h"
+
+namespace lm {
+namespace {
+
+using Records = const MergeRecords&;
+using Column = std::string_view;
+
+std::string SessionCell(Records r, Column column) {
+  return r.ledger.fgSessions.TextMatrix(r.session, column);
+}
+std::string ExtraCell(Records r, Column column) {
+  return r.ledger.fgExtras.TextMatrix(r.extra, column);
+}
+std::string ExpenseCell(Records r, Column column) {
+  return r.ledger.fgSessionExpenses.TextMatrix(r.expense, column);
+}
+std::string PracticeCell(Records r, Column column) {
+  return r.ledger.fgPractices.TextMatrix(r.practice, column);
+}
+std::string InvoiceCell(Records r, Column column) {
+  return r.ledger.fgInvoices.TextMatrix(r.invoice, column);
+}
+
+template <int field>
+std::string Detail(Records r, Column) {
+  return MyDetail(r.ledger, field);
+}
+
+template <int option>
+std::string OptionText(Records r, Column) {
+  return GetOption(r.ledger, option);
+}
+
+Single SessionNumber(const Ledger& ledger, int row, Column column) {
+  return static_cast<Single>(Val(ledger.fgSessions.TextMatrix(row, column)));
+}
+
+std::string SessionPensionable(Records r, Column) {
+  if (r.session < 0) return "";
+  return PlainText(SessionNumber(r.ledger, r.session, "RATE") +
+                   SessionNumber(r.ledger, r.session, "EXTRAS"));
+}
+
+std::string SessionPractice(Records r, Column) {
+  const int practice = r.index.Practice(SessionCell(r, "PRACTICE"));
+  return r.ledger.fgPractices.TextMatrix(practice, "NAME");
+}
+
+// Deputising sessions have no text.
+std::string SessionType(Records r, Column) {
+  static constexpr std::pair<std::string_view, std::string_view> kTexts[] = {
+      {"1", "NHS Normal"}, {"2", "NHS OOH"}, {"4", "NHS Unpensioned"}, {"0", "Private"}};
+  const std::string type = SessionCell(r, "SESS_TYPE");
+  for (const auto& [code, text] : kTexts)
+    if (code == type) return std::string(text);
+  return "";
+}
+
+// In single precision, in the order of the table.
+MergedSums SumUp(Records r, const std::string& invoiceId) {
+  MergedSums sums{.invoice = invoiceId};
+  for (const int row : r.index.SessionsOfInvoice(invoiceId)) {
+    const Single rate = SessionNumber(r.ledger, row, "RATE");
+    const Single extras = SessionNumber(r.ledger, row, "EXTRAS");
+    sums.rates += rate;
+    sums.extras += extras;
+    sums.expenses += SessionNumber(r.ledger, row, "EXPENSES");
+    sums.pensionable = sums.pensionable + rate + extras;
+  }
+  return sums;
+}
+
+template <Single MergedSums::*sum>
+std::string Sum(Records r, Column) {
+  if (r.invoice < 0) return "";
+  const std::string invoiceId = InvoiceCell(r, "ID");
+  if (r.sums.invoice != invoiceId) r.sums = SumUp(r, invoiceId);
+  return PlainText(r.sums.*sum);
+}
+
+std::string Today(Records r, Column) { return CellText(r.ledger.platform.clock.Now()); }
+std::string TimeNow(Records r, Column) { return CellTimeText(r.ledger.platform.clock.Now()); }
+std::string Nothing(Records, Column) { return ""; }
+
+std::string MyFullName(Records r, Column) {
+  return MyDetail(r.ledger, kFirstNameField) + " " + MyDetail(r.ledger, kLastNameField);
+}
+
+// Aliases stand together; "MY PHONENUMER" is in templates that users have.
+constexpr MergeField kFields[] = {
+    {"START DATE", SessionCell, "SDATE"},
+    {"START TIME", SessionCell, "STIME"},
+    {"END DATE", SessionCell, "EDATE"},
+    {"END TIME", SessionCell, "ETIME"},
+    {"SESSION RATE", SessionCell, "RATE"},
+    {"RATE", SessionCell, "RATE"},
+    {"SESSION EXTRAS", SessionCell, "EXTRAS"},
+    {"EXTRAS", SessionCell, "EXTRAS"},
+    {"SESSION EXPENSES", SessionCell, "EXPENSES"},
+    {"EXPENSES", SessionCell, "EXPENSES"},
+    {"SESSION TOTAL", SessionCell, "TOTAL"},
+    {"SESSION PENSIONABLE", SessionPensionable},
+    {"SESSION EMPLOYERCONTRIB", SessionCell, "EMPLOYERCONTRIB"},
+    {"SESSION EMPLOYERCONTRIBRATE", SessionCell, "EMPLOYERCONTRIBRATE"},
+    {"SESSION NOTE", SessionCell, "PUBLICNOTE"},
+    {"SESSION PRACTICE", SessionPractice},
+    {"EMPLOYERCONTRIBRATE", OptionText<optEmployerContribRate>},
+    {"SESSION TYPE", SessionType},
+    {"EXTRA ITEM", ExtraCell, "ITEM"},
+    {"EXTRA RATE", ExtraCell, "RATE"},
+    {"EXPENSE ITEM", ExpenseCell, "ITEM"},
+    {"EXPENSE RATE", ExpenseCell, "RATE"},
+    {"EXPENSE CATEGORY", ExpenseCell, "CATEGORY"},
+    {"PRACTICE NAME", PracticeCell, "NAME"},
+    {"PRACTICE", PracticeCell, "NAME"},
+    {"PRACTICE MANAGER", PracticeCell, "PMANAGER"},
+    {"PRACTICE ADDRESS 1", PracticeCell, "ADDR1"},
+    {"PRACTICE ADDRESS 2", PracticeCell, "ADDR2"},
+    {"PRACTICE ADDRESS 3", PracticeCell, "ADDR3"},
+    {"PRACTICE ADDRESS 4", PracticeCell, "ADDR4"},
+    {"PRACTICE POSTCODE", PracticeCell, "POSTCODE"},
+    {"PRACTICE POST CODE", PracticeCell, "POSTCODE"},
+    {"PRACTICE EMAIL", PracticeCell, "EMAIL"},
+    {"PRACTICE PHONE", PracticeCell, "PHONE"},
+    {"PRACTICE FAX", PracticeCell, "FAX"},
+    {"PRACTICE EA CODE", PracticeCell, "PCODE"},
+    {"PRACTICE ODS CODE", PracticeCell, "ODS_CODE"},
+    {"PRACTICE WEBSITE", PracticeCell, "WEB"},
+    {"INVOICE TOTAL", InvoiceCell, "AMOUNT"},
+    {"INVOICE AMOUNT", InvoiceCell, "AMOUNT"},
+    {"INVOICE NUMBER", InvoiceCell, "NUMBER"},
+    {"INVOICE NOTE", InvoiceCell, "PUBLICNOTE"},
+    {"INVOICE NOTES", InvoiceCell, "PUBLICNOTE"},
+    {"INVOICE DATE", InvoiceCell, "IDATE"},
+    {"INVOICE PENSIONABLE", Sum<&MergedSums::pensionable>},
+    {"INVOICE RATES", Sum<&MergedSums::rates>},
+    {"INVOICE EMPLOYERCONTRIB", InvoiceCell, "EMPLOYERCONTRIB"},
+    {"INVOICE EXPENSES", Sum<&MergedSums::expenses>},
+    {"INVOICE EXTRAS", Sum<&MergedSums::extras>},
+    {"DATE", Today},
+    {"TIME", TimeNow},
+    {"NOW", TimeNow},
+    {"PAGE", Nothing},
+    {"MY NAME", MyFullName},
+    {"MY FULLNAME", MyFullName},
+    {"MY FIRST NAME", Detail<kFirstNameField>},
+    {"MY FIRSTNAME", Detail<kFirstNameField>},
+    {"MY LAST NAME", Detail<kLastNameField>},
+    {"MY LASTNAME", Detail<kLastNameField>},
+    {"MY SURNAME", Detail<kLastNameField>},
+    {"MY TITLE", Detail<kMyTitleField>},
+    {"MY ADDRESS 1", Detail<0>},
+    {"MY ADDRESS 2", Detail<1>},
+    {"MY ADDRESS 3", Detail<2>},
+    {"MY ADDRESS 4", Detail<3>},
+    {"MY POSTCODE", Detail<4>},
+    {"MY POST CODE", Detail<4>},
+    {"MY EMAIL", Detail<6>},
+    {"MY PHONE", Detail<7>},
+    {"MY PHONE NUMBER", Detail<7>},
+    {"MY PHONENUMER", Detail<7>},
+    {"MY DOB", Detail<15>},
+    {"MY D.O.B.", Detail<15>},
+    {"MY QUALIFICATIONS", Detail<10>},
+    {"MY GMCNUMBER", Detail<5>},
+    {"MY GMC NUMBER", Detail<5>},
+    {"MY SUPPLISTNUMBER", Detail<12>},
+    {"MY PROFINDCOMPANY", Detail<8>},
+    {"MY PROFINDNUMBER", Detail<9>},
+    {"MY ODSCODE", Detail<20>},
+};
+
+}  // namespace
+
+MergeRecords::MergeRecords(const Ledger& ledger, const RecordIndex& index,
+                           const MergeContext& context, MergedSums& sums)
+    : ledger(ledger),
+      index(index),
+      invoice(index.Invoice(context.invoice)),
+      session(index.Session(context.session)),
+      extra(index.Extra(context.extra)),
+      expense(index.Expense(context.expense)),
+      practice(index.Practice(ledger.fgInvoices.TextMatrix(invoice, "PRACTICE"))),
+      sums(sums) {}
+
+const MergeField* FindMergeField(std::string_view name) {
+  const std::string upper = ToUpper(Trim(name));
+  const auto* field = std::find_if(std::begin(kFields), std::end(kFields),
+                                   [&](const MergeField& each) { return each.name == upper; });
+  return field == std::end(kFields) ? nullptr : field;
+}
+
+}  // namespace lm
