@@ -12,7 +12,8 @@
 namespace lm {
 
 bool frmMain::SaveAll() {
-  const Ungrouped ungrouped(grouping_);
+  const UngroupedLists ungrouped{Ungrouped(sessionsPage_.Grouping()),
+                                 Ungrouped(invoicesPage_.Grouping())};
   return Save(ledger);
 }
 
@@ -46,7 +47,8 @@ void frmMain::BackUpIfDue() {
   if (last && *last + days > now) return;
 
   const auto path = ledger.File("LedgerMinderBackup " + FormatDate(now, "dd mmm yyyy") + ".bak");
-  const Ungrouped ungrouped(grouping_);
+  const UngroupedLists ungrouped{Ungrouped(sessionsPage_.Grouping()),
+                                 Ungrouped(invoicesPage_.Grouping())};
   if (!WriteDataFile(ledger, path)) return;
   SetOption(ledger, optLastBackupFile, PathText(path));
   SetOption(ledger, optLastBackupDate, FormatDate(now, "dd/mm/yyyy hh:nn"));

@@ -8,6 +8,7 @@
 #include "core/options.h"
 #include "core/startup.h"
 #include "core/text.h"
+#include "documents/shippedtemplates.h"
 #include "records/frmWelcome.h"
 #include "shell/frmMain.h"
 
@@ -111,6 +112,7 @@ frmMain* Start(Ledger& ledger, const EntryHooks& hooks, std::string_view command
   if (!LoadGridFile(ledger, ledger.File("Options.dat"), ledger.fgOptions)) return nullptr;
   Progress(ledger, 18, "Setting default options...");
   SetDefaultOptions(ledger);
+  PlaceShippedTemplates(ledger);  // the start goes on without them
   Progress(ledger, 26, "Loading main form...");
   frmMain& window = hooks.createMain();
   SetOption(ledger, optPasswordHash, DigestOf(""));

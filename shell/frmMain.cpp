@@ -1,11 +1,10 @@
 #include "shell/frmMain.h"
 
-#include <algorithm>
-
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
-#include "core/rows.h"
+#include "documents/invoicelist.h"
+#include "documents/invoices.h"
 #include "records/practicelist.h"
 #include "records/sessionlist.h"
 #include "records/windows.h"
@@ -14,45 +13,84 @@
 
 namespace lm {
 
-// The session list as it stands on the page: after any change it is filtered and grouped anew.
-class SessionPageRules : public SessionListRules {
+// A list's own rules as they stand on its page: after any change the lists are filtered and grouped
+// anew.
+template <typename Rules>
+class PageRules : public Rules {
  public:
-  explicit SessionPageRules(frmMain& window) : SessionListRules(window.ledger), window_(window) {}
+  PageRules(frmMain& window, ListPage& page) : Rules(window.ledger), window_(window), page_(page) {}
 
   void Edited(int row, int col) override {
-    SessionListRules::Edited(row, col);
-    window_.SessionCellEdited(row);
+    Rules::Edited(row, col);
+    page_.CellEdited(row);
   }
   void Opened(int row) override {
-    window_.ChangeSessions([&] { SessionListRules::Opened(row); });
+    window_.ChangeRecords([&] { Rules::Opened(row); });
   }
   void AddPressed() override {
-    window_.ChangeSessions([&] { SessionListRules::AddPressed(); });
+    window_.ChangeRecords([&] { Rules::AddPressed(); });
   }
   void DeletePressed(int row) override {
-    window_.ChangeSessions([&] { SessionListRules::DeletePressed(row); });
+    window_.ChangeRecords([&] { Rules::DeletePressed(row); });
   }
   std::vector<MenuEntry> ContextMenu(int row) override {
-    std::vector<MenuEntry> entries = SessionListRules::ContextMenu(row);
+    std::vector<MenuEntry> entries = Rules::ContextMenu(row);
     for (MenuEntry& entry : entries)
-      entry.run = [this, run = std::move(entry.run)] { window_.ChangeSessions(run); };
+      if (entry.run) entry.run = [this, run = std::move(entry.run)] { window_.ChangeRecords(run); };
     return entries;
   }
 
  private:
   frmMain& window_;
+  ListPage& page_;
 };
+
+namespace {
+
+// Invoices are no business of the records themselves, so the list of sessions gets these here.
+class InvoicedSessionRules : public SessionListRules {
+ public:
+  explicit InvoicedSessionRules(Ledger& ledger) : SessionListRules(ledger), ledger_(ledger) {}
+
+  std::vector<MenuEntry> ContextMenu(int row) override {
+    std::vector<MenuEntry> entries = SessionListRules::ContextMenu(row);
+    const Grid& sessions = ledger_.fgSessions;
+    const bool onSession = row >= sessions.FixedRows() && !sessions.IsSubtotal(row);
+    const bool invoiced = !sessions.TextMatrix(row, "INVOICE").empty();
+    const std::string id = sessions.TextMatrix(row, "ID");
+    entries.push_back({"", {}});
+    entries.push_back({"Add To &Invoice", [this, id] { AddSessionToInvoice(ledger_, id); },
+                       onSession && !invoiced});
+    entries.push_back({"&Remove From Invoice",
+                       [this, id] { RemoveSessionFromInvoice(ledger_, id); },
+                       onSession && invoiced});
+    return entries;
+  }
+
+ private:
+  Ledger& ledger_;
+};
+
+}  // namespace
 
 frmMain::frmMain(Ledger& theLedger, WindowCatalogue& windows)
     : Screen(theLedger, "frmMain", kProductName),
       tabMyDetails(this, "tabMyDetails", {kMyDetailsTabs.begin(), kMyDetailsTabs.end()}),
       windows_(windows),
-      grouping_(theLedger),
-      periodFilter_(theLedger),
-      sessionRules_(std::make_unique<SessionPageRules>(*this)),
+      sessionsPage_(
+          theLedger, kGroupedSessions,
+          {tabSessions, cboGroupSessions, lblGrpBySession, lblCollapseSessions},
+          [&theLedger](int tab) { return SessionsOf(theLedger, static_cast<SessionPeriod>(tab)); }),
+      invoicesPage_(
+          theLedger, kGroupedInvoices,
+          {tabInvoices, cboGroupInvoices, lblGrpByInvoice, lblCollapseInvoices},
+          [&theLedger](int tab) { return InvoicesOf(theLedger, static_cast<InvoiceState>(tab)); }),
+      sessionRules_(std::make_unique<PageRules<InvoicedSessionRules>>(*this, sessionsPage_)),
+      invoiceRules_(std::make_unique<PageRules<InvoiceListRules>>(*this, invoicesPage_)),
       practiceRules_(std::make_unique<PracticeListRules>(theLedger)) {
   BuildShortcutBar();
   BuildSessionsPage();
+  BuildInvoicesPage();
   BuildPracticesPage();
   BuildMyDetailsPage();
   BuildLists();
@@ -78,48 +116,48 @@ void frmMain::BuildShortcutBar() {
 }
 
 void frmMain::BuildSessionsPage() {
-  std::vector<ComboItem> groups;
-  for (const std::string& caption : SessionGroupCaptions())
-    groups.push_back({caption, PlainText(static_cast<int>(groups.size()))});
-  cboGroupSessions.SetItems(std::move(groups));
-  cboGroupSessions.SetListIndex(0);
-  cboGroupSessions.onEntered = [this] {
-    ChooseGroup();
+  tabSessions.onEntered = [this, choose = std::move(tabSessions.onEntered)] {
+    choose();
+    if (!ledger.starting && CurrentPeriod() == SessionPeriod::Current)
+      ShowCurrentSessionsTip(ledger);
     return true;
   };
-  tabSessions.onEntered = [this] {
-    ChoosePeriod();
-    return true;
-  };
-  lblGrpBySession.SetText("Expand all");
-  lblGrpBySession.onPressed = [this] { grouping_.ExpandAll(); };
-  lblGrpBySession.SetVisible(false);
-  lblCollapseSessions.SetText("Collapse all");
-  lblCollapseSessions.onPressed = [this] { grouping_.CollapseAll(); };
-  lblCollapseSessions.SetVisible(false);
-
   Grid& sessions = ledger.fgSessions;
   cmdAddSession.SetText("Add Session");
   cmdAddSession.onPressed = [this] { sessionRules_->AddPressed(); };
   cmdEditSession.SetText("Edit Session");
   cmdEditSession.onPressed = [this, &sessions] {
-    const int row = SelectedRow(sessions);
-    if (row < 0 || sessions.IsSubtotal(row))
-      ShowMessage(ledger, "Edit Session", "There is no session selected to edit.");
-    else
-      sessionRules_->Opened(row);
+    if (!SelectedId(sessions, "Edit Session", "There is no session selected to edit.").empty())
+      sessionRules_->Opened(sessions.Row());
   };
   cmdCopySession.SetText("Copy Session");
   cmdCopySession.onPressed = [this, &sessions] {
-    const int row = SelectedRow(sessions);
-    if (row < 0 || sessions.IsSubtotal(row))
-      ShowMessage(ledger, "Copy Session", "There is no session selected to copy.");
-    else
-      ChangeSessions([&] { CopySession(ledger, sessions.TextMatrix(row, "ID")); });
+    const std::string id =
+        SelectedId(sessions, "Copy Session", "There is no session selected to copy.");
+    if (!id.empty()) ChangeRecords([&] { CopySession(ledger, id); });
   };
   cmdDeleteSession.SetText("Delete Session");
   cmdDeleteSession.onPressed = [this, &sessions] {
     sessionRules_->DeletePressed(SelectedRow(sessions));
+  };
+}
+
+void frmMain::BuildInvoicesPage() {
+  Grid& invoices = ledger.fgInvoices;
+  cmdAddInvoice.SetText("Prepare Invoices");
+  cmdAddInvoice.onPressed = [this] { invoiceRules_->AddPressed(); };
+  cmdEditInvoice.SetText("Edit Invoice");
+  cmdEditInvoice.onPressed = [this, &invoices] {
+    if (!SelectedId(invoices, "Edit Invoice", "There is no invoice selected to edit.").empty())
+      invoiceRules_->Opened(invoices.Row());
+  };
+  cmdViewInvoice.SetText("View Invoice");
+  cmdViewInvoice_Options.SetToolTip("Open or recreate the invoice's document");
+  for (Button* button : {&cmdViewInvoice, &cmdViewInvoice_Options})
+    button->onPressed = [this] { OpenSelectedInvoice(false); };
+  cmdDeleteInvoice.SetText("Delete Invoice");
+  cmdDeleteInvoice.onPressed = [this, &invoices] {
+    invoiceRules_->DeletePressed(SelectedRow(invoices));
   };
 }
 
@@ -159,6 +197,7 @@ void frmMain::BuildLists() {
   for (Grid* table : ledger.dataTables) {
     GridRules* rules = nullptr;
     if (table == &ledger.fgSessions) rules = sessionRules_.get();
+    if (table == &ledger.fgInvoices) rules = invoiceRules_.get();
     if (table == &ledger.fgPractices) rules = practiceRules_.get();
     AddGrid(*table, rules);
   }
@@ -201,7 +240,8 @@ void frmMain::fgMenu_Click() {
 
   // Practices may have been added or renamed since the page's look-up columns got their lists.
   if (PageGrid()) FormatTables(ledger);
-  if (page == Page::Sessions) RefreshSessions();
+  if (page == Page::Sessions) sessionsPage_.Refresh();
+  if (page == Page::Invoices) invoicesPage_.Refresh();
   if (page == Page::MyDetails) LoadMyDetails();
   RefreshCommands();
   CallLayOut(false);
@@ -262,8 +302,9 @@ void frmMain::HeaderClicked(Grid& grid, int col) {
     grid.Sort(state.descending ? SortSetting::GenericDescending : SortSetting::GenericAscending,
               grid.ColIndex(key));
   };
-  if (&grid != &ledger.fgSessions) return sort();
-  const Ungrouped ungrouped(grouping_);
+  ListPage* page = ListPageOf(grid);
+  if (!page) return sort();
+  const Ungrouped ungrouped(page->Grouping());
   sort();
 }
 
@@ -278,48 +319,43 @@ void frmMain::ColumnMoved(Grid& grid, int from, int to) {
   grid.SetColPosition(from, to);
 }
 
-// Sessions page
+// Records
 
 SessionPeriod frmMain::CurrentPeriod() const {
   return static_cast<SessionPeriod>(tabSessions.Selected());
 }
 
-void frmMain::ChoosePeriod() {
-  if (ledger.starting) return;
-  periodFilter_.ForgetKept();
-  RefreshSessions();
-  if (CurrentPeriod() == SessionPeriod::Current) ShowCurrentSessionsTip(ledger);
+ListPage* frmMain::ListPageOf(const Grid& grid) {
+  if (&grid == &ledger.fgSessions) return &sessionsPage_;
+  return &grid == &ledger.fgInvoices ? &invoicesPage_ : nullptr;
 }
 
-void frmMain::ChooseGroup() {
-  if (ledger.starting) return;
-  grouping_.Apply(static_cast<SessionGroup>(std::max(cboGroupSessions.ListIndex(), 0)));
-  const bool grouped = grouping_.Current() != SessionGroup::None;
-  lblGrpBySession.SetVisible(grouped);
-  lblCollapseSessions.SetVisible(grouped);
+void frmMain::RefreshLists() {
+  sessionsPage_.Refresh();
+  invoicesPage_.Refresh();
 }
 
-void frmMain::RefreshSessions() {
-  Grid& grid = ledger.fgSessions;
-  const RedrawOff redrawOff(grid);
-  const Ungrouped ungrouped(grouping_);
-  periodFilter_.Apply(CurrentPeriod());
+void frmMain::ChangeRecords(const std::function<void()>& change) {
+  sessionsPage_.Change([&] { invoicesPage_.Change(change); });
 }
 
-void frmMain::SessionCellEdited(int row) {
-  periodFilter_.Keep(ledger.fgSessions.TextMatrix(row, "ID"));
-  if (grouping_.Current() != SessionGroup::None) RefreshSessions();
+std::string frmMain::SelectedId(const Grid& grid, std::string_view mainPrompt,
+                                std::string_view minorPrompt) {
+  const int row = SelectedRow(grid);
+  const std::string id = row < 0 || grid.IsSubtotal(row) ? "" : grid.TextMatrix(row, "ID");
+  if (id.empty()) ShowMessage(ledger, mainPrompt, minorPrompt);
+  return id;
 }
 
-void frmMain::ChangeSessions(const std::function<void()>& change) {
-  Grid& grid = ledger.fgSessions;
-  const int firstNew = NextId(grid);
-  periodFilter_.Keep(grid.TextMatrix(SelectedRow(grid), "ID"));
-  change();
-  const int id = grid.ColIndex("ID");
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
-    if (ValInt(grid.TextMatrix(row, id)) >= firstNew) periodFilter_.Keep(grid.TextMatrix(row, id));
-  RefreshSessions();
+void frmMain::OpenSelectedInvoice(bool recreate) {
+  const std::string id = SelectedId(ledger.fgInvoices, "View Invoice",
+                                    "Select an invoice to view by clicking on any row.");
+  if (!id.empty()) OpenInvoiceDocument(ledger, id, recreate);
+}
+
+void frmMain::ChangeSelectedSession(bool (*change)(Ledger& ledger, const std::string& id)) {
+  const std::string id = SelectedId(ledger.fgSessions, "Invoice", "There is no session selected.");
+  if (!id.empty()) ChangeRecords([&] { change(ledger, id); });
 }
 
 }  // namespace lm

@@ -23,14 +23,12 @@
 
 #include "core/options.h"
 #include "core/screen.h"
-#include "shell/grouping.h"
+#include "shell/listpage.h"
 #include "shell/menus.h"
 #include "shell/pages.h"
-#include "shell/periodfilter.h"
 
 namespace lm {
 
-class SessionPageRules;
 class PracticeListRules;
 
 class frmMain : public Screen {
@@ -73,6 +71,17 @@ class frmMain : public Screen {
   Button cmdEditPractice{this, "cmdEditPractice"};
   Button cmdDeletePractice{this, "cmdDeletePractice"};
 
+  // Invoices page: the table is ledger.fgInvoices.
+  TabField tabInvoices{this, "tabInvoices", InvoiceStateCaptions()};
+  ComboField cboGroupInvoices{this, "cboGroupInvoices"};
+  LabelField lblGrpByInvoice{this, "lblGrpByInvoice"};
+  LabelField lblCollapseInvoices{this, "lblCollapseInvoices"};
+  Button cmdAddInvoice{this, "cmdAddInvoice"};
+  Button cmdEditInvoice{this, "cmdEditInvoice"};
+  Button cmdViewInvoice{this, "cmdViewInvoice"};
+  Button cmdViewInvoice_Options{this, "cmdViewInvoice_Options"};  // the view: drops mnuPopDocument
+  Button cmdDeleteInvoice{this, "cmdDeleteInvoice"};
+
   // Pension page: the tables stay read-only for now. The tab chooses PageGrid. The tabs of the
   // retired Forms C and D show only to users who have such forms.
   static constexpr int kTabFormC = 3;
@@ -96,8 +105,8 @@ class frmMain : public Screen {
   SortState SortOf(const Grid& grid) const;
   // A header dragged from one place to another. The marker column and the group column stay.
   void ColumnMoved(Grid& grid, int from, int to);
-  // Fills and groups the Sessions page anew, after sessions changed.
-  void RefreshSessions();
+  // Filters and groups the lists anew, after records changed.
+  void RefreshLists();
 
   // ---- Menus.
   const std::vector<MenuNode>& MenuBar() const { return menuBar_; }
@@ -142,6 +151,7 @@ class frmMain : public Screen {
   void BuildShortcutBar();
   void BuildCommands();
   void BuildSessionsPage();
+  void BuildInvoicesPage();
   void BuildPracticesPage();
   void BuildMyDetailsPage();
   void BuildLists();
@@ -154,13 +164,17 @@ class frmMain : public Screen {
 
   // The selected row, -1 when there is none or when it is out of sight.
   int SelectedRow(const Grid& grid) const;
-  // Runs what may add, change or delete sessions, then filters and groups the list anew. What was
-  // added, and the selected session, stay in sight.
-  void ChangeSessions(const std::function<void()>& change);
-  void SessionCellEdited(int row);
+  // Runs what may add, change or delete records, then filters and groups the lists anew. What was
+  // added, and the selected records, stay in sight.
+  void ChangeRecords(const std::function<void()>& change);
   SessionPeriod CurrentPeriod() const;
-  void ChoosePeriod();
-  void ChooseGroup();
+  // The page whose list the grid is; null for a list that is neither filtered nor grouped.
+  ListPage* ListPageOf(const Grid& grid);
+  // The selected record's ID; "" after the message when none is selected.
+  std::string SelectedId(const Grid& grid, std::string_view mainPrompt,
+                         std::string_view minorPrompt);
+  void OpenSelectedInvoice(bool recreate);
+  void ChangeSelectedSession(bool (*change)(Ledger& ledger, const std::string& id));
 
   struct PageCommands {  // the page's own buttons, for the keys that act on the current page
     Button* add = nullptr;
@@ -177,7 +191,13 @@ class frmMain : public Screen {
   bool ConfirmExit();
   void BackUpIfDue();
 
-  friend class SessionPageRules;
+  // What saving goes over must hold no groups.
+  struct UngroupedLists {
+    Ungrouped sessions, invoices;
+  };
+
+  template <typename Rules>
+  friend class PageRules;
 
   WindowCatalogue& windows_;
   std::vector<std::unique_ptr<Button>> commands_;
@@ -185,9 +205,10 @@ class frmMain : public Screen {
   std::vector<MenuNode> menuBar_;
   std::vector<MenuNode> contextMenus_;
   std::map<std::string, SortState, std::less<>> sorts_;  // by the list's name
-  SessionGrouping grouping_;
-  SessionPeriodFilter periodFilter_;
-  std::unique_ptr<SessionPageRules> sessionRules_;
+  ListPage sessionsPage_;
+  ListPage invoicesPage_;
+  std::unique_ptr<GridRules> sessionRules_;
+  std::unique_ptr<GridRules> invoiceRules_;
   std::unique_ptr<PracticeListRules> practiceRules_;
   bool shortcutBarVisible_ = true;
 };

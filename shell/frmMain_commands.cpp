@@ -3,6 +3,7 @@
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "core/shortcuts.h"
+#include "documents/invoices.h"
 #include "shell/frmMain.h"
 
 namespace lm {
@@ -50,6 +51,14 @@ void frmMain::SetHandlers() {
   handlers_["mnuExitWithoutSaving"] = [this] { ExitWithoutSaving(); };
   handlers_["mnuPrint"] = [this] { Print(); };
   handlers_["mnuNewSession"] = [this] { Press(cmdAddSession); };
+  handlers_["mnuNewInvoices"] = [this] { Press(cmdAddInvoice); };
+  handlers_["mnuPopOpenDocument"] = [this] { OpenSelectedInvoice(false); };
+  handlers_["mnuPopRecreateAndOpenDocument"] = [this] { OpenSelectedInvoice(true); };
+  handlers_["mnuPopInv_DeleteInvoice"] = [this] { Press(cmdDeleteInvoice); };
+  handlers_["mnuPopCal_AddToInvoice"] = [this] { ChangeSelectedSession(AddSessionToInvoice); };
+  handlers_["mnuPopCal_RemoveFromInvoice"] = [this] {
+    ChangeSelectedSession(RemoveSessionFromInvoice);
+  };
   handlers_["mnuNewPractice"] = [this] { Press(cmdAddPractice); };
   handlers_["mnuViewShortcutBar"] = [this] { ToggleShortcutBar(); };
   handlers_["mnuCalculator"] = [this] { ledger.platform.system.StartCalculator(); };
@@ -63,6 +72,8 @@ frmMain::PageCommands frmMain::CommandsOfPage() {
   switch (CurrentPage()) {
     case Page::Sessions:
       return {&cmdAddSession, &cmdEditSession, &cmdDeleteSession};
+    case Page::Invoices:
+      return {&cmdAddInvoice, &cmdEditInvoice, &cmdDeleteInvoice};
     case Page::Practices:
       return {&cmdAddPractice, &cmdEditPractice, &cmdDeletePractice};
     default:
@@ -82,6 +93,10 @@ void frmMain::RefreshCommands() {
     if (command.name == "mnuNewItem" || command.name == "mnuEditItem" ||
         command.name == "mnuDeleteItem")
       enabled = pageHasItems;
+    if (command.name.starts_with("mnuPopInv_") || command.name.ends_with("OpenDocument"))
+      enabled = CurrentPage() == Page::Invoices;
+    if (command.name == "mnuPopCal_AddToInvoice" || command.name == "mnuPopCal_RemoveFromInvoice")
+      enabled = CurrentPage() == Page::Sessions;
     if (command.name == "mnuPrint") enabled = !PageGrid() || printGrid;
     FindField(command.name)->SetEnabled(enabled);
   }
@@ -89,6 +104,8 @@ void frmMain::RefreshCommands() {
   cmdAddSession.SetEnabled(sessions);
   cmdEditSession.SetEnabled(sessions);
   cmdCopySession.SetEnabled(sessions);
+  cmdAddInvoice.SetEnabled(windows_.Has("frmPrepareInvoices"));
+  cmdEditInvoice.SetEnabled(windows_.Has("frmInvoice"));
   const bool practices = windows_.Has("frmPractice");
   cmdAddPractice.SetEnabled(practices);
   cmdEditPractice.SetEnabled(practices);
@@ -114,7 +131,7 @@ bool frmMain::ShortcutPressed(int virtualKey, int shift) {
 void frmMain::OpenFromCatalogue(const CommandSpec& command) {
   std::vector<std::string> words;
   if (!command.words.empty()) words.emplace_back(command.words);
-  ChangeSessions([&] { windows_.Open(ledger, command.window, words); });
+  ChangeRecords([&] { windows_.Open(ledger, command.window, words); });
   RefreshCommands();
   ApplyShortcutsToMenus();
 }
@@ -122,9 +139,11 @@ void frmMain::OpenFromCatalogue(const CommandSpec& command) {
 void frmMain::ReloadData() {
   if (!Ask(ledger, "Reload all data?", "This will overwrite any unsaved changes.")) return;
   {
-    const Ungrouped ungrouped(grouping_);
+    const UngroupedLists ungrouped{Ungrouped(sessionsPage_.Grouping()),
+                                   Ungrouped(invoicesPage_.Grouping())};
     LoadData(ledger);
-    periodFilter_.ForgetKept();
+    sessionsPage_.ForgetKept();
+    invoicesPage_.ForgetKept();
     sorts_.clear();
   }
   ApplyShortcutsToMenus();

@@ -9,24 +9,23 @@
 namespace lm {
 namespace {
 
-struct GroupSpec {
-  std::string_view caption;
-  std::string_view key;  // of the column that makes the groups
-};
+constexpr GroupChoice kSessionChoices[] = {{"No Grouping"},
+                                           {"Practice", "PRACTICE"},
+                                           {"Invoice", "INVOICE"},
+                                           {"Month", kGroupMonthKey, "SDATE"},
+                                           {"Session Type", "SESS_TYPE"}};
+constexpr GroupChoice kInvoiceChoices[] = {{"No Grouping"},
+                                           {"Practice", "PRACTICE"},
+                                           {"Month Created", kGroupMonthKey, "CDATE"},
+                                           {"Month Sent", kGroupMonthKey, "SDATE"}};
 
-// In the order of SessionGroup.
-constexpr std::array<GroupSpec, 5> kGroups{{{"No Grouping", ""},
-                                            {"Practice", "PRACTICE"},
-                                            {"Invoice", "INVOICE"},
-                                            {"Month", kGroupMonthKey},
-                                            {"Session Type", "SESS_TYPE"}}};
-
-constexpr std::array<std::string_view, 5> kSummed{"RATE", "EXTRAS", "EXPENSES", "EMPLOYERCONTRIB",
-                                                  "TOTAL"};
+constexpr std::string_view kSessionSums[] = {"RATE", "EXTRAS", "EXPENSES", "EMPLOYERCONTRIB",
+                                             "TOTAL"};
+constexpr std::string_view kInvoiceSums[] = {"AMOUNT", "EMPLOYERCONTRIB"};
 
 constexpr int kGroupLevel = 1;
 constexpr int kFirstColumnAfterMarker = 1;
-constexpr std::string_view kNoTitle = "<none>";  // of sessions without an invoice, a date ...
+constexpr std::string_view kNoTitle = "<none>";  // of records without an invoice, a date ...
 constexpr int kMonthWidth = 1100;                // twips
 
 void AddMonthColumn(Grid& grid) {
@@ -46,80 +45,80 @@ void RemoveMonthColumn(Grid& grid) {
   grid.SetCols(grid.Cols() - 1);
 }
 
-void FillMonths(Grid& grid, std::string_view pattern) {
-  const int month = grid.ColIndex(kGroupMonthKey);
-  const int start = grid.ColIndex("SDATE");
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    const std::optional<Date> date = CellDate(grid.TextMatrix(row, start));
-    grid.SetTextMatrix(row, month, date ? FormatDate(*date, pattern) : "");
+}  // namespace
+
+const GroupedList kGroupedSessions{&Ledger::fgSessions, kSessionChoices, kSessionSums};
+const GroupedList kGroupedInvoices{&Ledger::fgInvoices, kInvoiceChoices, kInvoiceSums};
+
+std::vector<std::string> GroupCaptions(const GroupedList& list) {
+  std::vector<std::string> captions;
+  for (const GroupChoice& choice : list.choices) captions.emplace_back(choice.caption);
+  return captions;
+}
+
+void ListGrouping::FillMonths(std::string_view pattern) {
+  const int month = grid_.ColIndex(kGroupMonthKey);
+  const int day = grid_.ColIndex(Choice().monthOf);
+  for (int row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
+    const std::optional<Date> date = CellDate(grid_.TextMatrix(row, day));
+    grid_.SetTextMatrix(row, month, date ? FormatDate(*date, pattern) : "");
   }
 }
 
 // By time, though the column shows names: "Feb 2026" stands before "Jan 2027".
-void SortByMonth(Grid& grid) {
-  FillMonths(grid, "yyyymm");
-  grid.Sort(SortSetting::StringNoCaseAscending, grid.ColIndex(kGroupMonthKey));
-  FillMonths(grid, "mmm yyyy");
+void ListGrouping::SortByMonth() {
+  FillMonths("yyyymm");
+  grid_.Sort(SortSetting::StringNoCaseAscending, grid_.ColIndex(kGroupMonthKey));
+  FillMonths("mmm yyyy");
 }
 
-const GroupSpec& SpecOf(SessionGroup group) { return kGroups[static_cast<std::size_t>(group)]; }
-
-}  // namespace
-
-std::vector<std::string> SessionGroupCaptions() {
-  std::vector<std::string> captions;
-  for (const GroupSpec& group : kGroups) captions.emplace_back(group.caption);
-  return captions;
-}
-
-void SessionGrouping::Apply(SessionGroup group) {
+void ListGrouping::Apply(int choice) {
   Remove();
   collapsed_.clear();
-  current_ = group;
+  choice_ = choice;
   Restore();
 }
 
-void SessionGrouping::Remove() {
-  Grid& grid = ledger_.fgSessions;
-  const RedrawOff redrawOff(grid);
-  const int title = grid.ColIndex(SpecOf(current_).key);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    if (!grid.IsSubtotal(row)) continue;
-    if (grid.RowCollapsed(row))
-      collapsed_.insert(grid.TextMatrix(row, title));
+void ListGrouping::Remove() {
+  const RedrawOff redrawOff(grid_);
+  const int title = grid_.ColIndex(Choice().key);
+  for (int row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
+    if (!grid_.IsSubtotal(row)) continue;
+    if (grid_.RowCollapsed(row))
+      collapsed_.insert(grid_.TextMatrix(row, title));
     else
-      collapsed_.erase(grid.TextMatrix(row, title));
+      collapsed_.erase(grid_.TextMatrix(row, title));
   }
-  grid.ClearSubtotals();
-  RemoveMonthColumn(grid);
+  grid_.ClearSubtotals();
+  RemoveMonthColumn(grid_);
 }
 
-void SessionGrouping::Restore() {
-  Grid& grid = ledger_.fgSessions;
-  if (current_ == SessionGroup::None || !grid.HasData()) return;
-  const RedrawOff redrawOff(grid);
-  if (current_ == SessionGroup::Month) {
-    AddMonthColumn(grid);
-    SortByMonth(grid);
+void ListGrouping::Restore() {
+  if (!IsOn() || !grid_.HasData()) return;
+  const RedrawOff redrawOff(grid_);
+  const bool byMonth = !Choice().monthOf.empty();
+  if (byMonth) {
+    AddMonthColumn(grid_);
+    SortByMonth();
   }
-  const int column = grid.ColIndex(SpecOf(current_).key);
+  const int column = grid_.ColIndex(Choice().key);
   if (column < 0) return;  // a damaged file may lack it
-  if (current_ != SessionGroup::Month) grid.Sort(SortSetting::GenericAscending, column);
+  if (!byMonth) grid_.Sort(SortSetting::GenericAscending, column);
 
-  grid.SetSubtotalPosition(SubtotalPosition::Above);
+  grid_.SetSubtotalPosition(SubtotalPosition::Above);
   SubtotalStyle style;
   style.level = kGroupLevel;
-  for (const std::string_view key : kSummed)
-    grid.Subtotal(SubtotalFunction::Sum, column, grid.ColIndex(key), style);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    if (!grid.IsSubtotal(row)) continue;
-    if (grid.TextMatrix(row, column).empty()) grid.SetTextMatrix(row, column, kNoTitle);
-    grid.SetRowCollapsed(row, collapsed_.contains(grid.TextMatrix(row, column)));
+  for (const std::string_view key : list_.summed)
+    grid_.Subtotal(SubtotalFunction::Sum, column, grid_.ColIndex(key), style);
+  for (int row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
+    if (!grid_.IsSubtotal(row)) continue;
+    if (grid_.TextMatrix(row, column).empty()) grid_.SetTextMatrix(row, column, kNoTitle);
+    grid_.SetRowCollapsed(row, collapsed_.contains(grid_.TextMatrix(row, column)));
   }
 }
 
-void SessionGrouping::ExpandAll() { ledger_.fgSessions.Outline(0); }
+void ListGrouping::ExpandAll() { grid_.Outline(0); }
 
-void SessionGrouping::CollapseAll() { ledger_.fgSessions.Outline(kGroupLevel); }
+void ListGrouping::CollapseAll() { grid_.Outline(kGroupLevel); }
 
 }  // namespace lm

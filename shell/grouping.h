@@ -1,8 +1,9 @@
-// Groups of the Sessions page: title rows with the groups' sums, put into the list itself. They
-// and the column of months are display only and must be gone before anything is saved.
+// Groups of a list of the main window: title rows with the groups' sums, put into the list itself.
+// They and the column of months are display only and must be gone before anything is saved.
 #pragma once
 
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,21 +12,33 @@
 
 namespace lm {
 
-enum class SessionGroup { None, Practice, Invoice, Month, SessionType };
+// What a list can be grouped by.
+struct GroupChoice {
+  std::string_view caption;
+  std::string_view key = "";      // of the column that makes the groups; "" for no grouping
+  std::string_view monthOf = "";  // of the date whose months make the groups
+};
 
-// The entries of cboGroupSessions, in the order of SessionGroup.
-std::vector<std::string> SessionGroupCaptions();
+struct GroupedList {
+  Grid Ledger::*table;
+  std::span<const GroupChoice> choices;  // the first is no grouping
+  std::span<const std::string_view> summed;
+};
+extern const GroupedList kGroupedSessions;
+extern const GroupedList kGroupedInvoices;
 
-// The column of months, at the front while the list is grouped by month.
+std::vector<std::string> GroupCaptions(const GroupedList& list);
+
+// The column of months, at the front while a list is grouped by month.
 constexpr std::string_view kGroupMonthKey = "GROUPMONTH";
 
-class SessionGrouping {
+class ListGrouping {
  public:
-  explicit SessionGrouping(Ledger& ledger) : ledger_(ledger) {}
+  ListGrouping(Ledger& ledger, const GroupedList& list) : list_(list), grid_(ledger.*list.table) {}
 
-  SessionGroup Current() const { return current_; }
-  // Groups by this from now on, over the rows that are not hidden. None takes the groups away.
-  void Apply(SessionGroup group);
+  bool IsOn() const { return choice_ > 0; }
+  // Groups by this choice from now on, over the rows that are not hidden; 0 takes the groups away.
+  void Apply(int choice);
   // The group rows and the column of months away; Restore puts them back, with the groups
   // collapsed that were.
   void Remove();
@@ -34,21 +47,26 @@ class SessionGrouping {
   void CollapseAll();
 
  private:
-  Ledger& ledger_;
-  SessionGroup current_ = SessionGroup::None;
+  const GroupChoice& Choice() const { return list_.choices[static_cast<std::size_t>(choice_)]; }
+  void SortByMonth();
+  void FillMonths(std::string_view pattern);
+
+  const GroupedList& list_;
+  Grid& grid_;
+  int choice_ = 0;
   std::set<std::string> collapsed_;  // titles, kept between Remove and Restore
 };
 
 // The list without its groups for a scope: around saving and whatever else goes over the rows.
 class Ungrouped {
  public:
-  explicit Ungrouped(SessionGrouping& grouping) : grouping_(grouping) { grouping_.Remove(); }
+  explicit Ungrouped(ListGrouping& grouping) : grouping_(grouping) { grouping_.Remove(); }
   ~Ungrouped() { grouping_.Restore(); }
   Ungrouped(const Ungrouped&) = delete;
   Ungrouped& operator=(const Ungrouped&) = delete;
 
  private:
-  SessionGrouping& grouping_;
+  ListGrouping& grouping_;
 };
 
 }  // namespace lm

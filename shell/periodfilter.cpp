@@ -49,23 +49,59 @@ std::optional<DateRange> DaysOfPeriod(const Ledger& ledger, SessionPeriod period
   return std::nullopt;
 }
 
-void SessionPeriodFilter::Apply(SessionPeriod period) {
-  Grid& grid = ledger_.fgSessions;
-  const RedrawOff redrawOff(grid);
-  const auto range = DaysOfPeriod(ledger_, period, ledger_.platform.clock.Now());
-  const int id = grid.ColIndex("ID");
-  const int start = grid.ColIndex("SDATE");
-  const int invoice = grid.ColIndex("INVOICE");
+namespace {
 
-  const auto isInPeriod = [&](int row) {
-    if (period == SessionPeriod::Uninvoiced) return grid.TextMatrix(row, invoice).empty();
-    if (!range) return true;
+bool IsIn(const std::optional<DateRange>& range, Date day) {
+  return range && range->first <= std::floor(day) && std::floor(day) <= range->last;
+}
+
+}  // namespace
+
+RowTest SessionsOf(const Ledger& ledger, SessionPeriod period) {
+  const Grid& grid = ledger.fgSessions;
+  if (period == SessionPeriod::All) return [](int) { return true; };
+  if (period == SessionPeriod::Uninvoiced)
+    return [&grid, invoice = grid.ColIndex("INVOICE")](int row) {
+      return grid.TextMatrix(row, invoice).empty();
+    };
+  return [&grid, period, start = grid.ColIndex("SDATE"),
+          range = DaysOfPeriod(ledger, period, ledger.platform.clock.Now())](int row) {
     const std::optional<Date> day = CellDate(grid.TextMatrix(row, start));
-    if (!day) return period == SessionPeriod::Current;
-    return std::floor(*day) >= range->first && std::floor(*day) <= range->last;
+    return day ? IsIn(range, *day) : period == SessionPeriod::Current;
   };
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
-    grid.SetRowHidden(row, !isInPeriod(row) && !kept_.contains(grid.TextMatrix(row, id)));
+}
+
+std::vector<std::string> InvoiceStateCaptions() {
+  return {"All", "Not Sent", "Not Paid", "No Receipt", "This Tax Year"};
+}
+
+RowTest InvoicesOf(const Ledger& ledger, InvoiceState state) {
+  const Grid& grid = ledger.fgInvoices;
+  const auto has = [&grid](std::string_view key) {
+    return
+        [&grid, col = grid.ColIndex(key)](int row) { return !grid.TextMatrix(row, col).empty(); };
+  };
+  const auto sent = has("SDATE");
+  const auto paid = has("PAYDATE");
+  const auto receipted = has("RECEIPTDATE");
+  switch (state) {
+    case InvoiceState::NotSent:
+      return [sent](int row) { return !sent(row); };
+    case InvoiceState::NotPaid:
+      return [sent, paid](int row) { return sent(row) && !paid(row); };
+    case InvoiceState::NoReceipt:
+      return [paid, receipted](int row) { return paid(row) && !receipted(row); };
+    case InvoiceState::ThisTaxYear:
+      return [&grid, date = grid.ColIndex("IDATE"),
+              range = DaysOfPeriod(ledger, SessionPeriod::ThisTaxYear,
+                                   ledger.platform.clock.Now())](int row) {
+        const std::optional<Date> day = CellDate(grid.TextMatrix(row, date));
+        return !day || IsIn(range, *day);
+      };
+    case InvoiceState::All:
+      break;
+  }
+  return [](int) { return true; };
 }
 
 }  // namespace lm

@@ -1,11 +1,10 @@
-// Which sessions the Sessions page shows: tabSessions chooses a period, and the rows outside it
-// are hidden.
+// Which records the pages show: the tabs of a page choose, and the rows that do not belong are
+// hidden.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "core/dates.h"
@@ -13,8 +12,10 @@
 
 namespace lm {
 
-enum class SessionPeriod { Current, ThisMonth, LastMonth, ThisTaxYear, Uninvoiced, All };
+// True for the rows that a tab shows.
+using RowTest = std::function<bool(int row)>;
 
+enum class SessionPeriod { Current, ThisMonth, LastMonth, ThisTaxYear, Uninvoiced, All };
 // The captions of tabSessions, in the order of SessionPeriod.
 std::vector<std::string> SessionPeriodCaptions();
 
@@ -25,28 +26,19 @@ struct DateRange {
 
 // The days of a period seen from today; none for Uninvoiced and All, which do not go by date.
 std::optional<DateRange> DaysOfPeriod(const Ledger& ledger, SessionPeriod period, Date today);
-
 // The first day of the tax year, 6 April, in which the day lies.
 Date TaxYearStart(Date day);
 
-class SessionPeriodFilter {
- public:
-  explicit SessionPeriodFilter(Ledger& ledger) : ledger_(ledger) {}
+// A session without a readable date shows on Current and All, so that nothing is out of sight
+// without a reason.
+RowTest SessionsOf(const Ledger& ledger, SessionPeriod period);
 
-  // Hides the rows outside the period and shows the others; the list must not be grouped. A session
-  // without a readable date shows on Current and All, so that nothing is out of sight without a
-  // reason.
-  void Apply(SessionPeriod period);
-  // A session that stays shown, whatever its date, until the tab changes: one just saved must not
-  // vanish.
-  void Keep(std::string_view id) {
-    if (!id.empty()) kept_.emplace(id);
-  }
-  void ForgetKept() { kept_.clear(); }
+enum class InvoiceState { All, NotSent, NotPaid, NoReceipt, ThisTaxYear };
+// The captions of tabInvoices, in the order of InvoiceState.
+std::vector<std::string> InvoiceStateCaptions();
 
- private:
-  Ledger& ledger_;
-  std::unordered_set<std::string> kept_;
-};
+// Not Paid is what was sent and not paid, No Receipt what was paid without one; This Tax Year goes
+// by the invoice date.
+RowTest InvoicesOf(const Ledger& ledger, InvoiceState state);
 
 }  // namespace lm

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTabBar>
@@ -50,6 +51,12 @@ std::string TypedText(const QWidget& box) {
 
 bool SameText(const std::string& typed, const std::string& held) {
   return typed == held || typed == Replace(Replace(held, "\r", ""), "\n", "\r\n");
+}
+
+// A box to tick, or one of several choices; null for other widgets.
+QAbstractButton* TickOf(QWidget* widget) {
+  if (auto* box = qobject_cast<QCheckBox*>(widget)) return box;
+  return qobject_cast<QRadioButton*>(widget);
 }
 
 // The sign on a tab that holds something.
@@ -137,8 +144,8 @@ void Binder::Connect(Bound& bound) {
   } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
     connect(combo, &QComboBox::activated, this,
             [this, &field](int index) { ComboChosen(static_cast<ComboField&>(field), index); });
-  } else if (auto* box = qobject_cast<QCheckBox*>(bound.widget)) {
-    connect(box, &QCheckBox::clicked, this,
+  } else if (QAbstractButton* tick = TickOf(bound.widget)) {
+    connect(tick, &QAbstractButton::clicked, this,
             [this, &field](bool checked) { screen_.Enter(field, checked ? "TRUE" : "FALSE"); });
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
     connect(button, &QAbstractButton::clicked, this, [this, &field] { Press(field); });
@@ -308,8 +315,8 @@ void Binder::ShowText(const Bound& bound) {
       combo->addItems(texts);
     }
     combo->setCurrentIndex(static_cast<const ComboField&>(field).ListIndex());
-  } else if (auto* box = qobject_cast<QCheckBox*>(bound.widget)) {
-    box->setChecked(static_cast<const CheckField&>(field).Checked());
+  } else if (QAbstractButton* tick = TickOf(bound.widget)) {
+    tick->setChecked(static_cast<const CheckField&>(field).Checked());
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
     // On a small tool the drawing says it without words.
     const bool drawn = qobject_cast<QToolButton*>(button) && !button->icon().isNull();

@@ -9,6 +9,8 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -71,6 +73,20 @@ QLabel* TextLabel(const char* name, std::string_view text) {
   label->setMinimumWidth(kTextWidth);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   return label;
+}
+
+// A text of many lines scrolls, so that the buttons stay on the screen.
+QWidget* LongText(QLabel* label, int tallest) {
+  const int height = label->heightForWidth(kTextWidth);
+  if (height <= tallest) return label;
+  auto* area = new QScrollArea;
+  label->setFixedSize(kTextWidth, height);
+  area->setWidget(label);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFixedSize(kTextWidth + area->verticalScrollBar()->sizeHint().width() + 4, tallest);
+  area->setAccessibleName(label->text());
+  return area;
 }
 
 }  // namespace
@@ -150,7 +166,8 @@ void frmMesgBox::AddTexts(const MessageBoxText& message, QVBoxLayout& column) {
   mainPrompt->setFont(bold);
   column.addWidget(mainPrompt);
   if (!message.minorPrompt.empty())
-    column.addWidget(TextLabel("txtMinorPrompt", message.minorPrompt));
+    column.addWidget(LongText(TextLabel("txtMinorPrompt", message.minorPrompt),
+                              screen()->availableGeometry().height() / 2));
   if (!message.link.empty()) {
     const QString address = ToQt(message.link);
     auto* link = new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(address.toHtmlEscaped()));

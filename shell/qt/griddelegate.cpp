@@ -53,6 +53,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     return;
   }
   const QString text = std::exchange(cell.text, QString());
+  const bool tick = cell.features & QStyleOptionViewItem::HasCheckIndicator;
+  cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
   view_->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, view_);
   const bool group = view_->IsGroup(row) && index.column() == model.FirstColumn();
   QRect place = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
@@ -61,6 +63,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     place.setLeft(option.rect.left() + kExpanderWidth +
                   kLevelIndent * (view_->Shown()->RowOutlineLevel(row) - 1));
   }
+  if (tick) place.setLeft(PaintTick(*painter, cell, text.isEmpty()));
   const bool selected = option.state & QStyle::State_Selected;
   const auto colours = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
   painter->save();
@@ -88,6 +91,22 @@ void GridDelegate::PaintLines(QPainter& painter, const QRect& rect) const {
   painter.setPen(style.line);
   if (style.horizontalLines) painter.drawLine(rect.bottomLeft(), rect.bottomRight());
   if (style.verticalLines) painter.drawLine(rect.topRight(), rect.bottomRight());
+}
+
+int GridDelegate::PaintTick(QPainter& painter, const QStyleOptionViewItem& cell, bool alone) const {
+  QStyleOptionViewItem box = cell;
+  const QStyle& style = *view_->style();
+  box.rect.setSize({style.pixelMetric(QStyle::PM_IndicatorWidth, &cell, view_),
+                    style.pixelMetric(QStyle::PM_IndicatorHeight, &cell, view_)});
+  box.rect.moveCenter(cell.rect.center());
+  if (!alone) box.rect.moveLeft(cell.rect.left() + kTextMargin);
+  box.state.setFlag(QStyle::State_On, cell.checkState == Qt::Checked);
+  box.state.setFlag(QStyle::State_Off, cell.checkState != Qt::Checked);
+  // The frame takes its colour from the window's, which is lost on a dark list.
+  if (view_->Style().base.lightness() < 128)
+    box.palette.setColor(QPalette::Window, view_->Style().text);
+  style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, view_);
+  return box.rect.right() + 2 * kTextMargin;
 }
 
 void GridDelegate::PaintExpander(QPainter& painter, const QStyleOptionViewItem& option,

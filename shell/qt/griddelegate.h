@@ -34,6 +34,11 @@ class GridDelegate : public QStyledItemDelegate {
   void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const override;
+  // Ticking is the view's matter, on all of the cell.
+  bool editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&,
+                   const QModelIndex&) override {
+    return false;
+  }
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
@@ -44,6 +49,8 @@ class GridDelegate : public QStyledItemDelegate {
   QWidget* TextEditor(QWidget* parent, int row, int col, Qt::Alignment alignment) const;
   void PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const;
   void PaintLines(QPainter& painter, const QRect& rect) const;
+  // Where the cell's text begins behind the box; a box alone stands in the middle.
+  int PaintTick(QPainter& painter, const QStyleOptionViewItem& cell, bool alone) const;
   void PaintExpander(QPainter& painter, const QStyleOptionViewItem& option, int gridRow) const;
   std::optional<QString> EditorText() const;
   void CloseEditor();

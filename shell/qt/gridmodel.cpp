@@ -86,6 +86,16 @@ bool GridModel::HasMarker() const {
          grid_->ColWidth(0) == kMarkerWidth;
 }
 
+bool GridModel::HasTick(int gridRow, int col) const {
+  return grid_ && !grid_->Cell(CellSetting::flexcpChecked, gridRow, col).empty();
+}
+
+int GridModel::TickColumn(int gridRow) const {
+  for (int col = firstColumn_; col < columns_; ++col)
+    if (HasTick(gridRow, col)) return col;
+  return -1;
+}
+
 int GridModel::TitleColumn(int gridRow) const {
   for (int col = firstColumn_; col < columns_; ++col)
     if (grid_->ColVisible(col) && !grid_->TextMatrix(gridRow, col).empty()) return col;
@@ -147,6 +157,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return ToQt(Replace(ShownText(row, col), "\r", ""));
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(row, col));
+    case Qt::CheckStateRole: {
+      const std::string tick = grid_->Cell(CellSetting::flexcpChecked, row, col);
+      if (tick.empty()) return {};
+      return tick == "TRUE" ? Qt::Checked : Qt::Unchecked;
+    }
     case Qt::BackgroundRole:
       return Ground(row, col);
     case Qt::ForegroundRole: {
@@ -179,7 +194,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
   if (!index.isValid() || (HasMarker() && index.column() == 0)) return Qt::ItemIsEnabled;
-  const Qt::ItemFlags shown = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  Qt::ItemFlags shown = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  // For readers of the screen; the tick itself is the view's matter.
+  if (HasTick(GridRow(index), index.column())) shown |= Qt::ItemIsUserCheckable;
   return editable_ ? shown | Qt::ItemIsEditable : shown;
 }
 

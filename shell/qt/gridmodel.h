@@ -27,6 +27,9 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   bool HasMarker() const;
   // The first column that shows something: where a group's title stands.
   int FirstColumn() const { return firstColumn_; }
+  // The column of this row that holds a box to tick; -1 for none.
+  int TickColumn(int gridRow) const;
+  bool HasTick(int gridRow, int col) const;
   // The first column behind a group's title that holds a figure.
   int TitleEnd(int gridRow) const;
   void SetEditable(bool editable) { editable_ = editable; }

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
@@ -22,6 +21,13 @@ constexpr int kColumnPadding = 24;
 constexpr const char* kLargeSum = "88,888.88";
 constexpr int kMeasuredRows = 60;  // rows looked at for the width of a column without one
 constexpr int kNarrowest = 56, kWidest = 260;
+
+int WidestLine(const QFontMetrics& metrics, const QString& text) {
+  int widest = 0;
+  for (const QString& line : text.split('\n'))
+    widest = std::max(widest, metrics.horizontalAdvance(line));
+  return widest;
+}
 
 }  // namespace
 
@@ -191,8 +197,8 @@ int GridView::sizeHintForColumn(int col) const {
   QFont bold = style_.font;
   bold.setBold(true);
   const QFontMetrics metrics(style_.font), boldMetrics(bold);
-  int widest = metrics.horizontalAdvance(
-      model_->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
+  int widest =
+      WidestLine(metrics, model_->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
   // The sums of groups come later.
   if (Shown()->ColFormat(col).find('#') != std::string::npos)
     widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
@@ -295,7 +301,7 @@ bool GridView::HandleKey(const QKeyEvent& event) {
       if (choice_) return false;
       if (editsInPlace_ && rules_)
         rules_->AddPressed();
-      else if (row >= 0)
+      else if (row >= 0 && (rules_ || IsGroup(row)))
         OpenRow(row);
       else
         return false;
@@ -317,6 +323,10 @@ bool GridView::HandleKey(const QKeyEvent& event) {
       SetGroupOpen(row, event.key() == Qt::Key_Plus || event.key() == Qt::Key_Right);
       return true;
     case Qt::Key_Space:
+      if (const int tick = model_->TickColumn(row); tick >= 0) {
+        screen_->CellClicked(*Shown(), row, tick);
+        return true;
+      }
       if (choice_ || IsGroup(row)) {
         OpenRow(row);
         return true;
@@ -363,6 +373,8 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || indexAt(event->pos()) != currentIndex()) return;
   if (choice_)
     OpenRow(CurrentRow());
+  else if (model_->HasTick(CurrentRow(), currentIndex().column()))
+    screen_->CellClicked(*Shown(), CurrentRow(), currentIndex().column());
   else if (wasCurrent_ && rules_ && !IsGroup(CurrentRow()))
     slowClick_.start(QApplication::doubleClickInterval(), this);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QHeaderView>
 #include <QTableView>
 #include <functional>
 #include <map>
@@ -25,6 +26,8 @@ class GridView : public QTableView {
   Q_PROPERTY(bool choice READ IsChoice WRITE SetChoice)
   // A list that is there only while it has rows.
   Q_PROPERTY(bool hidesWhenEmpty MEMBER hidesWhenEmpty_)
+  // The last column takes the room that the others leave.
+  Q_PROPERTY(bool fillsWidth READ FillsWidth WRITE SetFillsWidth)
   // What stands in the middle of an empty list.
   Q_PROPERTY(QString emptyText MEMBER emptyText_)
 
@@ -51,6 +54,8 @@ class GridView : public QTableView {
 
   bool IsChoice() const { return choice_; }
   void SetChoice(bool choice);
+  bool FillsWidth() const { return horizontalHeader()->stretchLastSection(); }
+  void SetFillsWidth(bool fills) { horizontalHeader()->setStretchLastSection(fills); }
   void ReadStyle();
 
  protected:

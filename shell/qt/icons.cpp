@@ -12,6 +12,9 @@
 namespace lm {
 namespace {
 
+// The one colour that a drawing has of its own; it fades with the rest.
+constexpr const char* kRed = "#c8362b";
+
 class LineIconEngine : public QIconEngine {
  public:
   LineIconEngine(QByteArray drawing, const QColor& colour)
@@ -21,6 +24,7 @@ class LineIconEngine : public QIconEngine {
     QByteArray drawing = drawing_;
     const QColor colour = ColourFor(mode);
     drawing.replace("currentColor", colour.name().toLatin1());
+    if (mode == QIcon::Disabled) drawing.replace(kRed, colour.name().toLatin1());
     painter->setOpacity(colour.alphaF());
     QSvgRenderer(drawing).render(painter, rect);
   }

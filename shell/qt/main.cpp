@@ -4,12 +4,12 @@
 #include <QIcon>
 #include <memory>
 
-#include "records/windows.h"
 #include "shell/entry.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/readablepalette.h"
+#include "shell/windows.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
   lm::DesktopPlatform desktop;
   lm::Ledger ledger(desktop.platform);
   lm::WindowCatalogue windows;
-  lm::AddRecordWindows(windows);
+  lm::AddWindows(windows);
   desktop.windows.SetCatalogue(ledger, windows);
 
   std::unique_ptr<lm::frmMain> screen;

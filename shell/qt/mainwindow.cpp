@@ -1,5 +1,6 @@
 #include "shell/qt/mainwindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
@@ -61,6 +62,7 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
 
   binder_ = std::make_unique<Binder>(*this, screen);
   BindLists();
+  DropMenu("mnuPopDocument", screen.cmdViewInvoice_Options);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   showCaption();
   binder_->onCaptionChanged = showCaption;
@@ -130,6 +132,21 @@ void MainWindow::AddMenuNodes(QMenu& menu, const std::vector<MenuNode>& nodes) {
     connect(action, &QAction::triggered, this, [this, &node] { binder_->Press(*node.command); });
   }
   connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { RefreshMenu(menu); });
+}
+
+void MainWindow::DropMenu(const char* name, const Field& field) {
+  const auto& menus = screen_.ContextMenus();
+  const auto node = std::find_if(menus.begin(), menus.end(),
+                                 [&](const MenuNode& menu) { return menu.name == name; });
+  auto* button = qobject_cast<QAbstractButton*>(binder_->WidgetOf(field));
+  if (node == menus.end() || !button) return;
+  auto* menu = new QMenu(this);
+  menu->setObjectName(name);
+  AddMenuNodes(*menu, node->children);
+  disconnect(button, &QAbstractButton::clicked, binder_.get(), nullptr);
+  connect(button, &QAbstractButton::clicked, this, [this, button, menu] {
+    if (binder_->CommitPending()) menu->popup(button->mapToGlobal(QPoint(0, button->height() + 1)));
+  });
 }
 
 void MainWindow::RefreshMenu(QMenu& menu) {

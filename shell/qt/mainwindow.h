@@ -37,6 +37,8 @@ class MainWindow : public QMainWindow {
 
  private:
   void BuildMenus();
+  // The menu drops below the button and is all that the button does.
+  void DropMenu(const char* menu, const Field& button);
   void AddMenuNodes(QMenu& menu, const std::vector<MenuNode>& nodes);
   void RefreshMenu(QMenu& menu);
   QWidget* BuildShortcutBar();

@@ -10,6 +10,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "shell/mydetails.h"
@@ -25,12 +26,18 @@ constexpr int kSpacing = 10;
 struct ButtonSpec {
   const char* name;
   const char* drawing;
+  bool drops = false;  // narrow, and part of the button before it: its menu says more of the same
 };
 
 constexpr ButtonSpec kSessionButtons[] = {{"cmdAddSession", "plus"},
                                           {"cmdEditSession", "edit"},
                                           {"cmdCopySession", "copy"},
                                           {"cmdDeleteSession", "delete"}};
+constexpr ButtonSpec kInvoiceButtons[] = {{"cmdAddInvoice", "plus"},
+                                          {"cmdEditInvoice", "edit"},
+                                          {"cmdViewInvoice", "pdf"},
+                                          {"cmdViewInvoice_Options", "down", true},
+                                          {"cmdDeleteInvoice", "delete"}};
 constexpr ButtonSpec kPracticeButtons[] = {
     {"cmdAddPractice", "plus"}, {"cmdEditPractice", "edit"}, {"cmdDeletePractice", "delete"}};
 
@@ -46,7 +53,9 @@ constexpr ListSpec kSessions{
 constexpr ListSpec kPractices{"fgPractices", "Practices",
                               "No practices yet. Add the first one with the green plus."};
 constexpr ListSpec kEvents{"fgEvents", "Events", "There are no events."};
-constexpr ListSpec kInvoices{"fgInvoices", "Invoices", "There are no invoices."};
+constexpr ListSpec kInvoices{"fgInvoices", "Invoices",
+                             "No invoices here. Choose another tab above, or prepare invoices "
+                             "with the green plus."};
 constexpr ListSpec kExpenses{"fgExpenses", "Expenses", "There are no general expenses."};
 constexpr ListSpec kForms[] = {
     {"fgPensionA", "Forms A", "There are no Forms A."},
@@ -91,31 +100,57 @@ QHBoxLayout* MakeButtons(const ButtonSpec (&specs)[N]) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
   for (const ButtonSpec& spec : specs) {
-    auto* button = Named<QPushButton>(spec.name);
+    QAbstractButton* button = nullptr;
+    if (spec.drops)
+      button = Named<QToolButton>(spec.name);
+    else
+      button = Named<QPushButton>(spec.name);
     button->setProperty("lineIcon", spec.drawing);
     button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the list
-    row->addWidget(button);
+    if (!spec.drops) {
+      row->addWidget(button);
+      continue;
+    }
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    auto* pair = new QHBoxLayout;
+    pair->setSpacing(1);
+    pair->addItem(row->takeAt(row->count() - 1));
+    pair->addWidget(button);
+    row->addLayout(pair);
   }
   row->addStretch();
   return row;
 }
 
-QWidget* MakeSessionsPage() {
+// The names of what stands beside the buttons of a filtered and grouped list, and its tabs.
+struct ListPageSpec {
+  const char* expand;
+  const char* collapse;
+  const char* group;
+  const char* tabs;
+  const ListSpec& list;
+};
+
+constexpr ListPageSpec kSessionsPage{"lblGrpBySession", "lblCollapseSessions", "cboGroupSessions",
+                                     "tabSessions", kSessions};
+constexpr ListPageSpec kInvoicesPage{"lblGrpByInvoice", "lblCollapseInvoices", "cboGroupInvoices",
+                                     "tabInvoices", kInvoices};
+
+QWidget* MakeListPage(QHBoxLayout* top, const ListPageSpec& spec) {
   auto* page = new QWidget;
   QVBoxLayout* column = MakeColumn(page);
-  QHBoxLayout* top = MakeButtons(kSessionButtons);
-  auto* group = Named<QComboBox>("cboGroupSessions");
+  auto* group = Named<QComboBox>(spec.group);
   auto* caption = new QLabel(QObject::tr("&Group by:"));
   caption->setBuddy(group);
-  top->addWidget(Named<QLabel>("lblGrpBySession"));
+  top->addWidget(Named<QLabel>(spec.expand));
   top->addSpacing(6);
-  top->addWidget(Named<QLabel>("lblCollapseSessions"));
+  top->addWidget(Named<QLabel>(spec.collapse));
   top->addSpacing(12);
   top->addWidget(caption);
   top->addWidget(group);
   column->addLayout(top);
-  column->addWidget(MakeTabs("tabSessions"));
-  column->addWidget(MakeList(kSessions), 1);
+  column->addWidget(MakeTabs(spec.tabs));
+  column->addWidget(MakeList(spec.list), 1);
   return page;
 }
 
@@ -214,7 +249,7 @@ QWidget* MakeEmptyPage(const PageSpec& spec) {
 QWidget* MakePage(Page page) {
   switch (page) {
     case Page::Sessions:
-      return MakeSessionsPage();
+      return MakeListPage(MakeButtons(kSessionButtons), kSessionsPage);
     case Page::Practices:
       return MakePracticesPage();
     case Page::Pension:
@@ -224,7 +259,7 @@ QWidget* MakePage(Page page) {
     case Page::Events:
       return MakeList(kEvents);
     case Page::Invoices:
-      return MakeList(kInvoices);
+      return MakeListPage(MakeButtons(kInvoiceButtons), kInvoicesPage);
     case Page::Expenses:
       return MakeList(kExpenses);
     case Page::Calendar:

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 
 #include "core/text.h"
@@ -15,11 +16,14 @@
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/virtualkeys.h"
+#include "ui_frmBookingConfirmation.h"
 #include "ui_frmGetPassword.h"
+#include "ui_frmInvoice.h"
 #include "ui_frmPopupCalendar.h"
 #include "ui_frmPopupClock.h"
 #include "ui_frmPopupNumbers.h"
 #include "ui_frmPractice.h"
+#include "ui_frmPrepareInvoices.h"
 #include "ui_frmSession.h"
 #include "ui_frmWelcome.h"
 
@@ -27,6 +31,20 @@ namespace lm {
 namespace {
 
 constexpr const char* kAnchor = "pickerAnchor";
+constexpr QSize kButtonAir(32, 4);  // pixels round a button's words
+
+// A drawing makes a button taller than its neighbours: all get one height, and air.
+void LevelButtons(const QWidget& dialog) {
+  const auto buttons = dialog.findChildren<QPushButton*>();
+  int tallest = 0;
+  for (const QPushButton* button : buttons)
+    tallest = std::max(tallest, button->sizeHint().height());
+  for (QPushButton* button : buttons) {
+    const QSize words(button->fontMetrics().horizontalAdvance(PlainCaption(button->text())),
+                      tallest);
+    button->setMinimumSize(button->minimumSize().expandedTo(words + kButtonAir));
+  }
+}
 
 // The widgets belong to the dialog; the generated class only names them.
 template <typename Ui>
@@ -38,6 +56,9 @@ constexpr ViewSpec kViews[] = {
     {"frmSession", Build<Ui::frmSession>},
     {"frmPractice", Build<Ui::frmPractice>},
     {"frmWelcome", Build<Ui::frmWelcome>},
+    {"frmPrepareInvoices", Build<Ui::frmPrepareInvoices>},
+    {"frmInvoice", Build<Ui::frmInvoice>},
+    {"frmBookingConfirmation", Build<Ui::frmBookingConfirmation>},
     {"frmGetPassword", Build<Ui::frmGetPassword>},
     {"frmPopupCalendar", Build<Ui::frmPopupCalendar>, ViewKind::Popup},
     {"frmPopupClock", Build<Ui::frmPopupClock>, ViewKind::Popup},
@@ -63,6 +84,7 @@ ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent
   if (kind_ == ViewKind::Popup) setWindowFlags(Qt::Popup);
   view.build(*this);
   ApplyLineIcons(*this);
+  if (kind_ == ViewKind::Dialog) LevelButtons(*this);
   binder_ = std::make_unique<Binder>(*this, screen);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   binder_->onCaptionChanged = showCaption;

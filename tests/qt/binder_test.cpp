@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
 #include <QVBoxLayout>
@@ -32,12 +33,20 @@ class Sample : public Screen {
     lLink.onPressed = [this] { ++pressed; };
     bOk.onPressed = [this] { ++pressed; };
     bCancel.onPressed = [this] { Close(); };
+    for (CheckField* choice : {&oOne, &oTwo})
+      choice->onEntered = [this, choice] {
+        for (CheckField* each : {&oOne, &oTwo}) each->SetChecked(each == choice);
+        return true;
+      };
+    oTwo.SetChecked(true);
     cancelButton = &bCancel;
     defaultButton = &bOk;
   }
   TextField tName{this, "tName"};
   TextField tNote{this, "tNote"};
   ComboField cKind{this, "cKind"};
+  CheckField oOne{this, "oOne"};
+  CheckField oTwo{this, "oTwo"};
   LabelField lLink{this, "lLink"};
   Button bOk{this, "bOk"};
   Button bCancel{this, "bCancel"};
@@ -63,6 +72,8 @@ struct SampleView {
   QLineEdit* name = Add<QLineEdit>(view, "TNAME");
   QPlainTextEdit* note = Add<QPlainTextEdit>(view, "tnote");
   QComboBox* kind = Add<QComboBox>(view, "cKind");
+  QRadioButton* one = Add<QRadioButton>(view, "oOne");
+  QRadioButton* two = Add<QRadioButton>(view, "oTwo");
   QLabel* link = Add<QLabel>(view, "lLink");
   QPushButton* ok = Add<QPushButton>(view, "bOk");
   QPushButton* cancel = Add<QPushButton>(view, "bCancel");
@@ -149,6 +160,21 @@ TEST(Binder, ChoosesTheSecondOfTwoEntriesWithOneText) {
   EXPECT_EQ(v.kind->currentIndex(), 1);
   emit v.kind->activated(2);
   EXPECT_EQ(v.screen.cKind.ItemData(), "3");
+}
+
+TEST(Binder, ExactlyOneOfSeveralChoicesIsTicked) {
+  SampleView v;
+  v.Show();
+  EXPECT_TRUE(v.two->isChecked());
+  QTest::mouseClick(v.one, Qt::LeftButton, {}, QPoint(8, v.one->height() / 2));
+  EXPECT_TRUE(v.screen.oOne.Checked());
+  EXPECT_FALSE(v.screen.oTwo.Checked());
+  QTest::keyClick(v.one, Qt::Key_Down);
+  EXPECT_TRUE(v.screen.oTwo.Checked()) << "the arrow keys choose";
+  EXPECT_FALSE(v.screen.oOne.Checked());
+  v.screen.oOne.onEntered();  // the screen itself changes its mind
+  EXPECT_TRUE(v.one->isChecked());
+  EXPECT_FALSE(v.two->isChecked());
 }
 
 TEST(Binder, TabsFollowAndSkipWhatIsDisabled) {

@@ -25,8 +25,17 @@ void FillDemo(TestLedger& test) {
        "RATE_OOHS=102.50"},
   };
   for (const auto& cells : practices) test.AddRow(ledger.fgPractices, cells);
-  test.AddRow(ledger.fgInvoices,
-              {"NUMBER=INV-00001", "PRACTICE=1", "CDATE=31/01/2026", "AMOUNT=560.00"});
+  const std::vector<std::vector<std::string>> invoices{
+      {"NUMBER=INV-00001", "PRACTICE=1", "CDATE=31/01/2026", "IDATE=31/01/2026", "SDATE=31/01/2026",
+       "SENTBY=email", "AMOUNT=637.48", "EMPLOYERCONTRIB=72.48", "PAYDATE=02/02/2026",
+       "PAYMETHOD=BACS", "PAYREF=RIV 0202", "RECEIPTDATE=02/02/2026", "RECEIPTMETHOD=email",
+       "PUBLICNOTE=Payment within 30 days, please."},
+      {"NUMBER=INV-00002", "PRACTICE=2", "CDATE=31/01/2026", "IDATE=31/01/2026", "SDATE=01/02/2026",
+       "SENTBY=email", "AMOUNT=921.58", "EMPLOYERCONTRIB=104.18"},
+      {"NUMBER=INV-00003", "PRACTICE=3", "CDATE=02/02/2026", "IDATE=02/02/2026", "AMOUNT=527.58",
+       "EMPLOYERCONTRIB=66.33"},
+  };
+  for (const auto& cells : invoices) test.AddRow(ledger.fgInvoices, cells);
 
   struct Day {
     const char* practice;
@@ -67,7 +76,8 @@ void FillDemo(TestLedger& test) {
   }
   Grid& sessions = ledger.fgSessions;
   const int first = sessions.FixedRows();
-  for (int row = first; row < first + 2; ++row) sessions.SetTextMatrix(row, "INVOICE", "1");
+  const char* const invoiced[] = {"1", "1", "2", "3"};
+  for (int i = 0; i < 4; ++i) sessions.SetTextMatrix(first + i, "INVOICE", invoiced[i]);
   sessions.SetTextMatrix(first + 2, "FORMS", "A");
   sessions.SetTextMatrix(first + 5, "NOTES", "Cover for Dr Hale. Ask about parking.");
   MarkEdited(ledger, sessions, first + 5);

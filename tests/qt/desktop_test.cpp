@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPdfWriter>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,6 +19,7 @@
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/printing.h"
+#include "shell/qt/progresswindow.h"
 #include "shell/qt/readablepalette.h"
 #include "shell/qt/virtualkeys.h"
 #include "tests/qt/demo.h"
@@ -78,6 +80,16 @@ TEST(MessageBox, EveryIconHasItsPicture) {
   }
 }
 
+TEST(MessageBox, ALongTextLeavesTheButtonsOnTheScreen) {
+  MessageBoxText text = Box(Buttons::Ok);
+  for (int i = 0; i < 200; ++i) text.minorPrompt += "\nSurgery - INV-00001";
+  frmMesgBox box(text);
+  box.show();
+  EXPECT_LE(box.height(), box.screen()->availableGeometry().height());
+  const auto* label = box.findChild<QLabel*>("txtMinorPrompt");
+  EXPECT_GE(label->height(), 200 * label->fontMetrics().lineSpacing()) << "all of it is there";
+}
+
 TEST(MessageBox, TipsComeOneAtATimeAndCanBeStopped) {
   DesktopMessages messages;
   MessageBoxText tip = Box(Buttons::Ok);
@@ -100,6 +112,48 @@ TEST(MessageBox, TipsComeOneAtATimeAndCanBeStopped) {
   }
   EXPECT_EQ(stopped, 1);
   EXPECT_TRUE(shownTips().empty()) << "the third is not shown any more";
+}
+
+ProgressWindow* ShownProgress() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* progress = qobject_cast<ProgressWindow*>(window); progress && progress->isVisible())
+      return progress;
+  return nullptr;
+}
+
+TEST(Progress, ComesOnlyWhenTheWorkLastsAndGoesWithIt) {
+  DesktopProgress progress;
+  progress.Show(-1, "Loading data...");
+  QTest::qSleep(600);
+  progress.Show(0, "one");
+  EXPECT_EQ(ShownProgress(), nullptr) << "a text alone begins no work";
+  QTest::qSleep(600);
+  progress.Show(40, "two");
+  ProgressWindow* window = ShownProgress();
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(window->isModal());
+  progress.Show(-1, "three");
+  EXPECT_EQ(window->findChild<QProgressBar*>()->value(), 40);
+  EXPECT_EQ(window->findChild<QLabel*>("lblProgress")->text(), "three");
+  QTest::keyClick(window, Qt::Key_Escape);
+  window->close();
+  EXPECT_EQ(ShownProgress(), window) << "the user does not end the work";
+  EXPECT_EQ(AnswerOf(Buttons::YesNo, Qt::Key_unknown, "cmdYes"), Answer::Yes)
+      << "a message stands over it and can be answered";
+  EXPECT_EQ(ShownProgress(), window);
+  progress.Hide();
+  progress.Hide();
+  EXPECT_EQ(ShownProgress(), nullptr);
+}
+
+TEST(Progress, BelongsToTheSplashDuringTheStart) {
+  DesktopProgress progress;
+  progress.OpenSplash();
+  progress.Show(12, "Loading Preferences...");
+  QTest::qSleep(600);
+  progress.Show(97, "Tidying up after loading...");
+  EXPECT_EQ(ShownProgress(), nullptr);
+  progress.CloseSplash();
 }
 
 TEST(ReadablePalette, DisabledTextStandsOutFromItsGround) {
@@ -147,8 +201,8 @@ TEST(Desktop, BusyPointerNests) {
 }
 
 TEST(Icons, EveryDrawingPaintsAndUnknownOnesDoNot) {
-  for (const char* name :
-       {"calendar", "sessions", "mydetails", "lmtoday", "plus", "edit", "copy", "delete", "help"})
+  for (const char* name : {"calendar", "sessions", "mydetails", "lmtoday", "plus", "edit", "copy",
+                           "delete", "help", "pdf", "down", "mail"})
     EXPECT_FALSE(LineIcon(name).pixmap(24).toImage().isNull()) << name;
   EXPECT_TRUE(LineIcon("no such drawing").isNull());
 }

@@ -64,8 +64,10 @@ class ListScreen : public Screen {
     return grid.AddItem("\t" + std::to_string(id) + "\tName " + std::to_string(id) + "\t1\t" +
                         std::to_string(id * 10));
   }
+  void CellClicked(Grid&, int row, int col) override { clicked.emplace_back(row, col); }
   Grid grid{"fgList"};
   Rules rules;
+  std::vector<std::pair<int, int>> clicked;
 };
 
 struct ShownList {
@@ -233,6 +235,40 @@ TEST(GridView, KeysAndMouseReachTheRules) {
   list.view.setProperty("editsInPlace", true);
   QTest::keyClick(&list.view, Qt::Key_Return);
   EXPECT_EQ(list.screen.rules.added, 2);
+}
+
+TEST(GridView, ATickIsShownAndReachesTheScreen) {
+  ShownList list;
+  Grid& grid = list.screen.grid;
+  grid.SetColWidth(0, 400);
+  for (int row = 2; row < 5; ++row)
+    grid.SetCell(CellSetting::flexcpChecked, row, 0, row == 2 ? "TRUE" : "FALSE");
+  QApplication::processEvents();
+  EXPECT_EQ(list.Cell(0, 0).data(Qt::CheckStateRole), Qt::Checked);
+  EXPECT_EQ(list.Cell(1, 0).data(Qt::CheckStateRole), Qt::Unchecked);
+  EXPECT_FALSE(list.Cell(0, 2).data(Qt::CheckStateRole).isValid());
+  const QImage ticked = list.view.grab(list.view.visualRect(list.Cell(0, 0))).toImage();
+  EXPECT_NE(list.view.grab(list.view.visualRect(list.Cell(1, 0))).toImage(), ticked);
+
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(1, 0));
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(2, 2));
+  QTest::keyClick(&list.view, Qt::Key_Space);
+  EXPECT_EQ(list.screen.clicked, (std::vector<std::pair<int, int>>{{3, 0}, {4, 0}}))
+      << "a click beside the boxes only chooses the row";
+  EXPECT_EQ(list.Editor(), nullptr);
+}
+
+TEST(GridView, CaptionsOfTwoLinesStandOnTwo) {
+  ShownList list;
+  const int height = list.view.horizontalHeader()->height();
+  list.screen.grid.SetTextMatrix(0, 3, "Session\nType");
+  list.screen.grid.SetColWidth(3, -1);
+  list.screen.grid.SetColWidth(2, 3000);
+  QApplication::processEvents();
+  EXPECT_GE(list.view.horizontalHeader()->height(),
+            height + QFontMetrics(list.view.Style().font).height() - 4);
+  EXPECT_LT(list.view.columnWidth(3),
+            QFontMetrics(list.view.Style().font).horizontalAdvance("Session Type") + 24);
 }
 
 TEST(GridView, GroupsOpenAndClose) {

@@ -6,17 +6,24 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
+#include <QToolButton>
+#include <filesystem>
+#include <fstream>
 
+#include "core/files.h"
 #include "core/options.h"
 #include "core/shortcuts.h"
-#include "records/windows.h"
+#include "documents/invoicepdf.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/qtext.h"
+#include "shell/windows.h"
 #include "tests/qt/demo.h"
 
 namespace lm::test {
@@ -31,7 +38,7 @@ struct Running {
   Running() {
     SetDefaultShortcuts(test.ledger);
     FillDemo(test);
-    AddRecordWindows(windows);
+    AddWindows(windows);
     screen = std::make_unique<frmMain>(test.ledger, windows);
     window = std::make_unique<MainWindow>(*screen);
     screen->ShowPage(Page::Practices);
@@ -142,6 +149,34 @@ TEST(MainWindow, StatusBarCounts) {
   EXPECT_TRUE(all.contains("12 rows shown")) << all.toStdString();
   EXPECT_TRUE(all.contains("2 new")) << all.toStdString();
   EXPECT_TRUE(all.contains("1 edited")) << all.toStdString();
+}
+
+TEST(MainWindow, InvoicesPageOpensDocumentsByButtonAndMenu) {
+  Running run;
+  const Grid& invoices = run.test.ledger.fgInvoices;
+  const auto document = InvoiceFile(run.test, invoices.FixedRows() + 1);
+  std::filesystem::create_directories(document.parent_path());
+  std::ofstream(document) << "%PDF-1.7";
+  run.screen->ShowPage(Page::Invoices);
+  GridView* list = run.window->CurrentList();
+  EXPECT_EQ(list->model()->rowCount(), 3);
+  list->selectRow(1);
+
+  QTest::mouseClick(run.Find<QToolButton>("cmdViewInvoice_Options"), Qt::LeftButton);
+  auto* menu = run.Find<QMenu>("mnuPopDocument");
+  ASSERT_TRUE(menu->isVisible());
+  EXPECT_TRUE(run.test.shown.opened.empty()) << "the small button only drops its menu";
+  QStringList texts;
+  for (const QAction* action : menu->actions()) texts << action->text();
+  EXPECT_EQ(texts.join("|").toStdString(),
+            "Open Document\tCtrl+O|Recreate then Open\tShift+Ctrl+O");
+  QTest::keyClick(menu, Qt::Key_Down);
+  QTest::keyClick(menu, Qt::Key_Return);
+  const std::vector<std::string> once{PathText(document)};
+  EXPECT_EQ(run.test.shown.opened, once);
+  run.test.shown.opened.clear();
+  QTest::mouseClick(run.Find<QPushButton>("cmdViewInvoice"), Qt::LeftButton);
+  EXPECT_EQ(run.test.shown.opened, once);
 }
 
 TEST(MainWindow, ClosesWhenTheScreenAgrees) {

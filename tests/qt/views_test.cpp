@@ -13,19 +13,22 @@
 #include <set>
 
 #include "core/frmGetPassword.h"
+#include "documents/frmBookingConfirmation.h"
+#include "documents/frmInvoice.h"
+#include "documents/frmPrepareInvoices.h"
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
 #include "records/frmPractice.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
-#include "records/windows.h"
 #include "shell/frmMain.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/views.h"
+#include "shell/windows.h"
 #include "tests/qt/demo.h"
 
 namespace lm::test {
@@ -45,6 +48,9 @@ const std::map<std::string, ScreenMaker>& Screens() {
       {"frmSession", Make<frmSession>()},
       {"frmPractice", Make<frmPractice>()},
       {"frmWelcome", Make<frmWelcome>()},
+      {"frmPrepareInvoices", Make<frmPrepareInvoices>()},
+      {"frmInvoice", Make<frmInvoice>()},
+      {"frmBookingConfirmation", Make<frmBookingConfirmation>()},
       {"frmGetPassword", Make<frmGetPassword>("LedgerMinder.dat")},
       {"frmPopupCalendar", Make<frmPopupCalendar>("Date")},
       {"frmPopupClock", Make<frmPopupClock>("Time")},
@@ -119,9 +125,11 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   TestLedger test;
   FillDemo(test);
   const std::pair<const char*, const char*> starts[] = {
-      {"frmSession", "cPractice"},       {"frmPractice", "txtName"}, {"frmWelcome", "txtTitle"},
-      {"frmGetPassword", "txtPassword"}, {"frmPopupCalendar", "fg"}, {"frmPopupClock", "cmdOK"},
-      {"frmPopupNumbers", "cmdOK"}};
+      {"frmSession", "cPractice"},       {"frmPractice", "txtName"},
+      {"frmWelcome", "txtTitle"},        {"frmPrepareInvoices", "cboPractice"},
+      {"frmInvoice", "cIDate"},          {"frmBookingConfirmation", "cboPractice"},
+      {"frmGetPassword", "txtPassword"}, {"frmPopupCalendar", "fg"},
+      {"frmPopupClock", "cmdOK"},        {"frmPopupNumbers", "cmdOK"}};
   for (const auto& [name, first] : starts) {
     const auto screen = Screens().at(name)(test);
     ScreenDialog dialog(*FindView(name), *screen, nullptr);
@@ -166,7 +174,7 @@ TEST(Views, NoAltLetterStandsTwiceOnAPage) {
 TEST(Views, MainWindowShowsEveryFieldAndCommand) {
   TestLedger test;
   WindowCatalogue windows;
-  AddRecordWindows(windows);
+  AddWindows(windows);
   frmMain screen(test, windows);
   MainWindow window(screen);
   for (const Field* field : screen.Fields()) {

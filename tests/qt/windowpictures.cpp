@@ -7,21 +7,25 @@
 
 #include "core/frmGetPassword.h"
 #include "core/messagebox.h"
+#include "documents/frmBookingConfirmation.h"
+#include "documents/frmInvoice.h"
+#include "documents/frmPrepareInvoices.h"
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
 #include "records/frmPractice.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
-#include "records/windows.h"
 #include "shell/frmMain.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
+#include "shell/qt/progresswindow.h"
 #include "shell/qt/readablepalette.h"
 #include "shell/qt/views.h"
+#include "shell/windows.h"
 #include "tests/qt/demo.h"
 
 namespace {
@@ -73,7 +77,7 @@ void GrabPicker(test::TestLedger& test, PopupPicker& picker, const char* text,
 
 void GrabMain(test::TestLedger& test) {
   WindowCatalogue windows;
-  AddRecordWindows(windows);
+  AddWindows(windows);
   frmMain screen(test, windows);
   MainWindow window(screen);
   screen.SetWindowTitle();
@@ -128,6 +132,37 @@ void GrabRecords(test::TestLedger& test) {
   GrabPicker(test, numbers, "12.50", "frmPopupNumbers");
 }
 
+void GrabInvoices(test::TestLedger& test) {
+  frmInvoice invoice(test);
+  invoice.Open("1");
+  for (int tab = 0; tab < invoice.tabMain.Count(); ++tab) {
+    invoice.tabMain.SetSelected(tab);
+    GrabScreen(invoice, QString("frmInvoice-%1").arg(tab));
+  }
+  frmInvoice unsent(test);
+  unsent.Open("3");
+  GrabScreen(unsent, "frmInvoice-unsent");
+  unsent.tabMain.SetSelected(1);
+  GrabScreen(unsent, "frmInvoice-unsent-1");
+  frmPrepareInvoices prepare(test);
+  GrabScreen(prepare, "frmPrepareInvoices");
+  frmBookingConfirmation booking(test);
+  booking.ChoosePractice("1");
+  Grid& sessions = booking.fgUpcomingSessions;
+  for (int row : {0, 2}) booking.CellClicked(sessions, sessions.FixedRows() + row, 0);
+  for (int tab = 0; tab < booking.tabMessage.Count(); ++tab) {
+    booking.tabMessage.SetSelected(tab);
+    GrabScreen(booking, QString("frmBookingConfirmation-%1").arg(tab));
+  }
+  test.shown.now += 365;
+  frmBookingConfirmation nothing(test);
+  GrabScreen(nothing, "frmBookingConfirmation-empty");
+  test.shown.now -= 365;
+  ProgressWindow progress(nullptr);
+  progress.SetProgress(40, "Preparing invoice 12: Riverside Surgery");
+  Grab(progress, "progressWindow");
+}
+
 void GrabBoxes() {
   MessageBoxText box;
   box.title = "Duplicate Session";
@@ -180,6 +215,7 @@ int main(int argc, char** argv) {
   lm::test::FillDemo(test);
   GrabMain(test);
   GrabRecords(test);
+  GrabInvoices(test);
   GrabBoxes();
   return 0;
 }

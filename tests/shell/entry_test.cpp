@@ -6,7 +6,7 @@
 #include "core/options.h"
 #include "core/startup.h"
 #include "records/frmWelcome.h"
-#include "records/windows.h"
+#include "shell/windows.h"
 #include "shell/entry.h"
 #include "shell/frmMain.h"
 #include "tests/support/scripted_platform.h"
@@ -24,7 +24,7 @@ struct ProgramRun {
 
   explicit ProgramRun(const std::filesystem::path& directory) {
     ledger.programDirectory = directory;
-    AddRecordWindows(windows);
+    AddWindows(windows);
   }
 
   bool Start(std::string_view commandLine = "", bool askName = false) {

@@ -9,7 +9,7 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/shortcuts.h"
-#include "records/windows.h"
+#include "shell/windows.h"
 #include "shell/frmMain.h"
 #include "shell/mydetails.h"
 #include "tests/support/scripted_platform.h"
@@ -24,7 +24,7 @@ struct MainWindow : testing::Test {
   std::unique_ptr<frmMain> window;
 
   MainWindow() {
-    AddRecordWindows(windows);
+    AddWindows(windows);
     SetDefaultShortcuts(ledger);
     window = std::make_unique<frmMain>(ledger, windows);
   }

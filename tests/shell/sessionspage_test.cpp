@@ -5,7 +5,7 @@
 #include "core/formatting.h"
 #include "core/options.h"
 #include "records/frmSession.h"
-#include "records/windows.h"
+#include "shell/windows.h"
 #include "shell/frmMain.h"
 #include "tests/support/scripted_platform.h"
 
@@ -22,7 +22,7 @@ struct SessionsPage : testing::Test {
   std::unique_ptr<frmMain> window;
 
   SessionsPage() {
-    AddRecordWindows(windows);
+    AddWindows(windows);
     test.AddRow(ledger.fgPractices, {"NAME=Riverside"});
     test.AddRow(ledger.fgPractices, {"NAME=abbey"});
   }
@@ -144,7 +144,7 @@ TEST_F(SessionsPage, SavingAGroupedListStoresTheUngroupedData) {
   Open();
   const int columns = sessions.Cols();
   SaveOptions(ledger);
-  for (const std::string& group : SessionGroupCaptions()) {
+  for (const std::string& group : GroupCaptions(kGroupedSessions)) {
     ASSERT_TRUE(window->Enter(window->cboGroupSessions, group));
     const Ids before = Shown();
     ASSERT_TRUE(window->SaveAll());

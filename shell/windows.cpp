@@ -1,0 +1,13 @@
+#include "shell/windows.h"
+
+#include "documents/windows.h"
+#include "records/windows.h"
+
+namespace lm {
+
+void AddWindows(WindowCatalogue& catalogue) {
+  AddRecordWindows(catalogue);
+  AddDocumentWindows(catalogue);
+}
+
+}  // namespace lm
