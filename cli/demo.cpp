@@ -24,6 +24,9 @@ set txtMyDetails5 1234567
 set txtMyDetails6 "alex.morgan@example.org"
 set txtMyDetails7 "01632 960145"
 set txtMyDetails10 "MBChB MRCGP"
+
+option 9 "Payment within 30 days by bank transfer, please: A Morgan, sort code 00-00-00, account 00000000."
+option 39 TRUE
 )";
 
 struct DemoPractice {
@@ -119,6 +122,16 @@ void EnterSession(std::ostream& script, const DemoSession& session, Date firstMo
   script << "press cmdOk\n";
 }
 
+// The month's invoices: one paid, one sent, the others still to go.
+void PrepareInvoices(std::ostream& script, Date now) {
+  const std::string first = CellText(FirstOfMonth(now));
+  script << "open frmPrepareInvoices new\npress lblLastMonth\nset txtIDate " << first
+         << "\npress cmdCreateInvoices\npress cmdClose\n"
+         << "open frmInvoice open 1\nset cSDate " << first << "\nset cSentBy email\nset cPayDate "
+         << CellText(now) << "\nset cPayMethod BACS\npress cmdOk\n"
+         << "open frmInvoice open 2\nset cSDate " << first << "\nset cSentBy email\npress cmdOk\n";
+}
+
 }  // namespace
 
 std::string DemoScript(Date now) {
@@ -129,6 +142,7 @@ std::string DemoScript(Date now) {
   for (const DemoPractice& practice : kPractices) EnterPractice(script, practice);
   script << "cell fgPractices #3 BRANCHOF \"Old Mill Medical Centre\"\n";
   for (const DemoSession& session : kSessions) EnterSession(script, session, firstMonday);
+  PrepareInvoices(script, now);
   script << "save\n";
   return script.str();
 }

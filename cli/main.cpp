@@ -9,11 +9,13 @@
 #include "cli/demo.h"
 #include "cli/pdfcommands.h"
 #include "cli/script.h"
+#include "cli/templatecommands.h"
 #include "cli/terminal.h"
 #include "core/options.h"
 #include "core/startup.h"
 #include "core/text.h"
-#include "records/windows.h"
+#include "documents/shippedtemplates.h"
+#include "shell/windows.h"
 
 namespace {
 
@@ -26,6 +28,7 @@ constexpr std::string_view kUsage =
     "  demo DIR    makes a program directory with a believable month of work\n"
     "  run FILE    runs a script, - for standard input\n"
     "  pdf info FILE | pdf import FILE OUT | pdf sample OUT\n"
+    "  template encipher IN OUT | template decipher IN OUT | template check FILE\n"
     "\n"
     "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
     "  --now TIME  the clock's time\n"
@@ -73,13 +76,18 @@ std::string ReadArguments(const std::vector<std::string>& arguments, Settings& s
   return settings.command.empty() ? "what shall be done?" : "";
 }
 
+std::filesystem::path ProgramDirectory(const Settings& settings, lm::Terminal& terminal) {
+  return settings.directory.empty() ? lm::ChooseProgramDirectory(terminal.platform)
+                                    : std::filesystem::path(settings.directory);
+}
+
 bool HoldsData(const lm::Ledger& ledger) { return !lm::IsFirstStart(ledger); }
 
 int Init(lm::Ledger& ledger, const Settings& settings) {
   if (HoldsData(ledger) && !settings.force)
     return Fail("the directory already holds data; --force replaces it");
   lm::SetFirstInstallOptions(ledger);
-  if (!lm::MakeProgramDirectory(ledger)) return 1;
+  if (!lm::MakeProgramDirectory(ledger) || !lm::PlaceShippedTemplates(ledger)) return 1;
   std::cout << ledger.programDirectory.string() << '\n';
   return 0;
 }
@@ -105,6 +113,17 @@ int RunScript(lm::Script& script, const std::string& name) {
   return script.Run(file) ? 0 : 1;
 }
 
+// "pdf" and "template", which work on files alone.
+int RunFileCommand(const Settings& settings, lm::Terminal& terminal) {
+  const std::vector<std::string> words(settings.command.begin() + 1, settings.command.end());
+  const int status = settings.command[0] == "pdf"
+                         ? lm::RunPdfCommand(words, terminal, std::cout)
+                         : lm::RunTemplateCommand(words, ProgramDirectory(settings, terminal),
+                                                  std::cout, std::cerr);
+  if (status == 2) std::cerr << kUsage;
+  return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -116,23 +135,16 @@ int main(int argc, char** argv) {
     return Fail(fault);
   }
   terminal.ignoreOtherInstances = settings.force;
-  if (settings.command[0] == "pdf") {
-    const int status = lm::RunPdfCommand({settings.command.begin() + 1, settings.command.end()},
-                                         terminal, std::cout);
-    if (status == 2) std::cerr << kUsage;
-    return status;
-  }
+  const std::string& command = settings.command[0];
+  if (command == "pdf" || command == "template") return RunFileCommand(settings, terminal);
 
   lm::Ledger ledger(terminal.platform);
   lm::WindowCatalogue windows;
-  lm::AddRecordWindows(windows);
+  lm::AddWindows(windows);
 
-  const std::string& command = settings.command[0];
   const std::string operand = settings.command.size() > 1 ? settings.command[1] : "";
   if (command == "demo" && !operand.empty()) settings.directory = operand;
-  ledger.programDirectory = settings.directory.empty()
-                                ? lm::ChooseProgramDirectory(terminal.platform)
-                                : std::filesystem::path(settings.directory);
+  ledger.programDirectory = ProgramDirectory(settings, terminal);
 
   lm::Script script(terminal, ledger, windows);
   if (command == "init") return Init(ledger, settings);

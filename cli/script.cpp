@@ -1,12 +1,16 @@
 #include "cli/script.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "cli/words.h"
 #include "core/clsMD5.h"
 #include "core/format.h"
 #include "core/options.h"
 #include "core/text.h"
+#include "documents/mergefields.h"
+#include "documents/words.h"
 #include "entry/money.h"
 #include "entry/parsedate.h"
 #include "entry/parsetime.h"
@@ -42,6 +46,26 @@ bool HasKeys(const Grid& grid) {
   return false;
 }
 
+// "invoice=3": the records that merge fields draw on.
+MergeContext ContextOf(std::span<const std::string> words) {
+  static constexpr std::pair<std::string_view, std::string MergeContext::*> kNames[] = {
+      {"invoice", &MergeContext::invoice},
+      {"session", &MergeContext::session},
+      {"extra", &MergeContext::extra},
+      {"expense", &MergeContext::expense}};
+  MergeContext context;
+  for (const std::string& word : words) {
+    const std::size_t equals = word.find('=');
+    const auto* known = std::find_if(std::begin(kNames), std::end(kNames), [&](const auto& each) {
+      return each.first == word.substr(0, equals);
+    });
+    if (equals == std::string::npos || known == std::end(kNames))
+      throw ScriptError("merge knows invoice=, session=, extra= and expense=, not " + word);
+    context.*known->second = word.substr(equals + 1);
+  }
+  return context;
+}
+
 std::string_view NameOf(EditOutcome outcome) {
   switch (outcome) {
     case EditOutcome::Unchanged:
@@ -75,7 +99,9 @@ const std::vector<Script::Action>& Script::Actions() {
       {"answers", 0, &Script::DoAnswers},
       {"parse", 1, &Script::DoParse},
       {"digest", 0, &Script::DoDigest},
+      {"words", 1, &Script::DoWords},
       {"format", 2, &Script::DoFormat},
+      {"merge", 1, &Script::DoMerge},
       {"save", 0, &Script::DoSave},
   };
   return actions;
@@ -151,7 +177,7 @@ void Script::DoOpen(Words words) {
   RequireLoaded();
   if (!windows_.Has(words[0])) throw ScriptError("unknown window: " + words[0]);
   windows_.Open(ledger_, words[0], {words.begin() + 1, words.end()});
-  main_->RefreshSessions();
+  main_->RefreshLists();
 }
 
 void Script::DoSet(Words words) {
@@ -257,7 +283,13 @@ void Script::DoDigest(Words words) {
   EmitResult(clsMD5().DigestStrToHexStr(words.empty() ? "" : words[0]));
 }
 
+void Script::DoWords(Words words) { EmitResult(MoneyInWords(words[0])); }
+
 void Script::DoFormat(Words words) { EmitResult(Format(words[0], words[1])); }
+
+void Script::DoMerge(Words words) {
+  EmitResult(Merge(ledger_, words[0], ContextOf(words.subspan(1))));
+}
 
 void Script::DoSave(Words) {
   RequireLoaded();

@@ -58,7 +58,9 @@ class Script {
   void DoAnswers(Words words);
   void DoParse(Words words);
   void DoDigest(Words words);
+  void DoWords(Words words);
   void DoFormat(Words words);
+  void DoMerge(Words words);
   void DoSave(Words words);
 
   // Blank tables and options must not replace the files.
