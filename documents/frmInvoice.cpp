@@ -206,6 +206,7 @@ void frmInvoice::SendInvoice() {
   if (!OptionIsTrue(ledger, optAutoSetInvoiceDate)) return;
   cSDate.SetText(CellText(ledger.platform.clock.Now()));
   cSentBy.SetText("email");
+  Keep({"SDATE", "SENTBY"});
   ShowState();
 }
 
@@ -214,6 +215,18 @@ void frmInvoice::SendReceipt() {
   if (!OptionIsTrue(ledger, optAutoSetReceiptDate)) return;
   cReceiptDate.SetText(CellText(ledger.platform.clock.Now()));
   cReceiptMethod.SetText("email");
+  Keep({"RECEIPTDATE", "RECEIPTMETHOD"});
+}
+
+// What has happened outside the program is recorded at once: Cancel does not call a message back.
+void frmInvoice::Keep(std::initializer_list<std::string_view> keys) {
+  Grid& invoices = ledger.fgInvoices;
+  const int row = Row();
+  for (const std::string_view key : keys) {
+    const int col = invoices.ColIndex(key);
+    if (const Field* field = StoredField(col)) invoices.SetTextMatrix(row, col, field->Text());
+  }
+  if (row >= 0) MarkEdited(ledger, invoices, row);
 }
 
 void frmInvoice::ShowEmployerContribHelp() {

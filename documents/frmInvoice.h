@@ -2,6 +2,7 @@
 // row; what is done to its sessions is done at once.
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -74,6 +75,7 @@ class frmInvoice : public Screen {
   void RemoveSession();
   void SendInvoice();
   void SendReceipt();
+  void Keep(std::initializer_list<std::string_view> keys);
   void ShowEmployerContribHelp();
   void Save();
 

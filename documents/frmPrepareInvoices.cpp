@@ -62,12 +62,20 @@ frmPrepareInvoices::frmPrepareInvoices(Ledger& theLedger)
 
 void frmPrepareInvoices::BindDate(TextField& box, Button& button, std::string_view caption,
                                   std::string_view message) {
-  box.onEntered = [this, &box, message] {
-    const auto date = EnterDate(ledger, box.Text(), message);
-    if (date) box.SetText(*date);
-    return date.has_value();
+  // Whoever gives the first or last day means the sessions between the dates.
+  const auto chooseBetween = [this, &box] {
+    if (&box != &txtIDate) Choose(optCreateInvoices2);
   };
-  button.onPressed = [this, &box, caption] { OpenPicker(*this, box, Picker::Calendar, caption); };
+  box.onEntered = [this, &box, message, chooseBetween] {
+    const auto date = EnterDate(ledger, box.Text(), message);
+    if (!date) return false;
+    box.SetText(*date);
+    chooseBetween();
+    return true;
+  };
+  button.onPressed = [this, &box, caption, chooseBetween] {
+    OpenPicker(*this, box, Picker::Calendar, caption, chooseBetween);
+  };
 }
 
 void frmPrepareInvoices::Choose(CheckField& option) {

@@ -94,11 +94,11 @@ std::vector<int> Batch::SessionsOf(const std::string& practiceId) const {
                          [&](int row) { return Belongs(row); });
   };
   add(practiceId);
-  const auto branches = branches_.find(practiceId);
-  if (branches == branches_.end()) return rows;
-  for (const std::string& branch : branches->second)
-    if (branch != practiceId) add(branch);
+  if (const auto branches = branches_.find(practiceId); branches != branches_.end())
+    for (const std::string& branch : branches->second) add(branch);
+  // A practice may be a branch of itself, or stand twice in a damaged table.
   std::ranges::sort(rows);
+  rows.erase(std::ranges::unique(rows).begin(), rows.end());
   return rows;
 }
 

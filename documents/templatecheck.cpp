@@ -335,9 +335,11 @@ std::vector<TemplateFinding> CheckTemplate(std::string_view bytes,
   try {
     const TemplateXml xml(*text);
     std::vector<TemplateFinding> findings = Checker(xml, pictureIsThere).Check();
-    if (!DecipherTemplate(EncipherTemplate(*text)))
-      findings.push_back({static_cast<int>(std::ranges::count(*text, '\n')) + 1, false,
-                          "The text does not end in '</template>'; enciphered it is not read."});
+    if (!DecipherTemplate(EncipherTemplate(*text))) {
+      TemplateFinding& last = findings.emplace_back();
+      last.line = static_cast<int>(std::ranges::count(*text, '\n')) + 1;
+      last.text = "The text does not end in '</template>'; enciphered it is not read.";
+    }
     return findings;
   } catch (const TemplateError& fault) {
     return {{fault.line, false, fault.fault}};

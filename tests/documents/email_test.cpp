@@ -195,5 +195,22 @@ TEST_F(Mail, ADraftThatCannotBeWrittenIsToldAndNothingMarked) {
   EXPECT_EQ(desk.shown.clipboard, "");
 }
 
+TEST_F(Mail, WhatWasSentStaysSentAfterCancel) {
+  SetOption(desk, optAutoSetInvoiceDate, "TRUE");
+  SetOption(desk, optAutoSetReceiptDate, "TRUE");
+  frmInvoice window(desk);
+  window.Open("1");
+  window.Press(window.cmdSendByEmail);
+  window.Press(window.cmdSendReceiptByEmail);
+  window.Enter(window.cPayMethod, "BACS");
+  window.Press(window.cmdCancel);
+  const Grid& invoices = desk.ledger.fgInvoices;
+  const int row = invoices.FindRow("1", "ID");
+  EXPECT_EQ(invoices.TextMatrix(row, "SDATE"), "03/02/2026");
+  EXPECT_EQ(invoices.TextMatrix(row, "SENTBY"), "email");
+  EXPECT_EQ(invoices.TextMatrix(row, "RECEIPTDATE"), "03/02/2026");
+  EXPECT_EQ(invoices.TextMatrix(row, "PAYMETHOD"), "");
+}
+
 }  // namespace
 }  // namespace lm

@@ -123,7 +123,9 @@ TEST(PrepareInvoices, ABranchIsBilledWithItsParentsNote) {
   EXPECT_EQ(LastMinor(desk), "\r\nAbbey - INV-00001");
   EXPECT_EQ(desk.Document("1").filename(), "INV-00001 Abbey.pdf");
 
-  // A parent that is its own branch, or gone, takes no session twice.
+  // A parent that is its own branch, or gone, or a branch that stands twice, takes no session
+  // twice.
+  desk.AddRow(desk.ledger.fgPractices, {"ID=1", "NAME=Twice", "BRANCHOF=1"});
   desk.ledger.fgPractices.SetTextMatrix(2, "BRANCHOF", "1");
   desk.ledger.fgPractices.SetTextMatrix(5, "BRANCHOF", "99");
   desk.AddSession("1", "02/02/2026", "10");
@@ -294,6 +296,16 @@ struct PrepareWindow : testing::Test {
     return text;
   }
 };
+
+TEST_F(PrepareWindow, ADateTypedMeansTheSessionsBetweenTheDates) {
+  for (TextField* box : {&window.txtSDate, &window.txtEDate}) {
+    window.Enter(window.optCreateInvoices0, "TRUE");
+    window.Enter(window.txtIDate, "5/2");
+    EXPECT_EQ(Options(), "x..") << "the invoice's date says nothing of the sessions";
+    window.Enter(*box, "14/2");
+    EXPECT_EQ(Options(), "..x") << box->Name();
+  }
+}
 
 TEST_F(PrepareWindow, OpensOnThisMonthAndAllPractices) {
   EXPECT_EQ(window.Caption(), "Prepare Invoices");
