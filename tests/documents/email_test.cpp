@@ -102,6 +102,8 @@ TEST_F(Mail, WhatCountsAsSent) {
     desk.shown.mailOutcome = outcome;
     SetOption(desk, optAutoSetInvoiceDate, option);
     SetOption(desk, optAutoSetReceiptDate, option);
+    for (const char* key : {"SDATE", "SENTBY", "RECEIPTDATE", "RECEIPTMETHOD"})
+      desk.ledger.fgInvoices.SetTextMatrix(InvoiceRow(desk, "1"), key, "");
     frmInvoice window(desk);
     ASSERT_TRUE(window.Open("1"));
     window.Press(window.cmdSendByEmail);
@@ -110,7 +112,7 @@ TEST_F(Mail, WhatCountsAsSent) {
     EXPECT_EQ(window.cSentBy.Text(), marked ? "email" : "");
     EXPECT_EQ(window.cmdRemove.Enabled(), !marked);
     EXPECT_EQ(window.lblStatus.Text(), marked ? "Invoice sent today." : "Invoice not sent yet.");
-    EXPECT_EQ(desk.Cell("1", "SDATE"), "") << "until Ok";
+    EXPECT_EQ(desk.Cell("1", "SDATE"), marked ? "03/02/2026" : "");
     window.Press(window.cmdSendReceiptByEmail);
     EXPECT_EQ(desk.Messages(), message);
     EXPECT_EQ(window.cReceiptDate.Text(), marked ? "03/02/2026" : "");
