@@ -208,6 +208,11 @@ bool MakeFolder(const fs::path& path, std::string& error) {
   return false;
 }
 
+bool MayExist(const fs::path& path) {
+  std::error_code ignored;
+  return fs::symlink_status(path, ignored).type() != fs::file_type::not_found;
+}
+
 bool IsWritableFolder(const fs::path& path) {
   FileReplacement probe;
   std::string ignored;

@@ -50,6 +50,10 @@ bool ReplaceFile(const std::filesystem::path& path, std::string_view bytes, std:
 // when it is not there afterwards.
 bool MakeFolder(const std::filesystem::path& path, std::string& error);
 
+// Also true for what cannot be looked at and for a link to a drive that is away: nothing may take
+// the place of what is the user's.
+bool MayExist(const std::filesystem::path& path);
+
 // True when a file can be made in the folder.
 bool IsWritableFolder(const std::filesystem::path& path);
 

@@ -30,13 +30,6 @@ bool Exists(const fs::path& path) {
   return fs::exists(path, ignored);
 }
 
-// Also true for a link to a drive that is away and for a file that cannot be looked at: blank files
-// must not take the place of the user's.
-bool MayExist(const fs::path& path) {
-  std::error_code ignored;
-  return fs::symlink_status(path, ignored).type() != fs::file_type::not_found;
-}
-
 bool MakeFolderOrTell(Ledger& ledger, const fs::path& path) {
   std::string error;
   if (MakeFolder(path, error)) return true;

@@ -2,23 +2,13 @@
 // with the pictures that they use.
 #pragma once
 
-#include <span>
-#include <string_view>
-
-#include "core/ledger.h"
+#include "core/shippedfiles.h"
 
 namespace lm {
 
-struct ShippedFile {
-  std::string_view folder;  // of the program directory: "Invoice Templates"
-  std::string_view name;    // "Light Blue.tmpl"
-  std::string_view bytes;
-};
-
 std::span<const ShippedFile> ShippedTemplates();
 
-// Writes the files that the program directory lacks, and their folder; what stands there stays as
-// it is. False after one message, for the first file that could not be written.
+// See PlaceShippedFiles.
 bool PlaceShippedTemplates(Ledger& ledger);
 
 }  // namespace lm
