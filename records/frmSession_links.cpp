@@ -61,7 +61,7 @@ void frmSession::FormLinkPressed() {
         "that is on no form yet.",
         kTitle);
   if (cForms.Text().front() == 'A') OpenForm(ledger.fgPensionA, "frmPensionA");
-  if (cForms.Text().front() == 'S') OpenForm(ledger.fgPensionSolo, "frmPensionSolo");
+  if (cForms.Text().front() == 'S') OpenForm(ledger.fgPensionSolo, "frmPensionSOLO");
 }
 
 // Row of the form of the session's practice and month; -1 when there is none.
@@ -83,7 +83,11 @@ int frmSession::FormRow(const Grid& forms) const {
 void frmSession::OpenForm(const Grid& forms, std::string_view window) {
   const int row = FormRow(forms);
   if (row >= 0) {
-    if (ledger.platform.windows.OpenRecord(window, forms.TextMatrix(row, "ID"))) ReadLinksAgain();
+    // Forms carry no ID; their windows know them by practice and month.
+    const std::string month =
+        FormatDate(CellDate(forms.TextMatrix(row, "MONTH")).value_or(0), "mmyyyy");
+    if (ledger.platform.windows.OpenRecord(window, forms.TextMatrix(row, "PRACTICE") + " " + month))
+      ReadLinksAgain();
     return;
   }
   // The form is gone: the link repairs itself.

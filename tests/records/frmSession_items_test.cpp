@@ -256,9 +256,9 @@ TEST(SessionItemsAndLinks, FormLinkOpensOrRepairsItself) {
     std::string opened, message, formsAfter;
   };
   const Case cases[] = {
-      {"A", "1", "01/02/2026", "frmPensionA 1", "", "A"},
-      {"A,B", "1", "01/02/2026", "frmPensionA 1", "", "A,B"},
-      {"SOLO", "2", "01/02/2026", "frmPensionSolo 1", "", "SOLO"},
+      {"A", "1", "01/02/2026", "frmPensionA 1 022026", "", "A"},
+      {"A,B", "1", "01/02/2026", "frmPensionA 1 022026", "", "A,B"},
+      {"SOLO", "2", "01/02/2026", "frmPensionSOLO 1 022026", "", "SOLO"},
       {"A", "1", "01/03/2026", "", "", ""},
       {"SOLO", "2", "banana", "", "", ""},
       {"C", "1", "01/03/2026", "", "", "C"},

@@ -1,0 +1,54 @@
+#include "pension/formoverlay.h"
+
+#include <filesystem>
+
+#include "core/files.h"
+#include "core/format.h"
+#include "core/options.h"
+#include "core/platform.h"
+#include "core/text.h"
+
+namespace lm {
+namespace {
+
+// In the order of preference.
+constexpr std::string_view kSignatureFiles[] = {"signature.jpg", "signature.gif", "signature.bmp"};
+
+enum DetailField { kGmcNumber = 5, kInsuranceNumber = 13, kAuthority = 16 };
+
+std::string SignatureFile(const Ledger& ledger) {
+  if (!OptionIsTrue(ledger, optSignatureOnForms)) return "";
+  for (const std::string_view name : kSignatureFiles) {
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(ledger.File(name), ignored))
+      return PathText(ledger.File(name));
+  }
+  return "";
+}
+
+}  // namespace
+
+Double Figure(const Grid& form, int row, std::string_view key) {
+  return Val(RemoveAny(form.TextMatrix(row, key), ","));
+}
+
+std::string TitleAndName(const Ledger& ledger) {
+  return std::string(Trim(MyDetail(ledger, kMyTitleField) + " " + MyName(ledger)));
+}
+
+std::string InsuranceNumber(const Ledger& ledger) {
+  return RemoveAny(ToUpper(MyDetail(ledger, kInsuranceNumber)), "-./\\, ");
+}
+
+void AddLocum(const Ledger& ledger, FormFigures& figures) {
+  const Date today = ledger.platform.clock.Now();
+  figures.texts[FormItem::TitleAndName] = {TitleAndName(ledger)};
+  figures.texts[FormItem::Authority] = {MyDetail(ledger, kAuthority)};
+  figures.texts[FormItem::InsuranceNumber] = {InsuranceNumber(ledger)};
+  figures.texts[FormItem::GmcNumber] = {MyDetail(ledger, kGmcNumber)};
+  figures.texts[FormItem::Signature] = {SignatureFile(ledger)};
+  figures.texts[FormItem::Today] = {FormatDate(today, "dd mm yyyy")};
+  figures.texts[FormItem::TodayInWords] = {FormatDate(today, "dd mmm yyyy")};
+}
+
+}  // namespace lm

@@ -1,0 +1,244 @@
+#include "pension/formwindow.h"
+
+#include "core/messagebox.h"
+#include "core/rows.h"
+#include "core/text.h"
+#include "entry/money.h"
+#include "entry/pickers.h"
+#include "pension/formlist.h"
+#include "pension/months.h"
+#include "records/practices.h"
+#include "records/sessionrules.h"
+
+namespace lm {
+namespace {
+
+constexpr ColumnSpec kDetailColumns[] = {
+    {"EDIT", "", DataType::Text, "", -1, true},
+    {"LABEL", "", DataType::Text, "", 7000},
+    {"VALUE", "", DataType::Money, kAmountFormat, 1500},
+    {"LETTER", "", DataType::Text, "", 500},
+    {"ICON", "", DataType::Text, "", 500},
+};
+constexpr TableSpec kDetailTable{"fgDetails", kDetailColumns};
+constexpr int kFirstLine = 2;
+
+constexpr std::string_view kNotesTab = "Notes";
+
+}  // namespace
+
+class FormWindow::DetailRules : public GridRules {
+ public:
+  explicit DetailRules(FormWindow& window) : window_(window) {}
+
+  bool MayEdit(int row, int col) override { return col == ValueCol() && window_.MayEditLine(row); }
+  Picker PickerOf(int row, int col) override {
+    return MayEdit(row, col) ? Picker::Numbers : Picker::None;
+  }
+  std::optional<std::string> Accept(int, int, std::string_view text) override {
+    if (Trim(text).empty()) return "";
+    std::string amount = MoneyCell(text);
+    if (!amount.empty()) return amount;
+    ShowMessage(window_.ledger, "Please enter a valid amount.");
+    return std::nullopt;
+  }
+  void Edited(int row, int) override { window_.FigureEdited(row); }
+  void Opened(int row) override {
+    if (MayEdit(row, ValueCol())) window_.RequestCellEdit(window_.fgDetails, row, ValueCol());
+  }
+
+ private:
+  int ValueCol() const { return window_.fgDetails.ColIndex("VALUE"); }
+
+  FormWindow& window_;
+};
+
+FormWindow::FormWindow(Ledger& theLedger, const FormWindowSpec& spec, std::vector<std::string> tabs)
+    : Screen(theLedger, std::string(spec.name), spec.title),
+      tabMain(this, "tabMain", std::move(tabs)),
+      spec_(spec),
+      table_(theLedger.*spec.table),
+      detailRules_(std::make_unique<DetailRules>(*this)) {
+  cMonth.SetVisible(false);
+  cPracticeID.SetVisible(false);
+  cNotes.multiLine = true;
+  cNotes.onEntered = [this] {
+    MarkNotes();
+    return true;
+  };
+  BindDate(cSentToHA, cmdSentToHA, "Sent To HA");
+  MakeDetails();
+  AddGrid(fgDetails, detailRules_.get());
+
+  cmdOk.SetText("&OK");
+  cmdOk.onPressed = [this] { Ok(); };
+  cmdCancel.SetText("&Cancel");
+  cmdCancel.onPressed = [this] { Close(); };
+  cmdDeleteForm.SetText("&Delete Form");
+  cmdDeleteForm.onPressed = [this] { Delete(); };
+  cmdViewFormPDF.SetText("&View Form");
+  cmdViewFormPDF.onPressed = [this] {
+    OpenFormDocument(ledger, spec_.kind, MonthKey(), PracticeId());
+  };
+  defaultButton = &cmdOk;
+  cancelButton = &cmdCancel;
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::BindDate(TextField& box, Button& button, std::string_view caption,
+                          std::function<bool()> changed) {
+  box.onEntered = [this, &box, changed] {
+    const auto date = EnterDate(ledger, box.Text(), "Please enter a valid date.");
+    if (!date) return false;
+    box.SetText(*date);
+    return !changed || changed();
+  };
+  button.onPressed = [this, &box, caption, changed] {
+    OpenPicker(*this, box, Picker::Calendar, caption, [&] {
+      if (changed) changed();
+    });
+  };
+}
+
+// ---- Showing the form
+
+bool FormWindow::Open(int row) {
+  if (row < table_.FixedRows() || row >= table_.Rows() || table_.IsSubtotal(row)) return false;
+  openedRow_ = row;
+  MakeBlank(working_, *FindTable(table_.Name()));
+  working_.AddItem("");
+  for (int col = 0; col < working_.Cols(); ++col) {
+    const std::string& key = working_.ColKey(col);
+    if (key.empty()) continue;
+    working_.SetTextMatrix(kWorkingRow, col, table_.TextMatrix(row, key));
+    if (Field* field = FindField("c" + key)) field->SetText(Cell(key));
+  }
+  cPracticeID.SetText(Cell("PRACTICE"));
+
+  const std::string month = MonthText(MonthKey(), "Mmmm yyyy");
+  lblMonth.SetText(month);
+  std::string caption = std::string(spec_.title) + " - " + month;
+  if (spec_.kind != FormKind::B) caption += " - " + PracticeName(ledger, PracticeId());
+  SetCaption(caption);
+  MarkNotes();
+  ShowFigures();
+  Filled();
+  return true;
+}
+
+std::string FormWindow::Cell(std::string_view key) const {
+  return working_.TextMatrix(kWorkingRow, key);
+}
+
+Double FormWindow::Pounds(std::string_view key) const { return PoundsOf(Cell(key)); }
+
+std::string FormWindow::MonthKey() const { return MonthKeyOf(cMonth.Text()); }
+
+void FormWindow::MakeDetails() {
+  MakeFormList(fgDetails, kDetailTable, ledger);
+  fgDetails.SetColAlignment(fgDetails.ColIndex("LETTER"), Alignment::Centre);
+  for (const FormLine& line : spec_.lines) {
+    const int row = fgDetails.AddItem("");
+    fgDetails.SetTextMatrix(row, "EDIT", line.editable ? "Y" : "");
+    fgDetails.SetTextMatrix(row, "LABEL", line.label);
+    fgDetails.SetTextMatrix(row, "LETTER", line.letter);
+    if (line.help)
+      fgDetails.SetCell(CellSetting::flexcpPicture, row, fgDetails.ColIndex("ICON"), "help");
+  }
+}
+
+void FormWindow::SetLine(std::size_t line, std::string_view value) {
+  fgDetails.SetTextMatrix(kFirstLine + static_cast<int>(line), "VALUE", value);
+}
+
+void FormWindow::ShowFigures() {
+  const RedrawOff redrawOff(fgDetails);
+  for (std::size_t i = 0; i < spec_.lines.size(); ++i) {
+    const FormLine& line = spec_.lines[i];
+    if (line.figure) SetLine(i, PlainText(line.figure(*this)));
+    if (line.key.empty()) continue;
+    const std::string cell = Cell(line.key);
+    SetLine(i, Trim(cell).empty() ? "0" : cell);
+  }
+}
+
+void FormWindow::MarkNotes() {
+  for (int tab = 0; tab < tabMain.Count(); ++tab)
+    if (tabMain.TabCaption(tab) == kNotesTab) tabMain.SetTabMarked(tab, !cNotes.Text().empty());
+}
+
+void FormWindow::CellClicked(Grid& grid, int row, int col) {
+  if (&grid != &fgDetails || col != fgDetails.ColIndex("ICON")) return;
+  if (row < kFirstLine || row >= fgDetails.Rows()) return;
+  const FormLine& line = spec_.lines[static_cast<std::size_t>(row - kFirstLine)];
+  if (line.help) line.help(*this);
+}
+
+// ---- Changing it
+
+bool FormWindow::MayEditLine(int row) const {
+  return fgDetails.TextMatrix(row, "EDIT") == "Y" && cSentToHA.Text().empty();
+}
+
+void FormWindow::FigureEdited(int row) {
+  const std::string_view key = spec_.lines[static_cast<std::size_t>(row - kFirstLine)].key;
+  working_.SetTextMatrix(kWorkingRow, key, fgDetails.TextMatrix(row, "VALUE"));
+  Recalculate(key);
+  figuresChanged_ = true;
+  ShowFigures();
+}
+
+// Windows opened from this one may have removed or sorted rows; -1 when the form is gone.
+int FormWindow::Row() const {
+  const auto isForm = [&](int row) {
+    return row < table_.Rows() && !table_.IsSubtotal(row) &&
+           table_.TextMatrix(row, "MONTH") == cMonth.Text() &&
+           table_.TextMatrix(row, "PRACTICE") == PracticeId();
+  };
+  if (isForm(openedRow_)) return openedRow_;
+  for (int row = table_.FixedRows(); row < table_.Rows(); ++row)
+    if (isForm(row)) return row;
+  return -1;
+}
+
+void FormWindow::TakeFields() {
+  for (int col = 0; col < working_.Cols(); ++col)
+    if (const Field* field = FindField("c" + working_.ColKey(col)))
+      working_.SetTextMatrix(kWorkingRow, col, field->Text());
+}
+
+void FormWindow::Ok() {
+  Answer recreate = Answer::No;
+  if (figuresChanged_)
+    recreate = ShowMessage(
+        ledger, "Recreate Pension Form",
+        "The figures have been changed but a PDF form with the new figures has not been created "
+        "yet.\\n\\nDo you want to recreate the pension form now?",
+        Buttons::YesNoCancel, Icon::Question);
+  if (recreate == Answer::Cancel) return;
+  Store();
+  if (recreate == Answer::Yes) FormPrinter(ledger).Write(spec_.kind, MonthKey(), PracticeId());
+  Close();
+}
+
+void FormWindow::Store() {
+  const int row = Row();
+  if (row < 0) return;
+  TakeFields();
+  bool changed = false;
+  for (int col = 0; col < working_.Cols(); ++col) {
+    const std::string& key = working_.ColKey(col);
+    if (key.empty() || table_.TextMatrix(row, key) == Cell(key)) continue;
+    table_.SetTextMatrix(row, key, Cell(key));
+    changed = true;
+  }
+  if (changed) MarkEdited(ledger, table_, row);
+}
+
+void FormWindow::Delete() {
+  TakeFields();
+  if (MayDelete() && DeleteForm()) Close();
+}
+
+}  // namespace lm

@@ -1,0 +1,38 @@
+#include "pension/monthsessions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "pension/months.h"
+#include "records/sessionrules.h"
+
+namespace lm {
+
+MonthSessions::MonthSessions(const Ledger& ledger, std::string monthKey)
+    : ledger_(ledger), monthKey_(std::move(monthKey)) {
+  if (!FirstDayOf(monthKey_)) return;  // damaged dates are of no month
+  const Grid& sessions = ledger.fgSessions;
+  const int startDate = sessions.ColIndex("SDATE");
+  const int practice = sessions.ColIndex("PRACTICE");
+  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
+    if (sessions.IsSubtotal(row)) continue;
+    if (MonthKeyOf(sessions.TextMatrix(row, startDate)) != monthKey_) continue;
+    std::string practiceId = sessions.TextMatrix(row, practice);
+    if (practiceId.empty()) continue;
+    all_.push_back(row);
+    byPractice_[std::move(practiceId)].push_back(row);
+  }
+}
+
+const std::vector<int>& MonthSessions::Of(const std::string& practiceId) const {
+  static const std::vector<int> kNone;
+  const auto found = byPractice_.find(practiceId);
+  return found == byPractice_.end() ? kNone : found->second;
+}
+
+bool MonthSessions::HasType(int sessionType, const std::string& practiceId) const {
+  return std::ranges::any_of(practiceId.empty() ? all_ : Of(practiceId),
+                             [&](int row) { return SessionTypeOf(ledger_, row) == sessionType; });
+}
+
+}  // namespace lm

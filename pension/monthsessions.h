@@ -1,0 +1,32 @@
+// The sessions that begin in one month, found once for all the forms of that month. Rows added,
+// removed or sorted, and start dates or practices changed, make it stale.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "core/ledger.h"
+
+namespace lm {
+
+class MonthSessions {
+ public:
+  MonthSessions(const Ledger& ledger, std::string monthKey);
+
+  const std::string& Month() const { return monthKey_; }
+  // Rows of fgSessions in the order of the table, group rows and rows without a practice left out.
+  const std::vector<int>& Of(const std::string& practiceId) const;
+  const std::vector<int>& All() const { return all_; }
+  // True when a session of this type is among those of the practice, or among all for "".
+  bool HasType(int sessionType, const std::string& practiceId = "") const;
+
+ private:
+  const Ledger& ledger_;
+  std::string monthKey_;
+  std::vector<int> all_;
+  std::unordered_map<std::string, std::vector<int>> byPractice_;
+};
+
+}  // namespace lm
