@@ -9,6 +9,7 @@
 #include "core/startup.h"
 #include "core/text.h"
 #include "documents/shippedtemplates.h"
+#include "pension/shippedforms.h"
 #include "records/frmWelcome.h"
 #include "shell/frmMain.h"
 
@@ -112,7 +113,9 @@ frmMain* Start(Ledger& ledger, const EntryHooks& hooks, std::string_view command
   if (!LoadGridFile(ledger, ledger.File("Options.dat"), ledger.fgOptions)) return nullptr;
   Progress(ledger, 18, "Setting default options...");
   SetDefaultOptions(ledger);
-  PlaceShippedTemplates(ledger);  // the start goes on without them
+  // The start goes on without them.
+  PlaceShippedTemplates(ledger);
+  PlaceShippedForms(ledger);
   Progress(ledger, 26, "Loading main form...");
   frmMain& window = hooks.createMain();
   SetOption(ledger, optPasswordHash, DigestOf(""));

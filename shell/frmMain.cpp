@@ -1,10 +1,13 @@
 #include "shell/frmMain.h"
 
+#include <algorithm>
+
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "documents/invoicelist.h"
 #include "documents/invoices.h"
+#include "pension/lists.h"
 #include "records/practicelist.h"
 #include "records/sessionlist.h"
 #include "records/windows.h"
@@ -43,6 +46,39 @@ class PageRules : public Rules {
  private:
   frmMain& window_;
   ListPage& page_;
+};
+
+// The rules of a list of pension forms; what they do to sessions shows on the other pages.
+class PensionPageRules : public GridRules {
+ public:
+  PensionPageRules(frmMain& window, Grid& table)
+      : window_(window), rules_(PensionListRules(window.ledger, table)) {}
+
+  bool MayEdit(int row, int col) override { return rules_->MayEdit(row, col); }
+  std::string EditList(const Grid& grid, int row, int col) override {
+    return rules_->EditList(grid, row, col);
+  }
+  Picker PickerOf(int row, int col) override { return rules_->PickerOf(row, col); }
+  std::optional<std::string> Accept(int row, int col, std::string_view text) override {
+    return rules_->Accept(row, col, text);
+  }
+  void Edited(int row, int col) override { rules_->Edited(row, col); }
+  void Opened(int row) override {
+    window_.ChangeRecords([&] { rules_->Opened(row); });
+  }
+  void AddPressed() override {
+    window_.ChangeRecords([&] { rules_->AddPressed(); });
+  }
+  void DeletePressed(int row) override {
+    window_.ChangeRecords([&] { rules_->DeletePressed(row); });
+  }
+  std::vector<MenuEntry> ContextMenu(int row) override {
+    return window_.RunningThroughChanges(rules_->ContextMenu(row));
+  }
+
+ private:
+  frmMain& window_;
+  std::unique_ptr<GridRules> rules_;
 };
 
 namespace {
@@ -91,14 +127,11 @@ frmMain::frmMain(Ledger& theLedger, WindowCatalogue& windows)
   BuildShortcutBar();
   BuildSessionsPage();
   BuildInvoicesPage();
+  BuildPensionPage();
   BuildPracticesPage();
   BuildMyDetailsPage();
   BuildLists();
   BuildCommands();
-  tabForm.onEntered = [this] {
-    CallLayOut(false);
-    return true;
-  };
   RefreshCommands();
 }
 
@@ -161,6 +194,34 @@ void frmMain::BuildInvoicesPage() {
   };
 }
 
+void frmMain::BuildPensionPage() {
+  for (Grid* table : PensionTables())
+    pensionRules_.push_back(std::make_unique<PensionPageRules>(*this, *table));
+  tabForm.onEntered = [this] {
+    PensionTabChosen();
+    return true;
+  };
+  const auto rules = [this]() -> GridRules& {
+    return *pensionRules_[static_cast<std::size_t>(tabForm.Selected())];
+  };
+  cmdAddPensionForm.onPressed = [this, rules] {
+    rules().AddPressed();
+    if (tabForm.Selected() == kTabPayments && ledger.fgPensionPayments.HasData())
+      RequestCellEdit(ledger.fgPensionPayments, ledger.fgPensionPayments.Row(),
+                      ledger.fgPensionPayments.Col());
+  };
+  cmdEditPensionForm.onPressed = [this] { EditSelectedForm(); };
+  cmdViewPensionForm.SetText("View Form");
+  cmdViewPensionForm_Options.SetToolTip("Open or recreate the form's document");
+  for (Button* button : {&cmdViewPensionForm, &cmdViewPensionForm_Options})
+    button->onPressed = [this] { OpenSelectedDocument(false); };
+  cmdDeletePensionForm.onPressed = [this, rules] {
+    rules().DeletePressed(
+        SelectedRow(*PensionTables()[static_cast<std::size_t>(tabForm.Selected())]));
+  };
+  PensionTabChosen();
+}
+
 void frmMain::BuildPracticesPage() {
   Grid& practices = ledger.fgPractices;
   cmdAddPractice.SetText("Add Practice");
@@ -185,10 +246,13 @@ void frmMain::BuildMyDetailsPage() {
     field = std::make_unique<TextField>(this, "txtMyDetails" + PlainText(i));
     field->onEntered = [this, i, text = field.get()] {
       SetMyDetail(ledger, i, text->Text());
+      lblMyDetailsHint.SetText(MyDetailHint(i, text->Text()));
+      lblMyDetailsHint.SetVisible(!lblMyDetailsHint.Text().empty());
       if (i == kMyTitleField) SetWindowTitle();
       return true;
     };
   }
+  lblMyDetailsHint.SetVisible(false);
   LoadMyDetails();
 }
 
@@ -199,6 +263,10 @@ void frmMain::BuildLists() {
     if (table == &ledger.fgSessions) rules = sessionRules_.get();
     if (table == &ledger.fgInvoices) rules = invoiceRules_.get();
     if (table == &ledger.fgPractices) rules = practiceRules_.get();
+    const auto tables = PensionTables();
+    const auto pension = std::ranges::find(tables, table);
+    if (pension != tables.end())
+      rules = pensionRules_[static_cast<std::size_t>(pension - tables.begin())].get();
     AddGrid(*table, rules);
   }
 }
@@ -252,6 +320,11 @@ void frmMain::fgMenu_Click() {
     ShowCurrentSessionsTip(ledger);
 }
 
+std::array<Grid*, 6> frmMain::PensionTables() const {
+  return {&ledger.fgPensionA, &ledger.fgPensionB, &ledger.fgPensionSolo,
+          &ledger.fgPensionC, &ledger.fgPensionD, &ledger.fgPensionPayments};
+}
+
 Grid* frmMain::PageGrid() const {
   switch (CurrentPage()) {
     case Page::Sessions:
@@ -264,11 +337,8 @@ Grid* frmMain::PageGrid() const {
       return &ledger.fgPractices;
     case Page::Expenses:
       return &ledger.fgExpenses;
-    case Page::Pension: {
-      Grid* const tables[] = {&ledger.fgPensionA, &ledger.fgPensionB, &ledger.fgPensionSolo,
-                              &ledger.fgPensionC, &ledger.fgPensionD, &ledger.fgPensionPayments};
-      return tables[tabForm.Selected()];
-    }
+    case Page::Pension:
+      return PensionTables()[static_cast<std::size_t>(tabForm.Selected())];
     case Page::Calendar:
     case Page::Reports:
     case Page::MyDetails:
@@ -356,6 +426,42 @@ void frmMain::OpenSelectedInvoice(bool recreate) {
 void frmMain::ChangeSelectedSession(bool (*change)(Ledger& ledger, const std::string& id)) {
   const std::string id = SelectedId(ledger.fgSessions, "Invoice", "There is no session selected.");
   if (!id.empty()) ChangeRecords([&] { change(ledger, id); });
+}
+
+std::vector<MenuEntry> frmMain::RunningThroughChanges(std::vector<MenuEntry> entries) {
+  for (MenuEntry& entry : entries)
+    if (entry.run) entry.run = [this, run = std::move(entry.run)] { ChangeRecords(run); };
+  return entries;
+}
+
+// Pension page
+
+void frmMain::PensionTabChosen() {
+  const bool payments = tabForm.Selected() == kTabPayments;
+  cmdAddPensionForm.SetText(payments ? "Add Payment" : "Prepare Pension Forms");
+  cmdDeletePensionForm.SetText(payments ? "Delete Payment" : "Delete Form");
+  cmdEditPensionForm.SetText("Edit Form");
+  for (Button* button : {&cmdEditPensionForm, &cmdViewPensionForm, &cmdViewPensionForm_Options})
+    button->SetEnabled(!payments);
+  CallLayOut(false);
+}
+
+void frmMain::EditSelectedForm() {
+  const Grid& table = *PensionTables()[static_cast<std::size_t>(tabForm.Selected())];
+  const std::string title = "Edit " + tabForm.Text();
+  const int row = SelectedRow(table);
+  if (row < 0)
+    ShowMessage(ledger, title, "Select a pension form to view by clicking on any row.");
+  else if (table.IsSubtotal(row))
+    ShowMessage(ledger, title, "Select an ungrouped row.");
+  else
+    RulesOf(table)->Opened(row);
+}
+
+void frmMain::OpenSelectedDocument(bool recreate) {
+  if (CurrentPage() != Page::Pension) return OpenSelectedInvoice(recreate);
+  const Grid& table = *PageGrid();
+  OpenDocumentOfRow(ledger, table, SelectedRow(table), recreate);
 }
 
 }  // namespace lm

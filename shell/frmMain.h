@@ -82,16 +82,25 @@ class frmMain : public Screen {
   Button cmdViewInvoice_Options{this, "cmdViewInvoice_Options"};  // the view: drops mnuPopDocument
   Button cmdDeleteInvoice{this, "cmdDeleteInvoice"};
 
-  // Pension page: the tables stay read-only for now. The tab chooses PageGrid. The tabs of the
-  // retired Forms C and D show only to users who have such forms.
+  // Pension page. The tab chooses PageGrid. The tabs of the retired Forms C and D show only to
+  // users who have such forms.
   static constexpr int kTabFormC = 3;
   static constexpr int kTabFormD = 4;
+  static constexpr int kTabPayments = 5;
   TabField tabForm{
       this, "tabForm", {"Form A", "Form B", "Form SOLO", "Form C", "Form D", "Payments"}};
+
+  Button cmdAddPensionForm{this, "cmdAddPensionForm"};  // on the tab of payments: adds one
+  Button cmdEditPensionForm{this, "cmdEditPensionForm"};
+  Button cmdViewPensionForm{this, "cmdViewPensionForm"};
+  Button cmdViewPensionForm_Options{this,
+                                    "cmdViewPensionForm_Options"};  // as cmdViewInvoice_Options
+  Button cmdDeletePensionForm{this, "cmdDeletePensionForm"};
 
   // My Details page (shell/mydetails.h: captions, order, tabs). Every field can be written to
   // whatever tab is in front; the view places it on the page of its tab.
   LabelField lblMyName{this, "lblMyName"};
+  LabelField lblMyDetailsHint{this, "lblMyDetailsHint"};  // what cannot fit the boxes of the forms
   TabField tabMyDetails;
   std::array<std::unique_ptr<TextField>, kMyDetailsFields> txtMyDetails;  // by field number
 
@@ -152,6 +161,7 @@ class frmMain : public Screen {
   void BuildCommands();
   void BuildSessionsPage();
   void BuildInvoicesPage();
+  void BuildPensionPage();
   void BuildPracticesPage();
   void BuildMyDetailsPage();
   void BuildLists();
@@ -174,6 +184,12 @@ class frmMain : public Screen {
   std::string SelectedId(const Grid& grid, std::string_view mainPrompt,
                          std::string_view minorPrompt);
   void OpenSelectedInvoice(bool recreate);
+  std::array<Grid*, 6> PensionTables() const;  // in the order of tabForm
+  // Menu entries whose acts go through ChangeRecords.
+  std::vector<MenuEntry> RunningThroughChanges(std::vector<MenuEntry> entries);
+  void OpenSelectedDocument(bool recreate);  // an invoice or a pension form
+  void PensionTabChosen();
+  void EditSelectedForm();
   void ChangeSelectedSession(bool (*change)(Ledger& ledger, const std::string& id));
 
   struct PageCommands {  // the page's own buttons, for the keys that act on the current page
@@ -198,6 +214,7 @@ class frmMain : public Screen {
 
   template <typename Rules>
   friend class PageRules;
+  friend class PensionPageRules;
 
   WindowCatalogue& windows_;
   std::vector<std::unique_ptr<Button>> commands_;
@@ -209,6 +226,7 @@ class frmMain : public Screen {
   ListPage invoicesPage_;
   std::unique_ptr<GridRules> sessionRules_;
   std::unique_ptr<GridRules> invoiceRules_;
+  std::vector<std::unique_ptr<GridRules>> pensionRules_;  // in the order of tabForm
   std::unique_ptr<PracticeListRules> practiceRules_;
   bool shortcutBarVisible_ = true;
 };

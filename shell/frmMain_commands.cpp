@@ -4,6 +4,7 @@
 #include "core/platform.h"
 #include "core/shortcuts.h"
 #include "documents/invoices.h"
+#include "pension/windows.h"
 #include "shell/frmMain.h"
 
 namespace lm {
@@ -52,13 +53,14 @@ void frmMain::SetHandlers() {
   handlers_["mnuPrint"] = [this] { Print(); };
   handlers_["mnuNewSession"] = [this] { Press(cmdAddSession); };
   handlers_["mnuNewInvoices"] = [this] { Press(cmdAddInvoice); };
-  handlers_["mnuPopOpenDocument"] = [this] { OpenSelectedInvoice(false); };
-  handlers_["mnuPopRecreateAndOpenDocument"] = [this] { OpenSelectedInvoice(true); };
+  handlers_["mnuPopOpenDocument"] = [this] { OpenSelectedDocument(false); };
+  handlers_["mnuPopRecreateAndOpenDocument"] = [this] { OpenSelectedDocument(true); };
   handlers_["mnuPopInv_DeleteInvoice"] = [this] { Press(cmdDeleteInvoice); };
   handlers_["mnuPopCal_AddToInvoice"] = [this] { ChangeSelectedSession(AddSessionToInvoice); };
   handlers_["mnuPopCal_RemoveFromInvoice"] = [this] {
     ChangeSelectedSession(RemoveSessionFromInvoice);
   };
+  handlers_["mnuNewPensionForms"] = [this] { ChangeRecords([this] { OpenPensionForms(ledger); }); };
   handlers_["mnuNewPractice"] = [this] { Press(cmdAddPractice); };
   handlers_["mnuViewShortcutBar"] = [this] { ToggleShortcutBar(); };
   handlers_["mnuCalculator"] = [this] { ledger.platform.system.StartCalculator(); };
@@ -74,6 +76,8 @@ frmMain::PageCommands frmMain::CommandsOfPage() {
       return {&cmdAddSession, &cmdEditSession, &cmdDeleteSession};
     case Page::Invoices:
       return {&cmdAddInvoice, &cmdEditInvoice, &cmdDeleteInvoice};
+    case Page::Pension:
+      return {&cmdAddPensionForm, &cmdEditPensionForm, &cmdDeletePensionForm};
     case Page::Practices:
       return {&cmdAddPractice, &cmdEditPractice, &cmdDeletePractice};
     default:
@@ -93,8 +97,9 @@ void frmMain::RefreshCommands() {
     if (command.name == "mnuNewItem" || command.name == "mnuEditItem" ||
         command.name == "mnuDeleteItem")
       enabled = pageHasItems;
-    if (command.name.starts_with("mnuPopInv_") || command.name.ends_with("OpenDocument"))
-      enabled = CurrentPage() == Page::Invoices;
+    if (command.name.starts_with("mnuPopInv_")) enabled = CurrentPage() == Page::Invoices;
+    if (command.name.ends_with("OpenDocument"))
+      enabled = CurrentPage() == Page::Invoices || CurrentPage() == Page::Pension;
     if (command.name == "mnuPopCal_AddToInvoice" || command.name == "mnuPopCal_RemoveFromInvoice")
       enabled = CurrentPage() == Page::Sessions;
     if (command.name == "mnuPrint") enabled = !PageGrid() || printGrid;

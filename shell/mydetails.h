@@ -22,6 +22,10 @@ struct MyDetailSpec {
 // In the order in which they stand on the page.
 extern const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs;
 
+// What to look at when the text cannot fit the boxes of the pension forms; "" when it can, or when
+// the field has no fixed shape.
+std::string MyDetailHint(int field, std::string_view text);
+
 // "" for a number outside 0 to 20.
 std::string_view MyDetailCaption(int field);
 

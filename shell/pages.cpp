@@ -13,9 +13,7 @@ const std::array<PageSpec, kPageColumns - 1> kPages{{
     {Page::Reports, "Reports", "reports", "mnuViewReports", "",
      "The reports are not available in this version yet."},
     {Page::Practices, "Practices", "practices", "mnuViewPractices", "cmdPracticePage", ""},
-    {Page::Pension, "Pension", "pension", "mnuViewPension", "cmdPensionPage",
-     "Your pension forms and payments are listed here. They cannot be created or changed in this "
-     "version yet."},
+    {Page::Pension, "Pension", "pension", "mnuViewPension", "cmdPensionPage", ""},
     {Page::Expenses, "Expenses", "expenses", "mnuViewExpenses", "",
      "Your general expenses are listed here. They cannot be added or changed in this version yet."},
     {Page::MyDetails, "My Details", "mydetails", "mnuViewMyDetails", "", ""},

@@ -1,6 +1,7 @@
 #include "shell/windows.h"
 
 #include "documents/windows.h"
+#include "pension/windows.h"
 #include "records/windows.h"
 
 namespace lm {
@@ -8,6 +9,7 @@ namespace lm {
 void AddWindows(WindowCatalogue& catalogue) {
   AddRecordWindows(catalogue);
   AddDocumentWindows(catalogue);
+  AddPensionWindows(catalogue);
 }
 
 }  // namespace lm

@@ -22,6 +22,19 @@ constexpr int kTextMargin = 4;  // pixels between a cell's edge and its text
 constexpr int kExpanderWidth = 22;
 constexpr int kLevelIndent = 14;
 constexpr int kNarrowestEditor = 104;
+constexpr int kPicture = 16;
+
+QRect PicturePlace(const QRect& cell) {
+  QRect place(0, 0, kPicture, kPicture);
+  place.moveCenter(cell.center());
+  return place;
+}
+
+// A line of totals may stand alone.
+bool HasRowsBelow(const Grid& grid, int group) {
+  return group + 1 < grid.Rows() && (!grid.IsSubtotal(group + 1) ||
+                                     grid.RowOutlineLevel(group + 1) > grid.RowOutlineLevel(group));
+}
 
 }  // namespace
 
@@ -33,12 +46,20 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
   QStyledItemDelegate::initStyleOption(option, index);
   option->font.setFamily(view_->Style().font.family());
   option->font.setPointSizeF(view_->Style().font.pointSizeF());
-  option->text.replace(u'\n', u' ').remove(u'\r');
+  option->text.remove(u'\r');
+  if (!view_->Wraps(index.column())) option->text.replace(u'\n', u' ');
   option->state &= ~QStyle::State_HasFocus;
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * kTextMargin, 0);
+}
+
+int GridDelegate::TextHeight(const QModelIndex& index, int width) const {
+  QStyleOptionViewItem cell;
+  initStyleOption(&cell, index);
+  const QRect place(0, 0, std::max(width - 2 * kTextMargin, 1), 0);
+  return QFontMetrics(cell.font).boundingRect(place, Qt::TextWordWrap, cell.text).height();
 }
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -59,7 +80,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool group = view_->IsGroup(row) && index.column() == model.FirstColumn();
   QRect place = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
   if (group) {
-    PaintExpander(*painter, option, row);
+    if (HasRowsBelow(*view_->Shown(), row)) PaintExpander(*painter, option, row);
     place.setLeft(option.rect.left() + kExpanderWidth +
                   kLevelIndent * (view_->Shown()->RowOutlineLevel(row) - 1));
   }
@@ -70,9 +91,17 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setFont(cell.font);
   painter->setPen(
       cell.palette.color(colours, selected ? QPalette::HighlightedText : QPalette::Text));
-  painter->drawText(place, static_cast<int>(cell.displayAlignment) | Qt::TextSingleLine,
-                    QFontMetrics(cell.font).elidedText(text, Qt::ElideRight, place.width()));
+  const int alignment = static_cast<int>(cell.displayAlignment);
+  if (view_->Wraps(index.column()))
+    painter->drawText(place, alignment | Qt::TextWordWrap, text);
+  else
+    painter->drawText(place, alignment | Qt::TextSingleLine,
+                      QFontMetrics(cell.font).elidedText(text, Qt::ElideRight, place.width()));
   painter->restore();
+  if (const QString picture = model.PictureOf(row, index.column()); !picture.isEmpty())
+    LineIcon(picture, cell.palette.color(QPalette::Text))
+        .paint(painter, PicturePlace(option.rect), Qt::AlignCenter,
+               selected ? QIcon::Selected : QIcon::Normal);
   PaintLines(*painter, option.rect);
   if (selected && view_->hasFocus() && index == view_->currentIndex() && !group) {
     painter->setPen(cell.palette.color(QPalette::HighlightedText));

@@ -24,6 +24,8 @@ class GridDelegate : public QStyledItemDelegate {
   void Opened();
   // True when no editor is open afterwards.
   bool Commit();
+  // Of a cell's text in a column of this width, on as many lines as it takes; in pixels.
+  int TextHeight(const QModelIndex& index, int width) const;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;

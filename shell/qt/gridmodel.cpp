@@ -90,9 +90,17 @@ bool GridModel::HasTick(int gridRow, int col) const {
   return grid_ && !grid_->Cell(CellSetting::flexcpChecked, gridRow, col).empty();
 }
 
-int GridModel::TickColumn(int gridRow) const {
+QString GridModel::PictureOf(int gridRow, int col) const {
+  return grid_ ? ToQt(grid_->Cell(CellSetting::flexcpPicture, gridRow, col)) : QString();
+}
+
+bool GridModel::IsPressed(int gridRow, int col) const {
+  return HasTick(gridRow, col) || !PictureOf(gridRow, col).isEmpty();
+}
+
+int GridModel::PressedColumn(int gridRow) const {
   for (int col = firstColumn_; col < columns_; ++col)
-    if (HasTick(gridRow, col)) return col;
+    if (IsPressed(gridRow, col)) return col;
   return -1;
 }
 
@@ -154,7 +162,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return ToQt(ShownText(row, col));
     case Qt::ToolTipRole:
+      if (!PictureOf(row, col).isEmpty()) return tr("More about this line (space bar)");
       return ToQt(Replace(ShownText(row, col), "\r", ""));
+    case Qt::AccessibleTextRole:
+      return PictureOf(row, col).isEmpty() ? QVariant() : tr("More about this line");
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(row, col));
     case Qt::CheckStateRole: {

@@ -27,9 +27,13 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   bool HasMarker() const;
   // The first column that shows something: where a group's title stands.
   int FirstColumn() const { return firstColumn_; }
-  // The column of this row that holds a box to tick; -1 for none.
-  int TickColumn(int gridRow) const;
   bool HasTick(int gridRow, int col) const;
+  // The name of the picture in a cell; "" for none.
+  QString PictureOf(int gridRow, int col) const;
+  // A box to tick or a picture to press.
+  bool IsPressed(int gridRow, int col) const;
+  // The column of this row that holds one; -1 for none.
+  int PressedColumn(int gridRow) const;
   // The first column behind a group's title that holds a figure.
   int TitleEnd(int gridRow) const;
   void SetEditable(bool editable) { editable_ = editable; }

@@ -110,16 +110,17 @@ void GridView::ReadLayout() {
   ReadStyle();
   reading_ = true;
   QHeaderView* header = horizontalHeader();
-  header->setVisible(grid->FixedRows() > 0);
+  header->setVisible(HasCaptions());
   for (int col = 0; col < grid->Cols(); ++col) {
     const bool shown = grid->ColVisible(col);
     header->setSectionHidden(col, !shown);
     if (!shown) continue;
     const bool marker = model_->HasMarker() && col == 0;
-    header->setSectionResizeMode(col, choice_  ? QHeaderView::Stretch
-                                      : marker ? QHeaderView::Fixed
-                                               : QHeaderView::Interactive);
-    if (!choice_) header->resizeSection(col, ColumnWidth(col));
+    const bool stretches = choice_ || Wraps(col);
+    header->setSectionResizeMode(col, stretches ? QHeaderView::Stretch
+                                      : marker  ? QHeaderView::Fixed
+                                                : QHeaderView::Interactive);
+    if (!stretches) header->resizeSection(col, ColumnWidth(col));
   }
   header->setFixedHeight(HeaderHeight());
   ReadRows();
@@ -136,10 +137,27 @@ void GridView::ReadRows() {
     verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     return;
   }
+  const int wrapped = Named(wrappedColumn_);
   for (int shown = 0; shown < model_->rowCount(); ++shown) {
     const int twips = grid->RowHeight(model_->GridRow(model_->index(shown, 0)));
-    if (twips >= 0) verticalHeader()->resizeSection(shown, TwipsToPixels(twips, logicalDpiY()));
+    if (twips >= 0)
+      verticalHeader()->resizeSection(shown, TwipsToPixels(twips, logicalDpiY()));
+    else if (wrapped >= 0)
+      verticalHeader()->resizeSection(
+          shown,
+          kRowPadding + delegate_->TextHeight(model_->index(shown, wrapped), columnWidth(wrapped)));
   }
+}
+
+bool GridView::HasCaptions() const {
+  const Grid& grid = *Shown();
+  for (int col = 0; col < grid.Cols() && grid.FixedRows() > 0; ++col)
+    if (grid.ColVisible(col) && !grid.TextMatrix(0, col).empty()) return true;
+  return false;
+}
+
+int GridView::Named(const QString& key) const {
+  return key.isEmpty() || !Shown() ? -1 : Shown()->ColIndex(FromQt(key));
 }
 
 void GridView::ReadSpans() {
@@ -227,6 +245,7 @@ int GridView::HeaderHeight() const {
 
 void GridView::HeaderSized(int col, int pixels) {
   if (reading_ || choice_ || !Shown() || pixels <= 0) return;
+  if (Wraps(col)) return;
   model_->IgnoreLayout(true);
   Shown()->SetColWidth(col, PixelsToTwips(pixels, logicalDpiX()));
   model_->IgnoreLayout(false);
@@ -268,6 +287,13 @@ void GridView::OpenRow(int gridRow) {
     rules_->Opened(gridRow);
 }
 
+// A longer text may need a taller row.
+void GridView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                           const QList<int>& roles) {
+  QTableView::dataChanged(topLeft, bottomRight, roles);
+  if (!wrappedColumn_.isEmpty()) ReadRows();
+}
+
 // Editing
 
 void GridView::EditCellAt(int gridRow, int col, const std::optional<QString>& typed) {
@@ -291,7 +317,8 @@ bool GridView::CommitEditor() { return delegate_->Commit(); }
 
 bool GridView::HandleKey(const QKeyEvent& event) {
   const int row = CurrentRow();
-  const int col = currentIndex().column();
+  const int typed = Named(typedColumn_);
+  const int col = typed >= 0 ? typed : currentIndex().column();
   const bool plain =
       !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
   if (!plain) return false;
@@ -323,8 +350,8 @@ bool GridView::HandleKey(const QKeyEvent& event) {
       SetGroupOpen(row, event.key() == Qt::Key_Plus || event.key() == Qt::Key_Right);
       return true;
     case Qt::Key_Space:
-      if (const int tick = model_->TickColumn(row); tick >= 0) {
-        screen_->CellClicked(*Shown(), row, tick);
+      if (const int pressed = model_->PressedColumn(row); pressed >= 0) {
+        screen_->CellClicked(*Shown(), row, pressed);
         return true;
       }
       if (choice_ || IsGroup(row)) {
@@ -373,7 +400,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || indexAt(event->pos()) != currentIndex()) return;
   if (choice_)
     OpenRow(CurrentRow());
-  else if (model_->HasTick(CurrentRow(), currentIndex().column()))
+  else if (model_->IsPressed(CurrentRow(), currentIndex().column()))
     screen_->CellClicked(*Shown(), CurrentRow(), currentIndex().column());
   else if (wasCurrent_ && rules_ && !IsGroup(CurrentRow()))
     slowClick_.start(QApplication::doubleClickInterval(), this);
@@ -385,6 +412,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(event->pos());
   const int row = model_->GridRow(index);
   if (event->button() != Qt::LeftButton || row < 0 || choice_) return;
+  if (model_->IsPressed(row, index.column())) return;
   if (editsInPlace_)
     EditCellAt(row, index.column());
   else if (!IsGroup(row))
@@ -435,6 +463,11 @@ void GridView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   const bool look = event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
   if (look && !reading_) ReadStyle();
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (Named(wrappedColumn_) >= 0) ReadRows();
 }
 
 void GridView::paintEvent(QPaintEvent* event) {

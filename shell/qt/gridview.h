@@ -28,6 +28,10 @@ class GridView : public QTableView {
   Q_PROPERTY(bool hidesWhenEmpty MEMBER hidesWhenEmpty_)
   // The last column takes the room that the others leave.
   Q_PROPERTY(bool fillsWidth READ FillsWidth WRITE SetFillsWidth)
+  // The column of this key takes the room that the others leave, and rows grow with its texts.
+  Q_PROPERTY(QString wrappedColumn MEMBER wrappedColumn_)
+  // What is typed goes to the column of this key, wherever in the row the cursor stands.
+  Q_PROPERTY(QString typedColumn MEMBER typedColumn_)
   // What stands in the middle of an empty list.
   Q_PROPERTY(QString emptyText MEMBER emptyText_)
 
@@ -59,6 +63,8 @@ class GridView : public QTableView {
   void ReadStyle();
 
  protected:
+  void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                   const QList<int>& roles) override;
   void keyPressEvent(QKeyEvent* event) override;
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -67,6 +73,7 @@ class GridView : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   int sizeHintForColumn(int column) const override;
@@ -77,6 +84,10 @@ class GridView : public QTableView {
   void ReadLayout();
   void ReadRows();
   void ReadSpans();
+  bool HasCaptions() const;
+  // A column named by a property; -1 when it names none.
+  int Named(const QString& key) const;
+  bool Wraps(int col) const { return col >= 0 && col == Named(wrappedColumn_); }
   void ReadCursor();
   int ColumnWidth(int col);
   int HeaderHeight() const;
@@ -101,6 +112,7 @@ class GridView : public QTableView {
   bool editsInPlace_ = false;
   bool choice_ = false;
   bool hidesWhenEmpty_ = false;
+  QString wrappedColumn_, typedColumn_;
   QString emptyText_;
 };
 

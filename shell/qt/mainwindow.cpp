@@ -63,6 +63,7 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
   binder_ = std::make_unique<Binder>(*this, screen);
   BindLists();
   DropMenu("mnuPopDocument", screen.cmdViewInvoice_Options);
+  DropMenu("mnuPopDocument", screen.cmdViewPensionForm_Options);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   showCaption();
   binder_->onCaptionChanged = showCaption;
@@ -141,7 +142,7 @@ void MainWindow::DropMenu(const char* name, const Field& field) {
   auto* button = qobject_cast<QAbstractButton*>(binder_->WidgetOf(field));
   if (node == menus.end() || !button) return;
   auto* menu = new QMenu(this);
-  menu->setObjectName(name);
+  menu->setObjectName(button->objectName() + "_Menu");
   AddMenuNodes(*menu, node->children);
   disconnect(button, &QAbstractButton::clicked, binder_.get(), nullptr);
   connect(button, &QAbstractButton::clicked, this, [this, button, menu] {

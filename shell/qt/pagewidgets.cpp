@@ -38,6 +38,11 @@ constexpr ButtonSpec kInvoiceButtons[] = {{"cmdAddInvoice", "plus"},
                                           {"cmdViewInvoice", "pdf"},
                                           {"cmdViewInvoice_Options", "down", true},
                                           {"cmdDeleteInvoice", "delete"}};
+constexpr ButtonSpec kPensionButtons[] = {{"cmdAddPensionForm", "plus"},
+                                          {"cmdEditPensionForm", "edit"},
+                                          {"cmdViewPensionForm", "pdf"},
+                                          {"cmdViewPensionForm_Options", "down", true},
+                                          {"cmdDeletePensionForm", "delete"}};
 constexpr ButtonSpec kPracticeButtons[] = {
     {"cmdAddPractice", "plus"}, {"cmdEditPractice", "edit"}, {"cmdDeletePractice", "delete"}};
 
@@ -58,12 +63,19 @@ constexpr ListSpec kInvoices{"fgInvoices", "Invoices",
                              "with the green plus."};
 constexpr ListSpec kExpenses{"fgExpenses", "Expenses", "There are no general expenses."};
 constexpr ListSpec kForms[] = {
-    {"fgPensionA", "Forms A", "There are no Forms A."},
-    {"fgPensionB", "Forms B", "There are no Forms B."},
-    {"fgPensionSolo", "Forms SOLO", "There are no Forms SOLO."},
-    {"fgPensionC", "Forms C", "There are no Forms C."},
-    {"fgPensionD", "Forms D", "There are no Forms D."},
-    {"fgPensionPayments", "Pension payments", "There are no pension payments."},
+    {"fgPensionA", "Forms A",
+     "No Forms A yet. They are made from a month's NHS Normal sessions: begin with the green "
+     "plus."},
+    {"fgPensionB", "Forms B",
+     "No Forms B yet. Enter the day each Form A came back from its practice, then make the month's "
+     "Form B with the green plus."},
+    {"fgPensionSolo", "Forms SOLO",
+     "No Forms SOLO yet. They are made from a month's NHS OOH sessions: begin with the green "
+     "plus."},
+    {"fgPensionC", "Forms C", "There are no Forms C. They belong to earlier years."},
+    {"fgPensionD", "Forms D", "There are no Forms D. They belong to earlier years."},
+    {"fgPensionPayments", "Pension payments",
+     "No pension payments yet. Record the first one with the green plus."},
 };
 
 template <typename Widget>
@@ -165,6 +177,7 @@ QWidget* MakePracticesPage() {
 QWidget* MakePensionPage() {
   auto* page = new QWidget;
   QVBoxLayout* column = MakeColumn(page);
+  column->addLayout(MakeButtons(kPensionButtons));
   column->addWidget(MakeTabs("tabForm"));
   auto* stack = Named<QStackedWidget>(kFormStack);
   for (const ListSpec& form : kForms) stack->addWidget(MakeList(form));
@@ -212,6 +225,9 @@ QWidget* MakeMyDetailsPage() {
   for (std::size_t i = 0; i < kMyDetailsTabs.size(); ++i)
     tabs->addTab(MakeDetailsTab(static_cast<MyDetailsTab>(i)), ToQt(kMyDetailsTabs[i]));
   column->addWidget(tabs, 1);
+  auto* hint = Named<QLabel>("lblMyDetailsHint");
+  hint->setWordWrap(true);
+  column->addWidget(hint);
   const auto showFirstBox = [page, tabs] {
     page->setFocusProxy(tabs->currentWidget()->findChild<QLineEdit*>());
   };

@@ -19,6 +19,10 @@
 #include "ui_frmBookingConfirmation.h"
 #include "ui_frmGetPassword.h"
 #include "ui_frmInvoice.h"
+#include "ui_frmPensionA.h"
+#include "ui_frmPensionB.h"
+#include "ui_frmPensionForms.h"
+#include "ui_frmPensionSOLO.h"
 #include "ui_frmPopupCalendar.h"
 #include "ui_frmPopupClock.h"
 #include "ui_frmPopupNumbers.h"
@@ -59,6 +63,10 @@ constexpr ViewSpec kViews[] = {
     {"frmPrepareInvoices", Build<Ui::frmPrepareInvoices>},
     {"frmInvoice", Build<Ui::frmInvoice>},
     {"frmBookingConfirmation", Build<Ui::frmBookingConfirmation>},
+    {"frmPensionForms", Build<Ui::frmPensionForms>},
+    {"frmPensionA", Build<Ui::frmPensionA>},
+    {"frmPensionB", Build<Ui::frmPensionB>},
+    {"frmPensionSOLO", Build<Ui::frmPensionSOLO>},
     {"frmGetPassword", Build<Ui::frmGetPassword>},
     {"frmPopupCalendar", Build<Ui::frmPopupCalendar>, ViewKind::Popup},
     {"frmPopupClock", Build<Ui::frmPopupClock>, ViewKind::Popup},

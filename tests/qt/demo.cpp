@@ -3,8 +3,15 @@
 #include "core/formatting.h"
 #include "core/options.h"
 #include "core/rows.h"
+#include "pension/forms.h"
+#include "pension/shippedforms.h"
 
 namespace lm::test {
+namespace {
+
+constexpr int kSchemeNumberField = 18;
+
+}  // namespace
 
 void FillDemo(TestLedger& test) {
   Ledger& ledger = test.ledger;
@@ -90,6 +97,32 @@ void FillDemo(TestLedger& test) {
   test.AddRow(ledger.fgSessionExpenses,
               {"SESSID=6", "ITEM=Mileage charge to and from Practice", "CATEGORY=0", "RATE=5.00"});
   FormatTables(ledger);
+}
+
+void FillPensionDemo(TestLedger& test) {
+  Ledger& ledger = test.ledger;
+  for (const char* folder : {"Form Templates", "Pension Forms"})
+    std::filesystem::create_directories(ledger.File(folder));
+  PlaceShippedForms(ledger);
+  SetMyDetail(ledger, kSchemeNumberField, "SD 04 3317 B");
+  FormPrinter printer(ledger);
+  for (const char* month : {"012026", "022026"})
+    CreateFormsA(ledger, printer, MonthSessions(ledger, month));
+  Grid& formsA = ledger.fgPensionA;
+  const auto set = [&](const char* practice, const char* key, const char* text) {
+    formsA.SetTextMatrix(FormARow(ledger, practice, "012026"), key, text);
+  };
+  for (const char* practice : {"1", "2"}) set(practice, "SENTTOPRACTICE", "01/02/2026");
+  set("1", "RCVDFROMPRACTICE", "02/02/2026");
+  set("2", "NOTES", "Rang on Monday for the signed form.");
+  CreateFormB(ledger, printer, "022026");
+  CreateFormsSolo(ledger, printer, MonthSessions(ledger, "012026"));
+  const Grid& formsSolo = ledger.fgPensionSolo;
+  test.AddRow(
+      ledger.fgPensionPayments,
+      {"MONTH=01/01/2026", "FORM=SOLO", "PRACTICE=3",
+       "AMOUNT=" + formsSolo.TextMatrix(FormSoloRow(ledger, "3", "012026"), "TOTAL_CONTRIB"),
+       "PAYDATE=03/02/2026", "METHOD=BACS"});
 }
 
 }  // namespace lm::test

@@ -9,4 +9,9 @@ namespace lm::test {
 // edited, invoiced or on a form, with extras and expenses; three invoices: paid, sent and not sent.
 void FillDemo(TestLedger& ledger);
 
+// On top of it, the pension month: Forms A of January sent to their practices, the one of Riverside
+// Surgery back and on the Form B of February; Forms A of February not sent yet; the Form SOLO of
+// January, and the payment for it.
+void FillPensionDemo(TestLedger& ledger);
+
 }  // namespace lm::test

@@ -258,6 +258,53 @@ TEST(GridView, ATickIsShownAndReachesTheScreen) {
   EXPECT_EQ(list.Editor(), nullptr);
 }
 
+TEST(GridView, RowsGrowWithTheWrappedColumn) {
+  ShownList list(2);
+  const int plain = list.view.rowHeight(0);
+  list.screen.grid.SetTextMatrix(2, "NAME", "One line\nand another");
+  list.view.setProperty("wrappedColumn", "NAME");
+  list.screen.grid.SetRowHidden(3, false);
+  list.screen.grid.SetTextMatrix(3, "NAME", std::string(300, 'x') + " " + std::string(10, 'y'));
+  list.screen.AddRow(3);
+  QApplication::processEvents();
+  const int line = QFontMetrics(list.view.Style().font).lineSpacing();
+  EXPECT_GE(list.view.rowHeight(0), plain + line - 2);
+  EXPECT_EQ(list.view.rowHeight(2), plain);
+  EXPECT_EQ(list.view.horizontalHeader()->length(), list.view.viewport()->width())
+      << "the column takes the room that is left";
+  list.screen.grid.SetTextMatrix(4, "NAME",
+                                 "word word word word word word word word word word "
+                                 "word word word word word word word word word word");
+  const int wide = list.view.rowHeight(2);
+  EXPECT_GT(wide, plain) << "a text set later counts too";
+  list.view.resize(420, 400);
+  QApplication::processEvents();
+  EXPECT_GT(list.view.rowHeight(2), wide) << "a narrow list needs more lines";
+}
+
+TEST(GridView, APictureIsPressedAndTypingGoesToItsColumn) {
+  ShownList list;
+  list.view.setProperty("typedColumn", "RATE");
+  list.screen.grid.SetCell(CellSetting::flexcpPicture, 3, 3, "help");
+  QApplication::processEvents();
+  const auto pressed = [&] { return std::exchange(list.screen.clicked, {}); };
+  const std::vector<std::pair<int, int>> once{{3, 3}};
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(1, 3));
+  EXPECT_EQ(pressed(), once);
+  QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(0, 3));
+  EXPECT_TRUE(pressed().empty()) << "no picture there";
+  QTest::mouseDClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(1, 3));
+  EXPECT_TRUE(list.screen.rules.opened.empty()) << "a second press opens no row";
+  pressed();
+  list.view.setCurrentIndex(list.Cell(1, 2));
+  QTest::keyClick(&list.view, Qt::Key_Space);
+  EXPECT_EQ(pressed(), once);
+  QTest::keyClicks(&list.view, "7");
+  ASSERT_NE(list.Editor(), nullptr);
+  QTest::keyClick(list.Editor(), Qt::Key_Return);
+  EXPECT_EQ(list.screen.grid.TextMatrix(3, "RATE"), "7");
+}
+
 TEST(GridView, CaptionsOfTwoLinesStandOnTwo) {
   ShownList list;
   const int height = list.view.horizontalHeader()->height();

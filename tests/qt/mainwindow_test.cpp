@@ -163,7 +163,7 @@ TEST(MainWindow, InvoicesPageOpensDocumentsByButtonAndMenu) {
   list->selectRow(1);
 
   QTest::mouseClick(run.Find<QToolButton>("cmdViewInvoice_Options"), Qt::LeftButton);
-  auto* menu = run.Find<QMenu>("mnuPopDocument");
+  auto* menu = run.Find<QMenu>("cmdViewInvoice_Options_Menu");
   ASSERT_TRUE(menu->isVisible());
   EXPECT_TRUE(run.test.shown.opened.empty()) << "the small button only drops its menu";
   QStringList texts;

@@ -19,6 +19,10 @@
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
+#include "pension/frmPensionA.h"
+#include "pension/frmPensionB.h"
+#include "pension/frmPensionForms.h"
+#include "pension/frmPensionSOLO.h"
 #include "records/frmPractice.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
@@ -51,6 +55,10 @@ const std::map<std::string, ScreenMaker>& Screens() {
       {"frmPrepareInvoices", Make<frmPrepareInvoices>()},
       {"frmInvoice", Make<frmInvoice>()},
       {"frmBookingConfirmation", Make<frmBookingConfirmation>()},
+      {"frmPensionForms", Make<frmPensionForms>()},
+      {"frmPensionA", Make<frmPensionA>()},
+      {"frmPensionB", Make<frmPensionB>()},
+      {"frmPensionSOLO", Make<frmPensionSOLO>()},
       {"frmGetPassword", Make<frmGetPassword>("LedgerMinder.dat")},
       {"frmPopupCalendar", Make<frmPopupCalendar>("Date")},
       {"frmPopupClock", Make<frmPopupClock>("Time")},
@@ -125,11 +133,13 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   TestLedger test;
   FillDemo(test);
   const std::pair<const char*, const char*> starts[] = {
-      {"frmSession", "cPractice"},       {"frmPractice", "txtName"},
-      {"frmWelcome", "txtTitle"},        {"frmPrepareInvoices", "cboPractice"},
-      {"frmInvoice", "cIDate"},          {"frmBookingConfirmation", "cboPractice"},
-      {"frmGetPassword", "txtPassword"}, {"frmPopupCalendar", "fg"},
-      {"frmPopupClock", "cmdOK"},        {"frmPopupNumbers", "cmdOK"}};
+      {"frmSession", "cPractice"},        {"frmPractice", "txtName"},
+      {"frmWelcome", "txtTitle"},         {"frmPrepareInvoices", "cboPractice"},
+      {"frmInvoice", "cIDate"},           {"frmBookingConfirmation", "cboPractice"},
+      {"frmPensionForms", "cboPractice"}, {"frmPensionA", "cSentToPractice"},
+      {"frmPensionB", "cSentToHA"},       {"frmPensionSOLO", "cSentToHA"},
+      {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
+      {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"}};
   for (const auto& [name, first] : starts) {
     const auto screen = Screens().at(name)(test);
     ScreenDialog dialog(*FindView(name), *screen, nullptr);

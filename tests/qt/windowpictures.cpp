@@ -13,6 +13,10 @@
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
+#include "pension/frmPensionA.h"
+#include "pension/frmPensionB.h"
+#include "pension/frmPensionForms.h"
+#include "pension/frmPensionSOLO.h"
 #include "records/frmPractice.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
@@ -163,6 +167,39 @@ void GrabInvoices(test::TestLedger& test) {
   Grab(progress, "progressWindow");
 }
 
+template <typename Window>
+void GrabForm(test::TestLedger& test, const QString& name) {
+  Window form(test);
+  form.Open(2);
+  for (int tab = 0; tab < form.tabMain.Count(); ++tab) {
+    form.tabMain.SetSelected(tab);
+    GrabScreen(form, QString("%1-%2").arg(name).arg(tab));
+  }
+}
+
+void GrabPension(test::TestLedger& test) {
+  WindowCatalogue windows;
+  AddWindows(windows);
+  {
+    frmMain screen(test, windows);
+    MainWindow window(screen);
+    screen.SetWindowTitle();
+    window.resize(1240, 780);
+    screen.ShowPage(Page::Pension);
+    for (int tab = 0; tab < screen.tabForm.Count(); ++tab) {
+      screen.tabForm.SetSelected(tab);
+      screen.tabForm.onEntered();
+      window.RefreshStatus();
+      Grab(window, QString("main-pension-forms-%1").arg(tab));
+    }
+  }
+  GrabForm<frmPensionA>(test, "frmPensionA");
+  GrabForm<frmPensionB>(test, "frmPensionB");
+  GrabForm<frmPensionSOLO>(test, "frmPensionSOLO");
+  frmPensionForms prepare(test);
+  GrabScreen(prepare, "frmPensionForms");
+}
+
 void GrabBoxes() {
   MessageBoxText box;
   box.title = "Duplicate Session";
@@ -217,5 +254,7 @@ int main(int argc, char** argv) {
   GrabRecords(test);
   GrabInvoices(test);
   GrabBoxes();
+  lm::test::FillPensionDemo(test);
+  GrabPension(test);
   return 0;
 }
