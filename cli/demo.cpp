@@ -24,6 +24,9 @@ set txtMyDetails5 1234567
 set txtMyDetails6 "alex.morgan@example.org"
 set txtMyDetails7 "01632 960145"
 set txtMyDetails10 "MBChB MRCGP"
+set txtMyDetails13 "QQ 12 34 56 C"
+set txtMyDetails16 "Hillbury and District"
+set txtMyDetails18 12345678
 
 option 9 "Payment within 30 days by bank transfer, please: A Morgan, sort code 00-00-00, account 00000000."
 option 39 TRUE
@@ -132,6 +135,18 @@ void PrepareInvoices(std::ostream& script, Date now) {
          << "open frmInvoice open 2\nset cSDate " << first << "\nset cSentBy email\npress cmdOk\n";
 }
 
+// The month's forms: those of the practices, two of them back already and so on this month's Form
+// B, and one for the out-of-hours provider.
+void PreparePensionForms(std::ostream& script, Date now) {
+  const std::string today = CellText(now);
+  script << "open frmPensionForms new\npress cmdMonthDown\nset optForm1 TRUE\n"
+         << "press cmdPrepareForms\nset optForm3 TRUE\npress cmdPrepareForms\npress cmdClose\n";
+  for (const int row : {2, 3})
+    script << "cell fgPensionA " << row << " SENTTOPRACTICE " << CellText(FirstOfMonth(now))
+           << "\ncell fgPensionA " << row << " RCVDFROMPRACTICE " << today << '\n';
+  script << "open frmPensionForms new\nset optForm2 TRUE\npress cmdPrepareForms\npress cmdClose\n";
+}
+
 }  // namespace
 
 std::string DemoScript(Date now) {
@@ -143,6 +158,7 @@ std::string DemoScript(Date now) {
   script << "cell fgPractices #3 BRANCHOF \"Old Mill Medical Centre\"\n";
   for (const DemoSession& session : kSessions) EnterSession(script, session, firstMonday);
   PrepareInvoices(script, now);
+  PreparePensionForms(script, now);
   script << "save\n";
   return script.str();
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/demo.h"
+#include "cli/formcommands.h"
 #include "cli/pdfcommands.h"
 #include "cli/script.h"
 #include "cli/templatecommands.h"
@@ -15,6 +16,7 @@
 #include "core/startup.h"
 #include "core/text.h"
 #include "documents/shippedtemplates.h"
+#include "pension/shippedforms.h"
 #include "shell/windows.h"
 
 namespace {
@@ -29,6 +31,7 @@ constexpr std::string_view kUsage =
     "  run FILE    runs a script, - for standard input\n"
     "  pdf info FILE | pdf import FILE OUT | pdf sample OUT\n"
     "  template encipher IN OUT | template decipher IN OUT | template check FILE\n"
+    "  forms check looks at the blank pension forms, and writes proofs of how the figures fit\n"
     "\n"
     "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
     "  --now TIME  the clock's time\n"
@@ -87,7 +90,9 @@ int Init(lm::Ledger& ledger, const Settings& settings) {
   if (HoldsData(ledger) && !settings.force)
     return Fail("the directory already holds data; --force replaces it");
   lm::SetFirstInstallOptions(ledger);
-  if (!lm::MakeProgramDirectory(ledger) || !lm::PlaceShippedTemplates(ledger)) return 1;
+  if (!lm::MakeProgramDirectory(ledger) || !lm::PlaceShippedTemplates(ledger) ||
+      !lm::PlaceShippedForms(ledger))
+    return 1;
   std::cout << ledger.programDirectory.string() << '\n';
   return 0;
 }
@@ -124,6 +129,13 @@ int RunFileCommand(const Settings& settings, lm::Terminal& terminal) {
   return status;
 }
 
+int FormCommand(lm::Ledger& ledger, const Settings& settings) {
+  const int status =
+      lm::RunFormCommand({settings.command.begin() + 1, settings.command.end()}, ledger, std::cout);
+  if (status == 2) std::cerr << kUsage;
+  return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -147,6 +159,7 @@ int main(int argc, char** argv) {
   ledger.programDirectory = ProgramDirectory(settings, terminal);
 
   lm::Script script(terminal, ledger, windows);
+  if (command == "forms") return FormCommand(ledger, settings);
   if (command == "init") return Init(ledger, settings);
   if (command == "demo" && !operand.empty()) return Demo(script, terminal, ledger, settings);
   if (command == "run" && !operand.empty()) return RunScript(script, operand);

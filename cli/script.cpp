@@ -96,7 +96,7 @@ const std::vector<Script::Action>& Script::Actions() {
       {"show", 1, &Script::DoShow},
       {"dump", 1, &Script::DoDump},
       {"option", 1, &Script::DoOption},
-      {"answers", 0, &Script::DoAnswers},
+      {"answer", 0, &Script::DoAnswers},
       {"parse", 1, &Script::DoParse},
       {"digest", 0, &Script::DoDigest},
       {"words", 1, &Script::DoWords},
