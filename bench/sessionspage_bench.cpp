@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "core/formatting.h"
-#include "shell/windows.h"
 #include "shell/frmMain.h"
+#include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
 namespace {

@@ -154,6 +154,9 @@ void frmPensionA::ShowSessions() {
 
 bool frmPensionA::CheckReceived() {
   if (cRcvdFromPractice.Text() == received_) return true;
+  // The same day in other digits is no change.
+  const std::optional<Date> day = CellDate(cRcvdFromPractice.Text());
+  if (day && day == CellDate(received_)) return true;
   const Grid& forms = ledger.fgPensionA;
   if (!MayChangeReceivedDate(ledger, forms, received_) ||
       !MaySetReceivedDate(ledger, forms, cRcvdFromPractice.Text(), AskedFrom::Window)) {

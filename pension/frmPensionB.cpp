@@ -140,7 +140,7 @@ void frmPensionB::ShowFormsA() {
   std::map<std::string, MonthSessions> months;  // in which the forms' work was done
   for (int form = forms.FixedRows(); form < forms.Rows(); ++form) {
     const std::string received = forms.TextMatrix(form, "RCVDFROMPRACTICE");
-    if (forms.IsSubtotal(form) || received.empty() || MonthKeyOf(received) != month) continue;
+    if (forms.IsSubtotal(form) || month.empty() || MonthKeyOf(received) != month) continue;
     const std::string practice = forms.TextMatrix(form, "PRACTICE");
     const std::string worked = forms.TextMatrix(form, "MONTH");
     const int row = fgPensionA.AddItem("");

@@ -203,7 +203,7 @@ class PaymentListRules : public GridRules {
   void DeletePressed(int row) override {
     if (!IsRecord(table_, row))
       ShowMessage(ledger_, "Delete Pension Payment", "There is no payment selected to delete.");
-    else if (Ask(ledger_, "Delete the selected payment?", "", "Delete Pension Payment"))
+    else if (Ask(ledger_, "Delete Pension Payment", "Delete the selected payment?"))
       table_.RemoveItem(row);
   }
 

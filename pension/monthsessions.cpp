@@ -18,7 +18,10 @@ MonthSessions::MonthSessions(const Ledger& ledger, std::string monthKey)
     if (sessions.IsSubtotal(row)) continue;
     if (MonthKeyOf(sessions.TextMatrix(row, startDate)) != monthKey_) continue;
     std::string practiceId = sessions.TextMatrix(row, practice);
-    if (practiceId.empty()) continue;
+    if (practiceId.empty()) {
+      withoutPractice_.push_back(row);
+      continue;
+    }
     all_.push_back(row);
     byPractice_[std::move(practiceId)].push_back(row);
   }
@@ -31,8 +34,9 @@ const std::vector<int>& MonthSessions::Of(const std::string& practiceId) const {
 }
 
 bool MonthSessions::HasType(int sessionType, const std::string& practiceId) const {
-  return std::ranges::any_of(practiceId.empty() ? all_ : Of(practiceId),
-                             [&](int row) { return SessionTypeOf(ledger_, row) == sessionType; });
+  const auto isOfType = [&](int row) { return SessionTypeOf(ledger_, row) == sessionType; };
+  if (!practiceId.empty()) return std::ranges::any_of(Of(practiceId), isOfType);
+  return std::ranges::any_of(all_, isOfType) || std::ranges::any_of(withoutPractice_, isOfType);
 }
 
 }  // namespace lm

@@ -19,13 +19,15 @@ class MonthSessions {
   // Rows of fgSessions in the order of the table, group rows and rows without a practice left out.
   const std::vector<int>& Of(const std::string& practiceId) const;
   const std::vector<int>& All() const { return all_; }
-  // True when a session of this type is among those of the practice, or among all for "".
+  // True when a session of this type is among those of the practice, or for "" among all that
+  // begin in the month, also those without a practice.
   bool HasType(int sessionType, const std::string& practiceId = "") const;
 
  private:
   const Ledger& ledger_;
   std::string monthKey_;
   std::vector<int> all_;
+  std::vector<int> withoutPractice_;
   std::unordered_map<std::string, std::vector<int>> byPractice_;
 };
 

@@ -205,10 +205,11 @@ void frmMain::BuildPensionPage() {
     return *pensionRules_[static_cast<std::size_t>(tabForm.Selected())];
   };
   cmdAddPensionForm.onPressed = [this, rules] {
+    Grid& payments = ledger.fgPensionPayments;
+    const int rows = payments.Rows();
     rules().AddPressed();
-    if (tabForm.Selected() == kTabPayments && ledger.fgPensionPayments.HasData())
-      RequestCellEdit(ledger.fgPensionPayments, ledger.fgPensionPayments.Row(),
-                      ledger.fgPensionPayments.Col());
+    if (tabForm.Selected() == kTabPayments && payments.Rows() > rows)
+      RequestCellEdit(payments, payments.Row(), payments.Col());
   };
   cmdEditPensionForm.onPressed = [this] { EditSelectedForm(); };
   cmdViewPensionForm.SetText("View Form");

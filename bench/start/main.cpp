@@ -14,10 +14,10 @@
 #include "core/datafile.h"
 #include "core/options.h"
 #include "core/startup.h"
-#include "shell/windows.h"
 #include "shell/entry.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/mainwindow.h"
+#include "shell/windows.h"
 
 namespace {
 

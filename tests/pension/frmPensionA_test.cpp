@@ -150,6 +150,12 @@ TEST_F(WindowOfFormA, SaysWhereTheFormStands) {
             "deleted or edited. ");
 }
 
+TEST_F(WindowOfFormA, TheSameReceivedDayIsNoChange) {
+  Receive("5/2/2026", true);
+  EXPECT_TRUE(window->Enter(window->cRcvdFromPractice, "05/02/2026"));
+  EXPECT_EQ(desk.Messages(), "");
+}
+
 TEST_F(WindowOfFormA, TheReceivedDateObeysTheFormB) {
   Receive("05/02/2026", true);
   for (const char* typed : {"", "1/3/2026", "6/2/2026"}) {

@@ -216,6 +216,13 @@ TEST_F(WindowOfFormB, OpensByItsMonth) {
   for (const char* word : {"", "032026", "1 022026", "banana"}) EXPECT_FALSE(open(word)) << word;
 }
 
+TEST_F(WindowOfFormB, ADamagedMonthHasNoFormsA) {
+  forms.SetTextMatrix(2, "MONTH", "banana");
+  desk.ledger.fgPensionA.SetTextMatrix(3, "RCVDFROMPRACTICE", "soon");
+  Open();
+  EXPECT_EQ(ShownRows(window->fgPensionA, {"PRACTICE"}), (std::vector<std::string>{"Total"}));
+}
+
 TEST_F(WindowOfFormB, DamagedCellsStopNothing) {
   forms.SetTextMatrix(2, "AVC", "12,3x");
   forms.SetTextMatrix(2, "TOTAL_CONTRIB", "1,144.58");

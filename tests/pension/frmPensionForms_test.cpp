@@ -68,6 +68,12 @@ TEST_F(PrepareForms, FormsA) {
   EXPECT_EQ(Make(window->optForm1, "Riverside"),
             "No Form A created: There are no NHS Normal sessions for this Practice and month or "
             "you chose not to overwrite existing forms.");
+  const int ofNobody = desk.AddSession("", "02/02/2026", "100");
+  EXPECT_EQ(Make(window->optForm1),
+            "No Form A created: There were no sessions for the month for the Form A or you chose "
+            "not to overwrite existing forms.")
+      << "a session without a practice is work of the month";
+  desk.ledger.fgSessions.RemoveItem(ofNobody);
   desk.AddSession("1", "02/02/2026", "100");
   desk.AddSession("2", "03/02/2026", "100");
   desk.AddSession("3", "03/02/2026", "100", {"SESS_TYPE=2"});

@@ -35,7 +35,7 @@ TEST(MonthSessions, ThoseThatBeginInTheMonth) {
   const int first = desk.AddSession("2", "01/04/2024", "1");
   desk.AddSession("1", "31/03/2024", "1", {"EDATE=01/04/2024"});
   const int overnight = desk.AddSession("1", "30/04/2024", "1", {"EDATE=01/05/2024"});
-  desk.AddSession("", "05/04/2024", "1");
+  desk.AddSession("", "05/04/2024", "1", {"SESS_TYPE=3"});
   desk.AddSession("1", "banana", "1");
   desk.AddSession("1", "", "1");
   const int late = desk.AddSession("2", "9/4/2024", "1", {"SESS_TYPE=2"});
@@ -48,6 +48,7 @@ TEST(MonthSessions, ThoseThatBeginInTheMonth) {
   EXPECT_TRUE(april.HasType(kTypeOohStandard, "2"));
   EXPECT_FALSE(april.HasType(kTypeOohStandard, "1"));
   EXPECT_FALSE(april.HasType(kTypePrivate));
+  EXPECT_TRUE(april.HasType(kTypeOohDeputising)) << "though it has no practice";
   for (const char* damaged : {"", "banana", "132024"})
     EXPECT_TRUE(MonthSessions(desk, damaged).All().empty()) << damaged;
 }

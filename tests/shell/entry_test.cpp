@@ -6,9 +6,9 @@
 #include "core/options.h"
 #include "core/startup.h"
 #include "records/frmWelcome.h"
-#include "shell/windows.h"
 #include "shell/entry.h"
 #include "shell/frmMain.h"
+#include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
 namespace lm {

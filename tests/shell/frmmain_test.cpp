@@ -9,9 +9,9 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/shortcuts.h"
-#include "shell/windows.h"
 #include "shell/frmMain.h"
 #include "shell/mydetails.h"
+#include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
 namespace lm {

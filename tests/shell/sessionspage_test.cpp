@@ -5,8 +5,8 @@
 #include "core/formatting.h"
 #include "core/options.h"
 #include "records/frmSession.h"
-#include "shell/windows.h"
 #include "shell/frmMain.h"
+#include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
 namespace lm {
