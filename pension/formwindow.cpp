@@ -3,9 +3,9 @@
 #include "core/messagebox.h"
 #include "core/rows.h"
 #include "core/text.h"
-#include "entry/money.h"
 #include "entry/pickers.h"
 #include "pension/formlist.h"
+#include "pension/lists.h"
 #include "pension/months.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
@@ -36,11 +36,7 @@ class FormWindow::DetailRules : public GridRules {
     return MayEdit(row, col) ? Picker::Numbers : Picker::None;
   }
   std::optional<std::string> Accept(int, int, std::string_view text) override {
-    if (Trim(text).empty()) return "";
-    std::string amount = MoneyCell(text);
-    if (!amount.empty()) return amount;
-    ShowMessage(window_.ledger, "Please enter a valid amount.");
-    return std::nullopt;
+    return EnterAmount(window_.ledger, text);
   }
   void Edited(int row, int) override { window_.FigureEdited(row); }
   void Opened(int row) override {

@@ -69,15 +69,6 @@ bool IsRecord(const Grid& table, int row) {
   return row >= table.FixedRows() && row < table.Rows() && !table.IsSubtotal(row);
 }
 
-// A typed amount as it is stored, "" for blanks; empty after a message.
-std::optional<std::string> EnterAmount(Ledger& ledger, std::string_view typed) {
-  if (Trim(typed).empty()) return "";
-  std::string amount = MoneyCell(typed);
-  if (!amount.empty()) return amount;
-  ShowMessage(ledger, kInvalidAmount);
-  return std::nullopt;
-}
-
 class FormListRules : public GridRules {
  public:
   FormListRules(Ledger& ledger, Grid& table, const FormList& list)
@@ -235,6 +226,14 @@ bool OpenRetiredDocument(Ledger& ledger, const FormList& list, const Grid& table
 }
 
 }  // namespace
+
+std::optional<std::string> EnterAmount(Ledger& ledger, std::string_view typed) {
+  if (Trim(typed).empty()) return "";
+  std::string amount = MoneyCell(typed);
+  if (!amount.empty()) return amount;
+  ShowMessage(ledger, kInvalidAmount);
+  return std::nullopt;
+}
 
 std::unique_ptr<GridRules> PensionListRules(Ledger& ledger, Grid& table) {
   if (const FormList* list = FindFormList(table))
