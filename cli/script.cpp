@@ -22,7 +22,8 @@ namespace {
 Json CellsOf(const Grid& grid, int row, std::span<const std::string> keys) {
   Json cells = Json::object();
   if (!keys.empty()) {
-    for (const std::string& key : keys) cells[Utf8(key)] = Utf8(grid.TextMatrix(row, key));
+    for (const std::string& key : keys)
+      cells[Utf8(key)] = Utf8(grid.TextMatrix(row, grid.FindCol(key)));
     return cells;
   }
   for (int col = 0; col < grid.Cols(); ++col) {
@@ -211,11 +212,12 @@ void Script::DoCell(Words words) {
   const int row = NamedRow(*grid, words[1]);
   const int col = NamedColumn(*grid, words[2]);
   grid->Select(row, col);
-  const std::string id = grid->TextMatrix(row, "ID");
+  const int idCol = grid->FindCol("ID");
+  const std::string id = grid->TextMatrix(row, idCol);
   const EditOutcome outcome =
       rules ? EditCell(*grid, *rules, row, col, words[3]) : EditOutcome::NotAllowed;
   // What follows an edit may have moved the row: a grouped list sorts itself anew.
-  const int now = id.empty() ? row : grid->FindRow(id, "ID");
+  const int now = id.empty() ? row : grid->FindRow(id, -1, idCol);
   EmitRow(*grid, now < 0 ? row : now, {}, NameOf(outcome));
 }
 
@@ -331,7 +333,7 @@ int Script::NamedRow(const Grid& grid, const std::string& word) const {
   if (word == "last")
     row = grid.Rows() - 1;
   else if (word.starts_with('#'))
-    row = grid.FindRow(word.substr(1), "ID");
+    row = grid.FindRow(word.substr(1), -1, grid.FindCol("ID"));
   else if (AllDigits(word))
     row = ValInt(word);
   if (row < grid.FixedRows() || row >= grid.Rows()) throw ScriptError("no such row: " + word);
@@ -339,7 +341,7 @@ int Script::NamedRow(const Grid& grid, const std::string& word) const {
 }
 
 int Script::NamedColumn(const Grid& grid, const std::string& key) const {
-  const int col = grid.ColIndex(key);
+  const int col = grid.FindCol(key);
   if (col < 0) throw ScriptError("unknown column: " + key);
   return col;
 }

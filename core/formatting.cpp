@@ -4,6 +4,7 @@
 #include <map>
 
 #include "core/options.h"
+#include "core/rows.h"
 #include "core/text.h"
 
 namespace lm {
@@ -94,11 +95,11 @@ std::vector<ComboItem> PracticeItems(Ledger& ledger, std::string_view exceptId) 
   const int nameCol = practices.ColIndex("NAME");
   const int idCol = practices.ColIndex("ID");
   std::vector<ComboItem> items;
-  for (int row = practices.FixedRows(); row < practices.Rows(); ++row) {
+  for (const int row : Records(practices)) {
     const std::string& name = practices.TextMatrix(row, nameCol);
     const std::string& id = practices.TextMatrix(row, idCol);
     const bool leftOut = !exceptId.empty() && id == exceptId;
-    if (!name.empty() && !leftOut && !practices.IsSubtotal(row)) items.push_back({name, id});
+    if (!name.empty() && !leftOut) items.push_back({name, id});
   }
   std::stable_sort(items.begin(), items.end(), [](const ComboItem& a, const ComboItem& b) {
     return CompareIgnoreCase(a.text, b.text) < 0;
@@ -133,11 +134,10 @@ std::string InvoiceNumberList(const Ledger& ledger) {
   const int numberCol = invoices.ColIndex("NUMBER");
   const int idCol = invoices.ColIndex("ID");
   std::vector<ComboItem> items;
-  for (int row = invoices.FixedRows(); row < invoices.Rows(); ++row) {
+  for (const int row : Records(invoices)) {
     const std::string& id = invoices.TextMatrix(row, idCol);
     // An entry without an ID would give every session not yet invoiced a number.
-    if (!id.empty() && !invoices.IsSubtotal(row))
-      items.push_back({invoices.TextMatrix(row, numberCol), id});
+    if (!id.empty()) items.push_back({invoices.TextMatrix(row, numberCol), id});
   }
   return ColumnList(items);
 }
@@ -145,6 +145,11 @@ std::string InvoiceNumberList(const Ledger& ledger) {
 void RefreshInvoiceNumbers(Ledger& ledger) {
   ledger.fgSessions.SetColComboList(ledger.fgSessions.ColIndex("INVOICE"),
                                     InvoiceNumberList(ledger));
+}
+
+void RefreshLookUps(Ledger& ledger, const ChangedRecords& changed) {
+  if (changed.Of(ledger.fgPractices)) RefreshPracticeLists(ledger);
+  if (changed.Of(ledger.fgInvoices)) RefreshInvoiceNumbers(ledger);
 }
 
 }  // namespace lm

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/change.h"
 #include "core/ledger.h"
 #include "core/screen.h"
 
@@ -26,5 +27,7 @@ std::string SessionTypeList(const Ledger& ledger);
 std::string InvoiceNumberList(const Ledger& ledger);
 // The list again in fgSessions, after invoices were added or removed.
 void RefreshInvoiceNumbers(Ledger& ledger);
+// The lists that choose from tables which changed.
+void RefreshLookUps(Ledger& ledger, const ChangedRecords& changed);
 
 }  // namespace lm

@@ -1,7 +1,10 @@
 #include "core/grid.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
+#include "core/change.h"
 #include "core/format.h"
 #include "core/grid_storage.h"
 #include "core/numbers.h"
@@ -15,6 +18,11 @@ namespace {
 constexpr std::string_view kSeparators = "\x1d\x1e\x1f";
 
 const std::string kNothing;
+
+bool IsStrict() {
+  static const bool strict = std::getenv("LEDGERMINDER_STRICT") != nullptr;
+  return strict;
+}
 
 std::string CellSafe(std::string_view text) {
   return text.find_first_of(kSeparators) == std::string_view::npos ? std::string(text)
@@ -50,9 +58,16 @@ void Grid::SetRows(int rows) {
   const int before = Rows();
   const int after = std::max(rows, 0);
   if (after == before) return;
+  for (int row = before - 1; history_ && row >= std::max(after, fixedRows_); --row) {
+    if (!IsRecord(row)) continue;
+    const RowData* behind = RecordBefore(row);
+    history_->RowRemoved(*this, std::move(rows_[static_cast<std::size_t>(row)]), behind);
+  }
   rows_.resize(static_cast<std::size_t>(after));
-  for (int row = before; row < after; ++row)
+  for (int row = before; row < after; ++row) {
     rows_[static_cast<std::size_t>(row)] = std::make_unique<RowData>();
+    if (history_ && IsRecord(row)) history_->RowAdded(*this, RowAt(row), RecordBefore(row));
+  }
   coverStale_ = true;
   if (row_ >= after) row_ = after > fixedRows_ ? after - 1 : -1;
   if (topRow_ >= after) topRow_ = row_;
@@ -138,6 +153,7 @@ bool Grid::PutText(int row, int col, std::string_view text) {
   RowData& data = RowAt(row);
   const std::string cell = CellSafe(text);
   if (data.Text(slot) == cell) return false;
+  if (history_ && IsRecord(row) && !ColAt(col).derived) history_->RowWillChange(*this, data);
   data.SetText(slot, cell);
   return true;
 }
@@ -156,10 +172,30 @@ void Grid::SetTextMatrix(int row, std::string_view key, std::string_view text) {
 const std::string& Grid::ColKey(int col) const { return IsCol(col) ? ColAt(col).key : kNothing; }
 
 void Grid::SetColKey(int col, std::string_view key) {
-  if (IsCol(col)) ColAt(col).key = key;
+  if (!IsCol(col)) return;
+  ColAt(col).key = key;
+  DeclareKey(key);
+}
+
+void Grid::DeclareKey(std::string_view key) {
+  if (!key.empty() && !IsDeclared(key)) declaredKeys_.emplace_back(key);
+}
+
+bool Grid::IsDeclared(std::string_view key) const {
+  return std::ranges::any_of(
+      declaredKeys_, [key](const std::string& each) { return EqualsIgnoreCase(each, key); });
 }
 
 int Grid::ColIndex(std::string_view key) const {
+  const int col = FindCol(key);
+  if (col < 0 && !key.empty() && IsStrict() && !declaredKeys_.empty() && !IsDeclared(key)) {
+    std::fprintf(stderr, "%s has no column %s\n", name_.c_str(), std::string(key).c_str());
+    std::abort();
+  }
+  return col;
+}
+
+int Grid::FindCol(std::string_view key) const {
   if (key.empty()) return -1;
   for (int col = 0; col < Cols(); ++col) {
     const std::string& candidate = ColAt(col).key;
@@ -238,6 +274,10 @@ void Grid::SetColAlignment(int col, Alignment alignment) {
   TellLayout();
 }
 
+void Grid::SetColDerived(int col, bool derived) {
+  if (IsCol(col)) ColAt(col).derived = derived;
+}
+
 // Rows
 
 bool Grid::RowHidden(int row) const { return IsRow(row) && RowAt(row).hidden; }
@@ -261,6 +301,7 @@ int Grid::AddItem(std::string_view text, int at) {
   const bool inside = at >= 0 && at < Rows();
   const int row = inside ? at : Rows();
   rows_.insert(rows_.begin() + row, std::move(data));
+  if (history_ && IsRecord(row)) history_->RowAdded(*this, RowAt(row), RecordBefore(row));
   int col = 0;
   if (!text.empty())
     for (const std::string_view piece : Split(text, '\t')) PutText(row, col++, piece);
@@ -279,6 +320,8 @@ bool Grid::AppendRecord(std::string_view record) {
   else
     for (int col = 0; col < Cols(); ++col) data->SetText(ColAt(col).slot, cells.At(col));
   rows_.push_back(std::move(data));
+  if (history_ && IsRecord(Rows() - 1))
+    history_->RowAdded(*this, *rows_.back(), RecordBefore(Rows() - 1));
   coverStale_ = true;
   Tell([&](GridObserver& observer) { observer.RowsInserted(*this, Rows() - 1, 1); });
   return true;
@@ -299,12 +342,41 @@ void Grid::WriteRecord(int row, std::string& text) const {
 
 void Grid::RemoveItem(int row) {
   if (!IsRow(row)) return;
+  const RowData* behind = history_ ? RecordBefore(row) : nullptr;
+  std::unique_ptr<RowData> taken = TakeRow(row);
+  if (history_ && row >= fixedRows_ && taken->outlineLevel == 0)
+    history_->RowRemoved(*this, std::move(taken), behind);
+}
+
+const Grid::RowData* Grid::RecordBefore(int row) const {
+  while (--row >= fixedRows_)
+    if (IsRecord(row)) return &RowAt(row);
+  return nullptr;
+}
+
+void Grid::PutRow(int at, std::unique_ptr<RowData> data) {
+  for (const int slot : freeSlots_) data->Erase(slot);  // of columns that have gone since
+  rows_.insert(rows_.begin() + at, std::move(data));
+  coverStale_ = true;
+  if (row_ >= at) ++row_;
+  Tell([&](GridObserver& observer) { observer.RowsInserted(*this, at, 1); });
+}
+
+std::unique_ptr<Grid::RowData> Grid::TakeRow(int row) {
+  std::unique_ptr<RowData> taken = std::move(rows_[static_cast<std::size_t>(row)]);
   rows_.erase(rows_.begin() + row);
   coverStale_ = true;
   if (row_ > row || row_ >= Rows()) --row_;
   if (row_ < fixedRows_) row_ = -1;
   if (topRow_ >= Rows()) topRow_ = row_;
   Tell([&](GridObserver& observer) { observer.RowsRemoved(*this, row, 1); });
+  return taken;
+}
+
+void Grid::PutCells(int row, const CellTexts& cells) {
+  RowAt(row).cells = cells;
+  for (const int slot : freeSlots_) RowAt(row).Erase(slot);
+  Tell([&](GridObserver& observer) { observer.CellsChanged(*this, {row, 0, row, Cols() - 1}); });
 }
 
 int Grid::FindRow(std::string_view value, int startRow, int col) const {
@@ -462,6 +534,8 @@ void Grid::ChangeProperties(const CellRange& range,
   const bool unsets = unset == Properties{};
   for (int row = inside.row1; row <= inside.row2; ++row) {
     if (unsets && RowAt(row).properties.empty()) continue;
+    if (history_ && inside.col1 == 0 && IsRecord(row))
+      history_->MarkerWillChange(*this, RowAt(row));
     for (int col = inside.col1; col <= inside.col2; ++col)
       RowAt(row).ChangeProperties(ColAt(col).slot, change);
   }
@@ -492,8 +566,12 @@ void Grid::SetRedraw(bool on) {
   }
   if (redrawOff_ == 0 || --redrawOff_ > 0 || !changedWhileOff_) return;
   changedWhileOff_ = false;
-  if (observer_) observer_->GridReset(*this);
+  Tell([&](GridObserver& observer) { observer.GridReset(*this); });
 }
+
+void Grid::AddObserver(GridObserver& observer) { observers_.push_back(&observer); }
+
+void Grid::RemoveObserver(GridObserver& observer) { std::erase(observers_, &observer); }
 
 void Grid::TellLayout() {
   Tell([&](GridObserver& observer) { observer.LayoutChanged(*this); });

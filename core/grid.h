@@ -85,7 +85,9 @@ struct CellRange {
   bool operator==(const CellRange&) const = default;
 };
 
+class CellTexts;
 class Grid;
+class History;
 
 // Told what changed while Redraw is on. Switching Redraw on again after changes gives one
 // GridReset.
@@ -131,8 +133,14 @@ class Grid {
   // Columns.
   const std::string& ColKey(int col) const;
   void SetColKey(int col, std::string_view key);
-  int ColIndex(std::string_view key) const;  // ignores case; -1 when there is none
-  int ColWidth(int col) const;               // twips; -1 is the default width; 0 hides the column
+  // Ignores case; -1 when there is none: a file of another version may lack a column. A key that
+  // was never declared is a slip of the pen, which ends the program where LEDGERMINDER_STRICT is
+  // set in its environment, as in tests.
+  int ColIndex(std::string_view key) const;
+  int FindCol(std::string_view key) const;  // the same for a key that a user or a file names
+  // A key that the table may have one day. SetColKey declares the key that it sets.
+  void DeclareKey(std::string_view key);
+  int ColWidth(int col) const;  // twips; -1 is the default width; 0 hides the column
   void SetColWidth(int col, int twips);
   bool ColHidden(int col) const;
   void SetColHidden(int col, bool hidden);
@@ -147,6 +155,8 @@ class Grid {
   void SetColComboList(int col, std::string_view list);
   Alignment ColAlignment(int col) const;
   void SetColAlignment(int col, Alignment alignment);
+  // A column whose cells are worked out for display and are no part of the records.
+  void SetColDerived(int col, bool derived);
 
   // Rows.
   bool RowHidden(int row) const;
@@ -236,9 +246,16 @@ class Grid {
   // Screen updating, nested: each SetRedraw(false) needs its SetRedraw(true).
   void SetRedraw(bool on);
   bool Redraw() const { return redrawOff_ == 0; }
-  void SetObserver(GridObserver* observer) { observer_ = observer; }
+  // Any number of observers; one that is told may go, or bring others.
+  void AddObserver(GridObserver& observer);
+  void RemoveObserver(GridObserver& observer);
+
+  // Where changes of the records are journalled; null, as of a list that holds no records: nowhere.
+  void SetHistory(History* history) { history_ = history; }
+  History* JournalledIn() const { return history_; }
 
  private:
+  friend class History;  // keeps and puts back whole rows
   struct Properties;
   struct GroupRow;
   struct RowData;
@@ -253,10 +270,18 @@ class Grid {
   std::size_t FirstDataRow() const;
 
   bool PutText(int row, int col, std::string_view text);  // false when it was there already
+  bool IsRecord(int row) const { return row >= fixedRows_ && !IsSubtotal(row); }
+  // The row before `row` that is a record; null for the first.
+  const RowData* RecordBefore(int row) const;
+  // For the journal, which is not told of them; observers are.
+  void PutRow(int at, std::unique_ptr<RowData> row);
+  std::unique_ptr<RowData> TakeRow(int row);
+  void PutCells(int row, const CellTexts& cells);
   std::string Shown(const RowData& row, const Column& column) const;
   void NumberSlotsAnew();
   void SeeSlotOrder();
   void RemoveColumns(int from);
+  bool IsDeclared(std::string_view key) const;
   CellRange Clamped(CellRange range) const;
   void ChangeProperties(const CellRange& range, const std::function<void(Properties&)>& change);
   void FindCoveredRows() const;
@@ -286,6 +311,7 @@ class Grid {
   std::string name_;
   std::vector<std::unique_ptr<RowData>> rows_;
   std::vector<std::unique_ptr<Column>> columns_;  // in shown order; each knows its slot in the rows
+  std::vector<std::string> declaredKeys_;
   int slots_ = 0;
   bool slotsInOrder_ = true;  // as the columns: rows are stored as files have them
   std::vector<int> freeSlots_;
@@ -296,7 +322,8 @@ class Grid {
   bool changedWhileOff_ = false;
   MergeSetting mergeCells_ = MergeSetting::Never;
   SubtotalPosition subtotalPosition_ = SubtotalPosition::Above;
-  GridObserver* observer_ = nullptr;
+  std::vector<GridObserver*> observers_;
+  History* history_ = nullptr;
   mutable std::vector<bool> coveredRows_;  // hidden by a collapsed group
   mutable bool coverStale_ = true;
 };

@@ -55,6 +55,10 @@ struct Grid::RowData {
       if (owner == slot) return &found;
     return nullptr;
   }
+  Colour BackColour(int slot) const {
+    const Properties* found = Find(slot);
+    return found ? found->backColour : kNoColour;
+  }
   template <typename Change>
   void ChangeProperties(int slot, Change change) {
     auto at = std::find_if(properties.begin(), properties.end(),
@@ -84,6 +88,7 @@ struct Grid::Column {
   int width = -1;
   bool hidden = false;
   bool merge = false;
+  bool derived = false;
   std::string format;
   DataType type = DataType::Text;
   Alignment alignment = Alignment::General;
@@ -105,10 +110,13 @@ inline std::size_t Grid::FirstDataRow() const {
 
 template <typename Notice>
 void Grid::Tell(Notice notice) {
-  if (!Redraw())
+  if (!Redraw()) {
     changedWhileOff_ = true;
-  else if (observer_)
-    notice(*observer_);
+    return;
+  }
+  const std::vector<GridObserver*> told = observers_;
+  for (GridObserver* observer : told)
+    if (std::ranges::find(observers_, observer) != observers_.end()) notice(*observer);
 }
 
 }  // namespace lm

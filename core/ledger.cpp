@@ -7,6 +7,8 @@ namespace lm {
 
 Ledger::Ledger(Platform& platform) : platform(platform) {
   for (std::size_t i = 0; i < kTables.size(); ++i) MakeBlank(*dataTables[i], kTables[i]);
+  fgPensionC.DeclareKey("CONTRIBUTION");  // of earlier years
+  for (Grid* table : dataTables) table->SetHistory(&history);
   MakeBlank(fgShortcuts, kShortcutsTable);
   fgOptions.SetCols(kOptionCount);
   fgOptions.SetRows(2);

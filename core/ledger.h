@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/change.h"
 #include "core/grid.h"
 #include "core/tables.h"
 
@@ -52,6 +53,9 @@ class Ledger {
 
   // Scratch, shared by routines that need a table for the length of one call.
   Grid fgTemp{"fgTemp"};
+
+  // What was done to the record tables, to be taken back.
+  History history{*this};
 
   // A table by its name, ignoring case; null when there is none.
   Grid* Table(std::string_view name);

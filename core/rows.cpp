@@ -38,6 +38,20 @@ void SetMarker(Grid& grid, int row, Colour colour) {
 
 }  // namespace
 
+bool IsRecord(const Grid& grid, int row) {
+  return row >= grid.FixedRows() && row < grid.Rows() && !grid.IsSubtotal(row);
+}
+
+int FindRecord(const Grid& grid, std::string_view key, std::string_view text, int startRow) {
+  if (text.empty()) return -1;
+  const int col = grid.ColIndex(key);
+  int row = grid.FindRow(text, startRow, col);
+  while (row >= 0 && grid.IsSubtotal(row)) row = grid.FindRow(text, row + 1, col);
+  return row;
+}
+
+int RecordRow(const Grid& grid, std::string_view id) { return FindRecord(grid, "ID", id); }
+
 RowState StateOfRow(const Ledger& ledger, const Grid& grid, int row) {
   const Colour colour = Marker(grid, row);
   if (IsSavedMarker(colour)) return RowState::Saved;
@@ -58,8 +72,8 @@ void ClearMarkers(Grid& grid) {
 
 bool HasUnsavedRows(const Ledger& ledger) {
   return std::any_of(ledger.dataTables.begin(), ledger.dataTables.end(), [](const Grid* grid) {
-    for (int row = grid->FixedRows(); row < grid->Rows(); ++row)
-      if (!grid->IsSubtotal(row) && !IsSavedMarker(Marker(*grid, row))) return true;
+    for (const int row : Records(*grid))
+      if (!IsSavedMarker(Marker(*grid, row))) return true;
     return false;
   });
 }
@@ -74,7 +88,7 @@ int AddRecord(Ledger& ledger, Grid& grid) {
 int NextId(const Grid& grid) {
   const int col = grid.ColIndex("ID");
   int largest = 0;
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+  for (const int row : Records(grid)) {
     const int id = ValInt(grid.TextMatrix(row, col));
     if (id < std::numeric_limits<int>::max()) largest = std::max(largest, id);
   }

@@ -1,12 +1,54 @@
-// What every record table does with its rows: the change marker, new rows and new IDs.
+// What every record table does with its rows: walking and finding them, the change marker, new rows
+// and new IDs.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
 #include "core/ledger.h"
 
 namespace lm {
+
+// The records of a table, row by row, for a loop: its data rows without those of groups. Rows may
+// be altered meanwhile, but none added or removed.
+//
+//   for (const int row : Records(ledger.fgSessions)) ...
+class Records {
+ public:
+  explicit Records(const Grid& grid) : grid_(grid) {}
+
+  class Iterator {
+   public:
+    Iterator(const Grid& grid, int row) : grid_(grid), row_(row) { PassGroups(); }
+    int operator*() const { return row_; }
+    Iterator& operator++() {
+      ++row_;
+      PassGroups();
+      return *this;
+    }
+    bool operator==(const Iterator& other) const { return row_ == other.row_; }
+
+   private:
+    void PassGroups() {
+      while (row_ < grid_.Rows() && grid_.IsSubtotal(row_)) ++row_;
+    }
+    const Grid& grid_;
+    int row_;
+  };
+  Iterator begin() const { return {grid_, std::min(grid_.FixedRows(), grid_.Rows())}; }
+  Iterator end() const { return {grid_, grid_.Rows()}; }
+
+ private:
+  const Grid& grid_;
+};
+
+bool IsRecord(const Grid& grid, int row);
+// Row of the first record with this text in a column, from startRow on (-1: the first data row); -1
+// when there is none, and for an empty text.
+int FindRecord(const Grid& grid, std::string_view key, std::string_view text, int startRow = -1);
+// The same by ID.
+int RecordRow(const Grid& grid, std::string_view id);
 
 enum class RowState { Saved, New, Edited };
 

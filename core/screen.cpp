@@ -1,6 +1,8 @@
 #include "core/screen.h"
 
+#include "core/change.h"
 #include "core/platform.h"
+#include "core/tables.h"
 #include "core/text.h"
 
 namespace lm {
@@ -129,8 +131,14 @@ bool MayEditCell(const Grid& grid, GridRules& rules, int row, int col) {
   return isCell && rules.MayEdit(row, col);
 }
 
+std::string RecordName(const Grid& grid) {
+  const TableSpec* table = FindTable(grid.Name());
+  return std::string(table ? table->record : "");
+}
+
 EditOutcome StoreEdit(Grid& grid, GridRules& rules, int row, int col, const std::string& text) {
   if (text == grid.TextMatrix(row, col)) return EditOutcome::Unchanged;
+  const Change change(grid, "Edit " + RecordName(grid));
   grid.SetTextMatrix(row, col, text);
   rules.Edited(row, col);
   return EditOutcome::Accepted;

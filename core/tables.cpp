@@ -264,19 +264,19 @@ void WriteHeader(Grid& grid, int col, const ColumnSpec& column) {
 }  // namespace
 
 constexpr std::array<TableSpec, kDataTables> kTables{{
-    {"fgPractices", kPractices},
-    {"fgSessions", kSessions},
-    {"fgInvoices", kInvoices},
-    {"fgPensionA", kPensionA},
-    {"fgPensionB", kPensionB},
-    {"fgExtras", kExtras},
-    {"fgPensionSolo", kPensionSolo},
-    {"fgPensionC", kPensionC},
-    {"fgPensionD", kPensionD},
-    {"fgExpenses", kExpenses},
-    {"fgSessionExpenses", kSessionExpenses},
-    {"fgEvents", kEvents},
-    {"fgPensionPayments", kPensionPayments},
+    {"fgPractices", kPractices, "Practice"},
+    {"fgSessions", kSessions, "Session"},
+    {"fgInvoices", kInvoices, "Invoice"},
+    {"fgPensionA", kPensionA, "Form A"},
+    {"fgPensionB", kPensionB, "Form B"},
+    {"fgExtras", kExtras, "Extra"},
+    {"fgPensionSolo", kPensionSolo, "Form SOLO"},
+    {"fgPensionC", kPensionC, "Form C"},
+    {"fgPensionD", kPensionD, "Form D"},
+    {"fgExpenses", kExpenses, "Expense"},
+    {"fgSessionExpenses", kSessionExpenses, "Session Expense"},
+    {"fgEvents", kEvents, "Event"},
+    {"fgPensionPayments", kPensionPayments, "Pension Payment"},
 }};
 
 constexpr TableSpec kShortcutsTable{"fgShortcuts", kShortcuts};

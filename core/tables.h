@@ -42,6 +42,7 @@ struct ColumnSpec {
 struct TableSpec {
   std::string_view name;                // "fgSessions"
   std::span<const ColumnSpec> columns;  // in the order of a new file, without the marker column
+  std::string_view record = "";         // what a row is called: "Session"
 };
 
 // The thirteen tables of the data file, in the order in which they stand there.

@@ -9,6 +9,7 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/rows.h"
 #include "core/tables.h"
 #include "core/text.h"
 #include "documents/email.h"
@@ -89,8 +90,8 @@ void frmBookingConfirmation::FillSessions() {
     int row;
   };
   std::vector<Upcoming> upcoming;
-  for (int row = sessions.FixedRows(); row < sessions.Rows() && !practice.empty(); ++row) {
-    if (sessions.IsSubtotal(row) || sessions.TextMatrix(row, "PRACTICE") != practice) continue;
+  for (const int row : Records(sessions)) {
+    if (practice.empty() || sessions.TextMatrix(row, "PRACTICE") != practice) continue;
     const std::optional<Date> day = CellDate(sessions.TextMatrix(row, "SDATE"));
     if (!day || *day < today) continue;
     upcoming.push_back({*day + CellTime(sessions.TextMatrix(row, "STIME")).value_or(0), row});

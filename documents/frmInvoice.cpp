@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 
+#include "core/change.h"
 #include "core/format.h"
 #include "core/messagebox.h"
 #include "core/options.h"
@@ -147,8 +148,8 @@ void frmInvoice::ShowSessions() {
   const RedrawOff redrawOff(fgInvSessions);
   fgInvSessions.ClearData();
   const int invoice = sessions.ColIndex("INVOICE");
-  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row)
-    if (!sessions.IsSubtotal(row) && sessions.TextMatrix(row, invoice) == cID.Text())
+  for (const int row : Records(sessions))
+    if (sessions.TextMatrix(row, invoice) == cID.Text())
       AddSessionLine(fgInvSessions, sessions, row);
   ShowTotals();
 }
@@ -220,6 +221,7 @@ void frmInvoice::SendReceipt() {
 
 // What has happened outside the program is recorded at once: Cancel does not call a message back.
 void frmInvoice::Keep(std::initializer_list<std::string_view> keys) {
+  const Change change(ledger, "Send By E-mail");
   Grid& invoices = ledger.fgInvoices;
   const int row = Row();
   for (const std::string_view key : keys) {
@@ -235,6 +237,7 @@ void frmInvoice::ShowEmployerContribHelp() {
 }
 
 void frmInvoice::Save() {
+  const Change change(ledger, "Edit Invoice");
   Grid& invoices = ledger.fgInvoices;
   const int row = Row();
   for (int col = 0; col < invoices.Cols(); ++col)

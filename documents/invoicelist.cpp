@@ -25,10 +25,7 @@ bool Contains(const std::array<std::string_view, N>& keys, std::string_view key)
 
 }  // namespace
 
-bool InvoiceListRules::IsInvoice(int row) const {
-  const Grid& invoices = ledger_.fgInvoices;
-  return row >= invoices.FixedRows() && row < invoices.Rows() && !invoices.IsSubtotal(row);
-}
+bool InvoiceListRules::IsInvoice(int row) const { return IsRecord(ledger_.fgInvoices, row); }
 
 bool InvoiceListRules::MayEdit(int row, int col) {
   const std::string& key = ledger_.fgInvoices.ColKey(col);

@@ -8,7 +8,7 @@
 
 #include "core/ledger.h"
 #include "documents/mergefields.h"
-#include "documents/recordindex.h"
+#include "records/recordindex.h"
 #include "documents/template.h"
 #include "pdf/clsPDFCreator.h"
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "core/ledger.h"
-#include "documents/recordindex.h"
+#include "records/recordindex.h"
 #include "documents/template.h"
 
 namespace lm {

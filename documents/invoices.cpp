@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/change.h"
 #include "core/dates.h"
 #include "core/files.h"
 #include "core/formatting.h"
@@ -53,9 +54,8 @@ int UnsentInvoiceOf(const Ledger& ledger, const std::string& practiceId) {
   const Grid& invoices = ledger.fgInvoices;
   const int practice = invoices.ColIndex("PRACTICE");
   const int sent = invoices.ColIndex("SDATE");
-  for (int row = invoices.FixedRows(); row < invoices.Rows(); ++row)
-    if (!invoices.IsSubtotal(row) && invoices.TextMatrix(row, practice) == practiceId &&
-        invoices.TextMatrix(row, sent).empty())
+  for (const int row : Records(invoices))
+    if (invoices.TextMatrix(row, practice) == practiceId && invoices.TextMatrix(row, sent).empty())
       return row;
   return -1;
 }
@@ -65,11 +65,11 @@ bool AddToNewInvoice(Ledger& ledger, int session, const std::string& practiceId)
                   "Create a new invoice for practice '" + PracticeName(ledger, practiceId) + "'?",
                   Buttons::YesNo, Icon::Question) != Answer::Yes)
     return false;
+  const Change change(ledger, "Add To Invoice");
   const int id = NextInvoiceId(ledger);
   AddInvoice(ledger, id, practiceId, SumsOf(ledger.fgSessions, session, "TOTAL"),
              CellText(ledger.platform.clock.Now()));
   SetInvoiceOf(ledger, session, PlainText(id));
-  RefreshInvoiceNumbers(ledger);
   CreateInvoice(ledger, PlainText(id));
   return true;
 }
@@ -77,12 +77,7 @@ bool AddToNewInvoice(Ledger& ledger, int session, const std::string& practiceId)
 }  // namespace
 
 int InvoiceRow(const Ledger& ledger, std::string_view id) {
-  if (id.empty()) return -1;
-  const Grid& invoices = ledger.fgInvoices;
-  const int column = invoices.ColIndex("ID");
-  int row = invoices.FindRow(id, -1, column);
-  while (row >= 0 && invoices.IsSubtotal(row)) row = invoices.FindRow(id, row + 1, column);
-  return row;
+  return RecordRow(ledger.fgInvoices, id);
 }
 
 std::string InvoiceStatusLine(const Ledger& ledger, std::string_view sent, std::string_view paid) {
@@ -116,16 +111,13 @@ bool DeleteInvoice(Ledger& ledger, const std::string& id, std::string_view sent)
   if (!Ask(ledger, "Delete invoice " + invoices.TextMatrix(row, "NUMBER") + "?",
            "Its sessions become uninvoiced.", "Delete Invoice"))
     return false;
-  {
-    Grid& sessions = ledger.fgSessions;
-    const RedrawOff redrawOff(sessions);
-    const int column = sessions.ColIndex("INVOICE");
-    for (int session = sessions.FixedRows(); session < sessions.Rows(); ++session)
-      if (!sessions.IsSubtotal(session) && sessions.TextMatrix(session, column) == id)
-        SetInvoiceOf(ledger, session, "");
-  }
+  const Change change(ledger, "Delete Invoice");
+  Grid& sessions = ledger.fgSessions;
+  const RedrawOff redrawOff(sessions);
+  const int column = sessions.ColIndex("INVOICE");
+  for (const int session : Records(sessions))
+    if (sessions.TextMatrix(session, column) == id) SetInvoiceOf(ledger, session, "");
   invoices.RemoveItem(row);
-  RefreshInvoiceNumbers(ledger);
   return true;
 }
 
@@ -148,6 +140,7 @@ bool AddSessionToInvoice(Ledger& ledger, const std::string& sessionId) {
                        ") exists for this practice.\\n\\nDo you want to add this session to this "
                        "invoice?"))
     return false;
+  const Change change(ledger, "Add To Invoice");
   SetInvoiceOf(ledger, session, ledger.fgInvoices.TextMatrix(invoice, "ID"));
   AddToSums(ledger, invoice, session, 1);
   return true;
@@ -174,6 +167,7 @@ bool RemoveSessionFromInvoice(Ledger& ledger, const std::string& sessionId) {
 }
 
 void TakeOffInvoice(Ledger& ledger, int sessionRow, int invoiceRow) {
+  const Change change(ledger, "Remove From Invoice");
   SetInvoiceOf(ledger, sessionRow, "");
   AddToSums(ledger, invoiceRow, sessionRow, -1);
 }

@@ -8,7 +8,7 @@
 
 #include "core/ledger.h"
 #include "core/numbers.h"
-#include "documents/recordindex.h"
+#include "records/recordindex.h"
 
 namespace lm {
 

@@ -6,7 +6,7 @@
 
 #include "core/ledger.h"
 #include "documents/mergefields.h"
-#include "documents/recordindex.h"
+#include "records/recordindex.h"
 
 namespace lm {
 

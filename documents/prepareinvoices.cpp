@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "core/change.h"
 #include "core/format.h"
 #include "core/formatting.h"
 #include "core/messagebox.h"
@@ -13,8 +14,8 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "documents/invoicepdf.h"
-#include "documents/recordindex.h"
 #include "records/practices.h"
+#include "records/recordindex.h"
 
 namespace lm {
 namespace {
@@ -55,7 +56,7 @@ class Batch {
 
 void Batch::FindBranches() {
   const Grid& practices = ledger_.fgPractices;
-  for (int row = practices.FixedRows(); row < practices.Rows(); ++row) {
+  for (const int row : Records(practices)) {
     const std::string parent = practices.TextMatrix(row, "BRANCHOF");
     if (!Trim(parent).empty()) branches_[parent].push_back(practices.TextMatrix(row, "ID"));
   }
@@ -71,10 +72,8 @@ std::vector<std::string> Batch::PracticesToInvoice() const {
     if (!Trim(id).empty() && taken.insert(id).second) ids.push_back(std::move(id));
   };
   if (allBranchesOnOne_)
-    for (int row = practices.FixedRows(); row < practices.Rows(); ++row)
-      add(practices.TextMatrix(row, "BRANCHOF"));
-  for (int row = practices.FixedRows(); row < practices.Rows(); ++row)
-    add(practices.TextMatrix(row, "ID"));
+    for (const int row : Records(practices)) add(practices.TextMatrix(row, "BRANCHOF"));
+  for (const int row : Records(practices)) add(practices.TextMatrix(row, "ID"));
   return ids;
 }
 
@@ -134,6 +133,7 @@ void Batch::ShowProgress(std::size_t done, std::size_t all, const std::string& p
 
 int Batch::Run() {
   const BusyPointer busy(ledger_.platform);
+  const Change change(ledger_, "Prepare Invoices");
   const RedrawOff sessionsOff(ledger_.fgSessions);
   const RedrawOff invoicesOff(ledger_.fgInvoices);
   const std::vector<std::string> ids = PracticesToInvoice();
@@ -191,7 +191,6 @@ int AddInvoice(Ledger& ledger, int id, const std::string& practiceId, const Invo
 int PrepareInvoices(Ledger& ledger, const InvoiceBatch& request) {
   Batch batch(ledger, request);
   const int made = batch.Run();
-  if (made > 0) RefreshInvoiceNumbers(ledger);
   TellResult(ledger, made, batch.Results());
   return made;
 }

@@ -65,10 +65,6 @@ const FormList* FindFormList(const Grid& table) {
   return list == std::end(kFormLists) ? nullptr : list;
 }
 
-bool IsRecord(const Grid& table, int row) {
-  return row >= table.FixedRows() && row < table.Rows() && !table.IsSubtotal(row);
-}
-
 class FormListRules : public GridRules {
  public:
   FormListRules(Ledger& ledger, Grid& table, const FormList& list)

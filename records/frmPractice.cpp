@@ -1,6 +1,6 @@
 #include "records/frmPractice.h"
 
-#include "core/formatting.h"
+#include "core/change.h"
 #include "core/numbers.h"
 #include "core/options.h"
 #include "core/rows.h"
@@ -69,7 +69,7 @@ void frmPractice::New() {
 }
 
 bool frmPractice::Open(std::string_view id) {
-  const int row = id.empty() ? -1 : ledger.fgPractices.FindRow(id, "ID");
+  const int row = RecordRow(ledger.fgPractices, id);
   if (row < 0) return false;
   SetCaption("Practice");
   Load(row);
@@ -90,7 +90,8 @@ bool frmPractice::CheckMileage() {
 
 void frmPractice::Save() {
   Grid& practices = ledger.fgPractices;
-  int row = txtID.Text().empty() ? -1 : practices.FindRow(txtID.Text(), "ID");
+  int row = RecordRow(practices, txtID.Text());
+  const Change change(ledger, row < 0 ? "New Practice" : "Edit Practice");
   if (row < 0) {
     txtID.SetText(PlainText(NextId(practices)));
     row = AddRecord(ledger, practices);
@@ -99,7 +100,6 @@ void frmPractice::Save() {
     if (const Field* box = BoxOf(col)) practices.SetTextMatrix(row, col, box->Text());
   MarkEdited(ledger, practices, row);
   practices.Select(row, std::max(practices.Col(), practices.FixedCols()));
-  RefreshPracticeLists(ledger);
   Close();
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "core/change.h"
 #include "core/dates.h"
 #include "core/format.h"
 #include "core/formatting.h"
@@ -321,8 +322,8 @@ bool frmSession::IsDuplicate() const {
   const int id = sessions.ColIndex("ID");
   const int date = sessions.ColIndex("SDATE");
   const int time = sessions.ColIndex("STIME");
-  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
-    if (sessions.IsSubtotal(row) || sessions.TextMatrix(row, date) != cSDate.Text() ||
+  for (const int row : Records(sessions)) {
+    if (sessions.TextMatrix(row, date) != cSDate.Text() ||
         sessions.TextMatrix(row, time) != cSTime.Text())
       continue;
     if (cID.Text().empty() || sessions.TextMatrix(row, id) != cID.Text()) return true;
@@ -332,8 +333,9 @@ bool frmSession::IsDuplicate() const {
 
 bool frmSession::Save() {
   Grid& sessions = ledger.fgSessions;
-  int row = SessionRow(ledger, cID.Text());
+  int row = RecordRow(sessions, cID.Text());
   if (cID.Text().empty() && !GiveId()) return false;
+  const Change change(ledger, row < 0 ? Caption() : "Edit Session");
   if (row < 0)
     row = AddRecord(ledger, sessions);
   else

@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/rows.h"
 #include "records/frmSession.h"
 #include "records/sessionrules.h"
 
@@ -72,11 +73,9 @@ int frmSession::FormRow(const Grid& forms) const {
           ? cPractice.ItemData()
           : ledger.fgSessions.TextMatrix(SessionRow(ledger, cID.Text()), "PRACTICE");
   const auto date = CellDate(cSDate.Text());
-  const int practiceCol = forms.ColIndex("PRACTICE");
-  for (int row = forms.FindRow(practice, -1, practiceCol); row >= 0;
-       row = forms.FindRow(practice, row + 1, practiceCol))
-    if (!forms.IsSubtotal(row) && IsSameMonth(CellDate(forms.TextMatrix(row, "MONTH")), date))
-      return row;
+  for (int row = FindRecord(forms, "PRACTICE", practice); row >= 0;
+       row = FindRecord(forms, "PRACTICE", practice, row + 1))
+    if (IsSameMonth(CellDate(forms.TextMatrix(row, "MONTH")), date)) return row;
   return -1;
 }
 
@@ -103,7 +102,7 @@ void frmSession::InvoiceLinkPressed() {
     ShowMessage(ledger, "The invoice window is already open.");
     return;
   }
-  const int row = ledger.fgInvoices.FindRow(lblInvoiceDetails.Text(), "NUMBER");
+  const int row = FindRecord(ledger.fgInvoices, "NUMBER", lblInvoiceDetails.Text());
   if (row < 0) return;
   if (ledger.platform.windows.OpenRecord("frmInvoice", ledger.fgInvoices.TextMatrix(row, "ID")))
     ReadLinksAgain();

@@ -56,9 +56,8 @@ std::optional<std::string> PracticeListRules::Accept(int row, int col, std::stri
   return std::string(text);
 }
 
-void PracticeListRules::Edited(int row, int col) {
+void PracticeListRules::Edited(int row, int /*col*/) {
   MarkEdited(ledger_, ledger_.fgPractices, row);
-  if (ledger_.fgPractices.ColKey(col) == "NAME") RefreshPracticeLists(ledger_);
 }
 
 void PracticeListRules::Opened(int row) { OpenPractice(ledger_, IdOf(row)); }

@@ -1,26 +1,22 @@
 #include "records/practices.h"
 
-#include "core/formatting.h"
+#include "core/change.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
+#include "core/rows.h"
 #include "core/text.h"
 
 namespace lm {
 namespace {
 
-// Group rows do not count: theirs is the title of a group, and a practice may be called "2".
 bool RefersTo(const Grid& table, std::string_view practiceId) {
-  const int col = table.ColIndex("PRACTICE");
-  int row = table.FindRow(practiceId, -1, col);
-  while (row >= 0 && table.IsSubtotal(row)) row = table.FindRow(practiceId, row + 1, col);
-  return row >= 0;
+  return FindRecord(table, "PRACTICE", practiceId) >= 0;
 }
 
 }  // namespace
 
 std::string PracticeCell(const Ledger& ledger, std::string_view id, std::string_view key) {
-  const int row = id.empty() ? -1 : ledger.fgPractices.FindRow(id, "ID");
-  return ledger.fgPractices.TextMatrix(row, key);
+  return ledger.fgPractices.TextMatrix(RecordRow(ledger.fgPractices, id), key);
 }
 
 std::string PracticeName(const Ledger& ledger, std::string_view id) {
@@ -40,7 +36,7 @@ std::optional<std::string> MileageText(std::string_view typed) {
 }
 
 bool DeletePractice(Ledger& ledger, std::string_view id) {
-  const int row = id.empty() ? -1 : ledger.fgPractices.FindRow(id, "ID");
+  const int row = RecordRow(ledger.fgPractices, id);
   if (row < 0) {
     ShowMessage(ledger, "Delete Practice", "There is no practice selected to delete.");
     return false;
@@ -55,8 +51,8 @@ bool DeletePractice(Ledger& ledger, std::string_view id) {
   }
   if (!Ask(ledger, "Delete Practice '" + ledger.fgPractices.TextMatrix(row, "NAME") + "'?"))
     return false;
+  const Change change(ledger, "Delete Practice");
   ledger.fgPractices.RemoveItem(row);
-  RefreshPracticeLists(ledger);
   return true;
 }
 

@@ -40,10 +40,7 @@ bool IsNote(std::string_view key) { return key == "NOTES" || key == "PUBLICNOTE"
 
 }  // namespace
 
-bool SessionListRules::IsSession(int row) const {
-  return row >= ledger_.fgSessions.FixedRows() && row < ledger_.fgSessions.Rows() &&
-         !ledger_.fgSessions.IsSubtotal(row);
-}
+bool SessionListRules::IsSession(int row) const { return IsRecord(ledger_.fgSessions, row); }
 
 bool SessionListRules::MayEdit(int row, int col) {
   const std::string& key = ledger_.fgSessions.ColKey(col);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/change.h"
 #include "core/dates.h"
 #include "core/format.h"
 #include "core/messagebox.h"
@@ -180,12 +181,7 @@ std::optional<std::string> EnterRate(Ledger& ledger, std::string_view typed) {
 }
 
 int SessionRow(const Ledger& ledger, std::string_view id) {
-  if (id.empty()) return -1;
-  const Grid& sessions = ledger.fgSessions;
-  const int col = sessions.ColIndex("ID");
-  int row = sessions.FindRow(id, -1, col);
-  while (row >= 0 && sessions.IsSubtotal(row)) row = sessions.FindRow(id, row + 1, col);
-  return row;
+  return RecordRow(ledger.fgSessions, id);
 }
 
 int SessionTypeOf(const Ledger& ledger, int row) {
@@ -225,6 +221,7 @@ bool DeleteSession(Ledger& ledger, std::string_view id) {
     return false;
 
   const std::string sessionId(id);  // may be a view of the row that goes
+  const Change change(ledger, "Delete Session");
   RemoveRowsOf(ledger.fgExtras, sessionId);
   RemoveRowsOf(ledger.fgSessionExpenses, sessionId);
   sessions.RemoveItem(row);

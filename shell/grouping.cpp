@@ -32,6 +32,7 @@ void AddMonthColumn(Grid& grid) {
   const int col = grid.Cols();
   grid.SetCols(col + 1);
   grid.SetColKey(col, kGroupMonthKey);
+  grid.SetColDerived(col, true);
   grid.SetTextMatrix(0, col, "Month");
   grid.SetTextMatrix(1, col, kGroupMonthKey);
   grid.SetColWidth(col, kMonthWidth);

@@ -34,7 +34,9 @@ constexpr std::string_view kGroupMonthKey = "GROUPMONTH";
 
 class ListGrouping {
  public:
-  ListGrouping(Ledger& ledger, const GroupedList& list) : list_(list), grid_(ledger.*list.table) {}
+  ListGrouping(Ledger& ledger, const GroupedList& list) : list_(list), grid_(ledger.*list.table) {
+    grid_.DeclareKey(kGroupMonthKey);
+  }
 
   bool IsOn() const { return choice_ > 0; }
   // Groups by this choice from now on, over the rows that are not hidden; 0 takes the groups away.

@@ -30,13 +30,13 @@ Qt::Alignment ToQtAlignment(Alignment alignment, DataType type) {
 }  // namespace
 
 GridModel::~GridModel() {
-  if (grid_) grid_->SetObserver(nullptr);
+  if (grid_) grid_->RemoveObserver(*this);
 }
 
 void GridModel::SetGrid(Grid* grid) {
-  if (grid_) grid_->SetObserver(nullptr);
+  if (grid_) grid_->RemoveObserver(*this);
   grid_ = grid;
-  if (grid_) grid_->SetObserver(this);
+  if (grid_) grid_->AddObserver(*this);
   stale_ = true;
   Sync();
 }

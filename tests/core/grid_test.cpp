@@ -170,7 +170,7 @@ TEST(Grid, TheObserverHearsTheSmallestTrueNotice) {
   Grid grid("fgTest");
   Fill(grid, {"1\t2\t3", "4\t5\t6"});
   Recorder recorder;
-  grid.SetObserver(&recorder);
+  grid.AddObserver(recorder);
   const struct {
     std::function<void()> change;
     std::string log;

@@ -55,9 +55,10 @@ def run(cli, options, directory, script, wanted):
     fault = check(output, wanted)
     expects_error = any("error" in want for _, want in wanted)
     if not fault and done.returncode != (1 if expects_error else 0):
-        fault = f"exit status {done.returncode}\n{done.stderr}"
+        fault = f"exit status {done.returncode}"
     if fault:
         print(done.stdout)
+        print(done.stderr)
         print(fault)
         sys.exit(1)
 

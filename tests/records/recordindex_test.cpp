@@ -1,4 +1,4 @@
-#include "documents/recordindex.h"
+#include "records/recordindex.h"
 
 #include <gtest/gtest.h>
 

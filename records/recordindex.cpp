@@ -1,6 +1,8 @@
-#include "documents/recordindex.h"
+#include "records/recordindex.h"
 
 #include <algorithm>
+
+#include "core/rows.h"
 
 namespace lm {
 namespace {
@@ -9,8 +11,7 @@ std::unordered_map<std::string, std::vector<int>> RowsByCell(const Grid& grid,
                                                              std::string_view key) {
   std::unordered_map<std::string, std::vector<int>> rows;
   const int col = grid.ColIndex(key);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    if (grid.IsSubtotal(row)) continue;
+  for (const int row : Records(grid)) {
     std::string owner = grid.TextMatrix(row, col);
     if (!owner.empty()) rows[std::move(owner)].push_back(row);
   }
