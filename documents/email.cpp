@@ -1,7 +1,5 @@
 #include "documents/email.h"
 
-#include <system_error>
-
 #include "core/files.h"
 #include "core/messagebox.h"
 #include "core/options.h"
@@ -11,6 +9,7 @@
 #include "documents/invoicepdf.h"
 #include "documents/invoices.h"
 #include "documents/mergefields.h"
+#include "pdf/wholefile.h"
 #include "records/practices.h"
 
 namespace lm {
@@ -63,12 +62,30 @@ struct MailTexts {
   int subject, body;  // options
 };
 
+// What goes out says what the invoice says now, unless the user wants it as it was.
+bool PrepareDocument(Ledger& ledger, const std::string& invoiceId, const fs::path& file) {
+  const RecordIndex index(ledger);
+  InvoiceRenderer renderer(ledger, index);
+  if (!IsWholePdf(file)) return renderer.CreateInvoice(invoiceId);
+  if (renderer.IsCurrent(invoiceId)) return true;
+  switch (ShowMessage(ledger, "The document of this invoice is out of date",
+                      "The invoice or its template has changed since the document was made.\\n\\n"
+                      "Click Yes to make it anew and send it.\\nClick No to send it as it is.",
+                      Buttons::YesNoCancel, Icon::Question, "Send By E-mail")) {
+    case Answer::Yes:
+      return renderer.CreateInvoice(invoiceId);
+    case Answer::No:
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool SendDocument(Ledger& ledger, const std::string& invoiceId, const MailTexts& texts) {
   const int row = InvoiceRow(ledger, invoiceId);
   if (row < 0) return false;
   const fs::path file = InvoiceFile(ledger, row);
-  std::error_code ignored;
-  if (!fs::exists(file, ignored) && !CreateInvoice(ledger, invoiceId)) return false;
+  if (!PrepareDocument(ledger, invoiceId, file)) return false;
   MergeContext context;
   context.invoice = invoiceId;
   return SendEmail(ledger,

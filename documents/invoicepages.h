@@ -8,9 +8,9 @@
 
 #include "core/ledger.h"
 #include "documents/mergefields.h"
-#include "records/recordindex.h"
 #include "documents/template.h"
 #include "pdf/clsPDFCreator.h"
+#include "records/recordindex.h"
 
 namespace lm {
 

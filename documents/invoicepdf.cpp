@@ -3,7 +3,9 @@
 #include <fstream>
 #include <system_error>
 
+#include "core/datafile.h"
 #include "core/files.h"
+#include "core/format.h"
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
@@ -38,6 +40,41 @@ bool IsFolder(const fs::path& path) {
 // On Windows a document that a viewer holds cannot be opened for writing.
 bool IsOpenElsewhere(const fs::path& path) {
   return Exists(path) && !std::fstream(path, std::ios::in | std::ios::out | std::ios::binary);
+}
+
+class StandingClock : public ClockPort {
+ public:
+  explicit StandingClock(Date moment) : moment_(moment) {}
+  Date Now() override { return moment_; }
+
+ private:
+  Date moment_;
+};
+
+std::optional<std::string> Bytes(const fs::path& file) {
+  std::string error;
+  return ReadFile(file, error);
+}
+
+// Of a document written here; none for another's.
+std::optional<Date> MomentOfCreation(std::string_view pdf) {
+  constexpr std::string_view kEntry = "/CreationDate (D:";
+  constexpr std::size_t kDigits = 14;  // yyyymmddhhnnss
+  const std::size_t at = pdf.rfind(kEntry);
+  if (at == std::string_view::npos) return std::nullopt;
+  const std::string_view digits = pdf.substr(at + kEntry.size(), kDigits);
+  if (digits.size() != kDigits || !AllDigits(digits)) return std::nullopt;
+  const auto number = [&](std::size_t first, std::size_t count) {
+    return ValInt(digits.substr(first, count));
+  };
+  return DateSerial(number(0, 4), number(4, 2), number(6, 2)) +
+         TimeSerial(number(8, 2), number(10, 2), number(12, 2));
+}
+
+// By invoice and moment, so that the document comes out again as it was.
+std::uint32_t NamesNumber(const std::string& id, Date moment) {
+  const std::string digest = DigestOf(id + FormatDate(moment, " yyyymmddhhnnss"));
+  return static_cast<std::uint32_t>(std::stoul(digest.substr(0, 6), nullptr, 16));
 }
 
 void Describe(clsPDFCreator& pdf, const Ledger& ledger, const std::string& practice) {
@@ -93,7 +130,10 @@ bool InvoiceRenderer::CreateInvoice(const std::string& invoiceId, const std::str
       Template(templateName.empty() ? GetOption(ledger_, optInvoiceTemplate) : templateName);
   failedForAll_ = !layout;
   if (!layout) return false;
-  if (Write(id, row, *layout, file)) return true;
+  if (Write(id, row, *layout, file, ledger_.platform.clock)) {
+    ledger_.history.DocumentWritten();
+    return true;
+  }
   failedForAll_ = !IsWritableFolder(ledger_.File(kInvoiceFolder));
   return false;
 }
@@ -119,19 +159,35 @@ const DocumentTemplate* InvoiceRenderer::Template(const std::string& name) {
   return loaded ? &templates_.emplace(name, std::move(*loaded)).first->second : nullptr;
 }
 
+bool InvoiceRenderer::IsCurrent(const std::string& invoiceId) {
+  const int row = index_.Invoice(invoiceId);
+  const fs::path file = InvoiceFile(ledger_, row);
+  const DocumentTemplate* layout = Template(GetOption(ledger_, optInvoiceTemplate));
+  const std::optional<std::string> stored = Bytes(file);
+  const std::optional<Date> made = stored ? MomentOfCreation(*stored) : std::nullopt;
+  if (row < 0 || !layout || !stored) return true;
+  if (!made) return false;  // it is not ours
+  // Drawn at the moment at which the stored one was, it must come out the same to the last byte.
+  StandingClock clock(*made);
+  const fs::path again = ledger_.File(kInvoiceFolder) / "_Compare.pdf";
+  if (!Write(invoiceId, row, *layout, again, clock)) return true;
+  const bool same = Bytes(again) == stored;
+  std::error_code ignored;
+  fs::remove(again, ignored);
+  return same;
+}
+
 bool InvoiceRenderer::Write(const std::string& id, int row, const DocumentTemplate& layout,
-                            const fs::path& file) {
-  clsPDFCreator pdf(ledger_.platform.clock);
+                            const fs::path& file, ClockPort& clock) {
+  clsPDFCreator pdf(clock);
   Describe(pdf, ledger_, PracticeName(ledger_, ledger_.fgInvoices.TextMatrix(row, "PRACTICE")));
   SetUpPage(pdf, layout);
+  pdf.SetNamesNumber(NamesNumber(id, clock.Now()));
   pdf.BeginDoc(PathText(file));
   if (pdf.ErrNumber() == 0) {
     InvoicePages(ledger_, index_, layout, pdf, toldFaults_).Draw(id);
     pdf.EndDoc();
-    if (!pdf.ErrSource().ends_with(".EndDoc")) {  // an item's fault was told already
-      ledger_.history.DocumentWritten();
-      return true;
-    }
+    if (!pdf.ErrSource().ends_with(".EndDoc")) return true;  // an item's fault was told already
   }
   ShowMessage(ledger_, "The invoice could not be written",
               "File '" + PathText(file) + "'\\n\\n" + pdf.ErrDescription());

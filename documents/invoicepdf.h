@@ -8,8 +8,9 @@
 #include <string_view>
 
 #include "core/ledger.h"
-#include "records/recordindex.h"
+#include "core/platform.h"
 #include "documents/template.h"
+#include "records/recordindex.h"
 
 namespace lm {
 
@@ -26,14 +27,18 @@ class InvoiceRenderer {
   // Writes the invoice's document with the template of the options; with a template's file name a
   // preview. False after its message; an older document of that name then stays as it was.
   bool CreateInvoice(const std::string& invoiceId, const std::string& templateName = "");
+  // False when the invoice's document would come out otherwise if it were made now, by its figures,
+  // its texts or its template. True also, after its message, where it cannot be made now.
+  bool IsCurrent(const std::string& invoiceId);
   // The last failure would meet every other invoice too (no folder, one that takes no file, no
   // template): a batch need not go on writing documents.
   bool FailedForAll() const { return failedForAll_; }
 
  private:
   const DocumentTemplate* Template(const std::string& name);  // null after its message
+  // The clock tells the moment of creation.
   bool Write(const std::string& id, int row, const DocumentTemplate& layout,
-             const std::filesystem::path& file);
+             const std::filesystem::path& file, ClockPort& clock);
 
   Ledger& ledger_;
   const RecordIndex& index_;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <system_error>
 
 #include "core/change.h"
 #include "core/dates.h"
@@ -15,6 +14,7 @@
 #include "core/text.h"
 #include "documents/invoicepdf.h"
 #include "documents/prepareinvoices.h"
+#include "pdf/wholefile.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
 
@@ -179,9 +179,7 @@ bool OpenInvoiceDocument(Ledger& ledger, const std::string& id, bool recreate) {
     return false;
   }
   const std::filesystem::path file = InvoiceFile(ledger, row);
-  std::error_code ignored;
-  if ((recreate || !std::filesystem::exists(file, ignored)) && !CreateInvoice(ledger, id))
-    return false;
+  if ((recreate || !IsWholePdf(file)) && !CreateInvoice(ledger, id)) return false;
   return OpenLink(ledger, PathText(file));
 }
 

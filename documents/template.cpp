@@ -1,6 +1,7 @@
 #include "documents/template.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "core/files.h"
@@ -38,6 +39,16 @@ auto Named(const Table& table, std::string_view name) {
   const auto found = std::ranges::find_if(
       table, [&](const auto& entry) { return EqualsIgnoreCase(entry.name, name); });
   return found == std::end(table) ? nullptr : &*found;
+}
+
+// With its exponent, which Val does not read: "1e308" is no small number that was meant.
+bool LiesBeyondPaper(std::string_view text) {
+  text = Trim(text);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc::result_out_of_range || std::abs(number) > kLargestMeasure ||
+         std::abs(Val(text)) > kLargestMeasure;
 }
 
 bool IsYes(const std::string* text) { return text && EqualsIgnoreCase(*text, "YES"); }
@@ -87,11 +98,12 @@ const std::string& TemplateItem::Text(std::string_view name) const {
 }
 
 double TemplateItem::Number(std::string_view name) const {
-  const double number = Val(Text(name));
-  if (std::abs(number) <= kLargestMeasure) return number;
-  throw TemplateError(
-      "The attribute '" + std::string(name) + "' lies beyond any page: " + PlainText(number) + ".",
-      line_);
+  const std::string& text = Text(name);
+  if (!LiesBeyondPaper(text)) return Val(text);
+  constexpr std::size_t kShown = 40;  // signs of a number that may have thousands
+  throw TemplateError("The attribute '" + std::string(name) +
+                          "' lies beyond any page: " + text.substr(0, kShown) + ".",
+                      line_);
 }
 
 std::vector<const TemplateSection*> DocumentTemplate::Sections(std::string_view id) const {

@@ -73,7 +73,8 @@ void TemplateXml::CheckRoot() const {
     if (node.type() == pugi::node_doctype)
       throw TemplateError("A document type declaration is not allowed.");
     if (IsElement(node) && node != Root())
-      throw TemplateError("A second root element: '" + FromUtf8(node.name()) + "'.", Line(node));
+      throw InvalidTemplateXml("A second root element: '" + FromUtf8(node.name()) + "'.",
+                               Line(node));
   }
   if (std::string_view(Root().name()) != "template")
     throw TemplateError(

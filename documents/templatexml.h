@@ -13,8 +13,8 @@ namespace lm {
 
 class TemplateXml {
  public:
-  // Throws InvalidTemplateXml where the parser refuses the text, and TemplateError where it is no
-  // template or too large for one.
+  // Throws InvalidTemplateXml where the text is no XML, of which two root elements are none, and
+  // TemplateError where it is no template or too large for one.
   explicit TemplateXml(std::string_view xml);
   TemplateXml(const TemplateXml&) = delete;
   TemplateXml& operator=(const TemplateXml&) = delete;

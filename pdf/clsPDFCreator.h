@@ -369,6 +369,10 @@ class clsPDFCreator {
                   std::string_view colour);
   void SetWordSpacing(double points);
 
+  // Before BeginDoc: the number (its lowest 24 bits count) behind the prefix of all resource names,
+  // which is drawn by chance otherwise. With the same number and clock the same document comes out.
+  void SetNamesNumber(std::uint32_t number);
+
   // Settings of the document, before or after BeginDoc.
 
   // Filters of contents, images and other data, fonts; added up: 1 run length, 2 deflate, 4 LZW, 8

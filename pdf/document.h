@@ -74,10 +74,11 @@ enum class Target { None, Page, Object, Tiling };
 
 struct Document {
   Output out;
-  std::string prefix;   // "A1F3+", before every resource name
-  double scale = 1;     // points per user unit
-  int precision = 3;    // decimals of written numbers
-  int versionStep = 0;  // minor version less 3
+  std::string prefix;                        // "A1F3+", before every resource name
+  std::optional<std::uint32_t> namesNumber;  // behind the prefix; drawn by chance when unset
+  double scale = 1;                          // points per user unit
+  int precision = 3;                         // decimals of written numbers
+  int versionStep = 0;                       // minor version less 3
   bool pdfA = false;
   double pageWidth = 596, pageHeight = 842;  // points, of the open or next page
 

@@ -58,7 +58,7 @@ void Pages::RequireDocument() const {
 }
 
 std::string Pages::BeginDoc(std::string_view fileName) {
-  const std::uint32_t number = std::random_device()() & 0xFFFFFF;
+  const std::uint32_t number = document_.namesNumber.value_or(std::random_device()()) & 0xFFFFFF;
   const std::string hexadecimal = Hexadecimal(number);
   const std::string name =
       fileName.empty() ? "~" + PadLeft(hexadecimal, 6, '0') + ".pdf" : std::string(fileName);

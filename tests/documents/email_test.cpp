@@ -2,6 +2,8 @@
 // and the draft where there is no mail program.
 #include "documents/email.h"
 
+#include <fstream>
+
 #include "core/text.h"
 #include "documents/emldraft.h"
 #include "documents/frmInvoice.h"
@@ -62,9 +64,55 @@ TEST_F(Mail, TheDocumentIsMadeWhereMissing) {
   EXPECT_EQ(desk.shown.mails.size(), 1u);
 }
 
+TEST_F(Mail, ADocumentThatWasCutOffCountsAsMissing) {
+  for (const char* left : {"", "%PDF-1.4\n1 0 obj"}) {
+    std::ofstream(desk.Document("1"), std::ios::trunc) << left;
+    EXPECT_TRUE(SendInvoiceByEmail(desk, "1"));
+    EXPECT_TRUE(test::IsSoundPdf(desk.Document("1")));
+  }
+  EXPECT_EQ(desk.Messages(), "");
+}
+
+TEST_F(Mail, AnOutdatedDocumentIsNotSentWithoutAWord) {
+  const auto paper = [&] {
+    std::string error;
+    return *ReadFile(desk.Document("1"), error);
+  };
+  desk.shown.now += 40.25;
+  EXPECT_TRUE(SendInvoiceByEmail(desk, "1"));
+  EXPECT_EQ(desk.Messages(), "") << "what would be drawn now is what stands there";
+
+  const std::pair<const char*, std::function<void()>> changes[] = {
+      {"amount", [&] { desk.ledger.fgSessions.SetTextMatrix(2, "TOTAL", "7"); }},
+      {"template", [&] {
+         desk.UseTemplate(test::Template(
+             test::Section("invheader", test::Item("T", {{"caption", "{Invoice Number}"}}), "30")));
+       }}};
+  for (const auto& [what, change] : changes) {
+    SCOPED_TRACE(what);
+    const std::string old = paper();
+    change();
+    const std::size_t sent = desk.shown.mails.size();
+    EXPECT_FALSE(SendInvoiceByEmail(desk, "1")) << "Cancel";
+    EXPECT_EQ(desk.Messages(), "The document of this invoice is out of date");
+    EXPECT_EQ(desk.shown.mails.size(), sent);
+    desk.shown.answers = {Answer::No};
+    EXPECT_TRUE(SendInvoiceByEmail(desk, "1"));
+    EXPECT_EQ(paper(), old);
+    desk.shown.answers = {Answer::Yes};
+    EXPECT_TRUE(SendInvoiceByEmail(desk, "1"));
+    EXPECT_NE(paper(), old);
+    desk.Messages();
+    EXPECT_TRUE(SendInvoiceByEmail(desk, "1"));
+    EXPECT_EQ(desk.Messages(), "");
+  }
+  EXPECT_FALSE(fs::exists(desk.ledger.File("Invoices/_Compare.pdf")));
+}
+
 TEST_F(Mail, LineBreaksMakeNoHeaders) {
   SetMyDetail(desk, kLastNameField, "Morgan\r\nBcc: spy@spy.example");
   desk.ledger.fgPractices.SetTextMatrix(2, "EMAIL", "a@a.example\nBcc: b@b.example");
+  fs::remove(desk.Document("1"));  // it bears the name as it was
   for (const bool available : {true, false}) {
     desk.shown.mailAvailable = available;
     EXPECT_TRUE(SendInvoiceByEmail(desk, "1"));

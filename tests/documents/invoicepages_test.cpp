@@ -241,10 +241,11 @@ TEST(InvoicePages, HostileTemplatesEnd) {
     Attributes document;
     const char* message;
   } kCases[] = {
-      {Section("session", Text("x", {{"left", "1e308"}})), {}, ""},
-      {Section("session", Text("x", {{"width", many}})), {}, ""},
+      {Section("session", Text("x", {{"left", "1e308"}})), {}, "Section: session"},
+      {Section("session", Text("x", {{"width", many}})), {}, "Section: session"},
       {Section("session", Text("x", {{"height", "99999"}})), {}, "Section: session"},
-      {Section("session", Text("x", {{"fontsize", "1e9"}, {"borderwidth", "-4"}})), {}, ""},
+      {Section("session", Text("x", {{"fontsize", "1e9"}})), {}, "Section: session"},
+      {Section("session", Text("x", {{"borderwidth", "-4"}})), {}, ""},
       {Section("session", Text("x", {{"fontsize", "-3"}, {"width", "-50"}, {"height", "-9"}})),
        {},
        ""},
