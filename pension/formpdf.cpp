@@ -7,6 +7,7 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/rows.h"
 #include "pdf/clsPDFCreator.h"
 #include "pdf/reader/parsedfile.h"
 #include "pension/formdrawing.h"
@@ -74,7 +75,7 @@ bool FormPrinter::HasFolder() {
 
 bool FormPrinter::Write(const PensionForm& form, int row) {
   const FormRow record{form, ledger_.*form.table, row};
-  if (row < record.cells.FixedRows() || form.IsRetired()) {
+  if (!IsRecord(record.cells, row) || form.IsRetired()) {
     Tell("The pension form could not be found", "There is no such " + std::string(form.name) + ".");
     return false;
   }
@@ -136,7 +137,7 @@ void FormPrinter::Tell(std::string_view heading, const std::string& text, std::s
 
 bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool recreate) {
   const FormRow record{form, ledger.*form.table, row};
-  const bool isThere = row >= record.cells.FixedRows() && row < record.cells.Rows();
+  const bool isThere = IsRecord(record.cells, row);
   if (isThere && !HasMonth(ledger, record)) return false;
   const fs::path file = isThere ? FormFile(ledger, record) : fs::path();
   const bool hasFile = isThere && MayExist(file);

@@ -22,8 +22,7 @@ std::vector<Practice> PracticesWithType(const Ledger& ledger, const MonthSession
                                         int sessionType) {
   const Grid& practices = ledger.fgPractices;
   std::vector<Practice> found;
-  for (int row = practices.FixedRows(); row < practices.Rows(); ++row) {
-    if (practices.IsSubtotal(row)) continue;
+  for (const int row : Records(practices)) {
     std::string id = practices.TextMatrix(row, "ID");
     if (!id.empty() && sessions.HasType(sessionType, id))
       found.push_back({std::move(id), practices.TextMatrix(row, "NAME")});
@@ -96,9 +95,9 @@ int RowOfForm(const Ledger& ledger, const PensionForm& form, Month month,
   const Grid& table = ledger.*form.table;
   const int monthCol = table.ColIndex("MONTH");
   const int practiceCol = form.ofPractice ? table.ColIndex("PRACTICE") : -1;
-  for (int row = table.FixedRows(); row < table.Rows() && month; ++row)
+  for (const int row : Records(table))
     if ((!form.ofPractice || table.TextMatrix(row, practiceCol) == practiceId) &&
-        !table.IsSubtotal(row) && form.isOfMonth(table.TextMatrix(row, monthCol), month))
+        form.isOfMonth(table.TextMatrix(row, monthCol), month))
       return row;
   return -1;
 }
@@ -107,8 +106,8 @@ std::vector<int> ReturnedForms(const Ledger& ledger, const PensionForm& form, Mo
   const Grid& table = ledger.*form.table;
   const int received = table.ColIndex("RCVDFROMPRACTICE");
   std::vector<int> rows;
-  for (int row = table.FixedRows(); row < table.Rows(); ++row)
-    if (!table.IsSubtotal(row) && month.Has(table.TextMatrix(row, received))) rows.push_back(row);
+  for (const int row : Records(table))
+    if (month.Has(table.TextMatrix(row, received))) rows.push_back(row);
   return rows;
 }
 
@@ -123,8 +122,7 @@ std::vector<int> SessionsOfForms(const Ledger& ledger, const PensionForm& form,
   const int practice = sessions.ColIndex("PRACTICE");
   const int startDate = sessions.ColIndex("SDATE");
   std::vector<int> found;
-  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
-    if (sessions.IsSubtotal(row)) continue;
+  for (const int row : Records(sessions)) {
     const auto ofPractice = months.find(sessions.TextMatrix(row, practice));
     if (ofPractice != months.end() &&
         ofPractice->second.contains(Month::OfCell(sessions.TextMatrix(row, startDate))))
@@ -199,7 +197,7 @@ FormSums AddSessionsToForm(Ledger& ledger, const PensionForm& form, const MonthS
 
 bool DeleteForm(Ledger& ledger, const PensionForm& form, int row) {
   const Grid& table = ledger.*form.table;
-  if (row < table.FixedRows() || row >= table.Rows() || table.IsSubtotal(row)) return false;
+  if (!IsRecord(table, row)) return false;
   const FormRow record{form, table, row};
   if (!Ask(ledger, "Delete Pension Form", DeletionQuestion(ledger, record))) return false;
   if (!DeleteFormDocument(ledger, record)) return false;

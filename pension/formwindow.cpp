@@ -101,7 +101,7 @@ void FormWindow::BindDate(TextField& box, Button& button, std::string_view capti
 // ---- Showing the form
 
 bool FormWindow::Open(int row) {
-  if (row < table_.FixedRows() || row >= table_.Rows() || table_.IsSubtotal(row)) return false;
+  if (!IsRecord(table_, row)) return false;
   openedRow_ = row;
   MakeBlank(working_, *FindTable(table_.Name()));
   working_.AddItem("");
@@ -186,11 +186,10 @@ void FormWindow::FigureEdited(int row) {
 int FormWindow::Row() const {
   const auto isForm = [&](int row) {
     const FormRow each{form_, table_, row};
-    return row < table_.Rows() && !table_.IsSubtotal(row) && each.Cell("MONTH") == cMonth.Text() &&
-           each.Practice() == cPracticeID.Text();
+    return each.Cell("MONTH") == cMonth.Text() && each.Practice() == cPracticeID.Text();
   };
-  if (isForm(openedRow_)) return openedRow_;
-  for (int row = table_.FixedRows(); row < table_.Rows(); ++row)
+  if (IsRecord(table_, openedRow_) && isForm(openedRow_)) return openedRow_;
+  for (const int row : Records(table_))
     if (isForm(row)) return row;
   return -1;
 }

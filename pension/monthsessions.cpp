@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/rows.h"
 #include "records/sessionrules.h"
 
 namespace lm {
@@ -11,8 +12,7 @@ MonthSessions::MonthSessions(const Ledger& ledger, Month month) : ledger_(ledger
   const Grid& sessions = ledger.fgSessions;
   const int startDate = sessions.ColIndex("SDATE");
   const int practice = sessions.ColIndex("PRACTICE");
-  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
-    if (sessions.IsSubtotal(row)) continue;
+  for (const int row : Records(sessions)) {
     if (!month.Has(sessions.TextMatrix(row, startDate))) continue;
     std::string practiceId = sessions.TextMatrix(row, practice);
     if (practiceId.empty()) {

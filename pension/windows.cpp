@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/messagebox.h"
+#include "core/rows.h"
 #include "core/text.h"
 #include "pension/forms.h"
 #include "pension/frmPensionA.h"
@@ -25,17 +26,10 @@ bool ShowForm(Ledger& ledger, int row) {
     return false;
   }
   const FormRow record{window.Form(), ledger.*window.Form().table, row};
-  if (row >= record.cells.FixedRows() && !HasMonth(ledger, record)) return false;
+  if (IsRecord(record.cells, row) && !HasMonth(ledger, record)) return false;
   if (!window.Open(row)) return false;
   ShowModal(window);
   return true;
-}
-
-int RowOfId(const Grid& forms, std::string_view id) {
-  const int col = forms.ColIndex("ID");
-  int row = id.empty() ? -1 : forms.FindRow(id, -1, col);
-  while (row >= 0 && forms.IsSubtotal(row)) row = forms.FindRow(id, row + 1, col);
-  return row;
 }
 
 // What follows "open", whether it came as one word or as several; "" for anything else.
@@ -51,7 +45,7 @@ int RowByName(const Ledger& ledger, const PensionForm& form, const std::string& 
   const std::string practice = hasPractice ? name.substr(0, blank) : "";
   const Month month = Month::OfKey(hasPractice ? name.substr(blank + 1) : name);
   const int row = hasPractice == form.ofPractice ? RowOfForm(ledger, form, month, practice) : -1;
-  return row < 0 ? RowOfId(ledger.*form.table, name) : row;
+  return row < 0 ? RecordRow(ledger.*form.table, name) : row;
 }
 
 template <const PensionForm& form>
