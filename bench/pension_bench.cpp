@@ -47,9 +47,9 @@ struct Practices {
   }
 
   int MakeAll(lm::FormPrinter& printer) {
-    const lm::MonthSessions sessions(ledger, std::string(kMonth));
-    return lm::CreateFormsA(ledger, printer, sessions) +
-           lm::CreateFormsSolo(ledger, printer, sessions);
+    const lm::MonthSessions sessions(ledger, lm::Month::OfKey(kMonth));
+    return lm::CreateForms(ledger, printer, lm::kFormA, sessions) +
+           lm::CreateForms(ledger, printer, lm::kFormSolo, sessions);
   }
 
   void TakeBack() {

@@ -177,8 +177,16 @@ void Script::DoLoad(Words words) {
 void Script::DoOpen(Words words) {
   RequireLoaded();
   if (!windows_.Has(words[0])) throw ScriptError("unknown window: " + words[0]);
-  windows_.Open(ledger_, words[0], {words.begin() + 1, words.end()});
+  const bool isOpen = OpenScreen(ledger_, words[0]) != nullptr;
+  const int boxes = terminal_.BoxesShown();
+  const bool opened = windows_.Open(ledger_, words[0], {words.begin() + 1, words.end()});
   main_->RefreshLists();
+  if (opened) return;
+  // A window may refuse with its message, and a second one of its name does. A record that is not
+  // there is an error, whether a message says so or not.
+  const bool ofRecord = words.size() > 1 && (words[1] == "open" || words[1] == "copy");
+  if (terminal_.BoxesShown() == boxes || (ofRecord && !isOpen))
+    throw ScriptError("nothing to open: " + Join({words.begin(), words.end()}, " "));
 }
 
 void Script::DoSet(Words words) {

@@ -86,6 +86,7 @@ Answer Terminal::Show(const MessageBoxText& message) {
     answers_.pop_front();
   }
   Emit(BoxLine(message, answer));
+  ++boxesShown_;
   return answer;
 }
 

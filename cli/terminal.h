@@ -36,6 +36,7 @@ class Terminal : public MessagePort,
 
   // "yes", "no", "cancel" or "ok"; false for another word.
   bool AddAnswer(std::string_view word);
+  int BoxesShown() const { return boxesShown_; }
 
   std::optional<Date> fixedNow;
   bool ignoreOtherInstances = false;
@@ -77,6 +78,7 @@ class Terminal : public MessagePort,
  private:
   std::ostream* output_;
   std::deque<Answer> answers_;
+  int boxesShown_ = 0;
 };
 
 }  // namespace lm

@@ -30,7 +30,7 @@ endfunction()
 # The stand-ins for the blank pension forms, drawn from the coordinates at which `pension` prints.
 function(embed_blank_forms)
   file(GLOB coordinates CONFIGURE_DEPENDS pension/formcoordinates*.cpp)
-  add_tool(make-blank-forms tools/make_blank_forms.cpp pension/formsamples.cpp ${coordinates})
+  add_tool(make-blank-forms tools/make_blank_forms.cpp ${coordinates})
   target_link_libraries(make-blank-forms PRIVATE pdf)
 
   set(folder ${CMAKE_BINARY_DIR}/blankforms)

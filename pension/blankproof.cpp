@@ -4,7 +4,6 @@
 #include "core/platform.h"
 #include "pdf/clsPDFCreator.h"
 #include "pension/formdrawing.h"
-#include "pension/formsamples.h"
 
 namespace lm {
 namespace {

@@ -65,9 +65,4 @@ std::vector<DateRun> RunsOfFormA(const Ledger& ledger, const MonthSessions& sess
   return MergeRuns(SessionsOfFormA(ledger, sessions, practiceId));
 }
 
-std::vector<DateRun> RunsOfFormA(const Ledger& ledger, const std::string& practiceId,
-                                 std::string_view monthKey) {
-  return RunsOfFormA(ledger, MonthSessions(ledger, std::string(monthKey)), practiceId);
-}
-
 }  // namespace lm

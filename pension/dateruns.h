@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/dates.h"
@@ -29,8 +28,6 @@ std::vector<DateRun> SessionsOfFormA(const Ledger& ledger, const MonthSessions& 
                                      const std::string& practiceId);
 
 // The runs of the sessions on a Form A.
-std::vector<DateRun> RunsOfFormA(const Ledger& ledger, const std::string& practiceId,
-                                 std::string_view monthKey);
 std::vector<DateRun> RunsOfFormA(const Ledger& ledger, const MonthSessions& sessions,
                                  const std::string& practiceId);
 

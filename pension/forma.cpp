@@ -1,3 +1,4 @@
+// Form A: of one practice's NHS Normal sessions of a month.
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -7,42 +8,42 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/rows.h"
+#include "core/text.h"
+#include "pension/dateruns.h"
+#include "pension/formoverlay.h"
 #include "pension/forms.h"
-#include "pension/months.h"
-#include "pension/practiceforms.h"
+#include "pension/windows.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
 
 namespace lm {
 namespace {
 
-bool IsOfMonth(std::string_view monthCell, std::string_view monthKey) {
-  return !monthKey.empty() && MonthKeyOf(monthCell) == monthKey;
+void ShowBasicFeeHelp(Ledger& ledger, const FormRow&) {
+  ShowMessage(ledger, "Basic Fee",
+              "The basic fee is the sum of all Session Rates and Extras. It does not include "
+              "Expenses as these are not pensionable.",
+              Buttons::Ok, Icon::Information);
 }
 
-bool MayOverwrite(Ledger& ledger, int row, std::string_view title, std::string_view heading) {
-  const Grid& forms = ledger.fgPensionA;
-  const std::string received = forms.TextMatrix(row, "RCVDFROMPRACTICE");
-  const std::string receivedMonth = MonthKeyOf(received);
-  if (FormBExists(ledger, receivedMonth)) {
-    const std::string month = MonthText(receivedMonth, "mmm yyyy");
-    ShowMessage(ledger, heading,
-                "This Form A has already been received back from the Practice and included on Form "
-                "B for the month " +
-                    month +
-                    ".\\n\\nThis Form A can therefore not be edited or deleted. To unlock this "
-                    "Form A the Form B for the month of " +
-                    month + " must be deleted first.",
-                Buttons::Ok, Icon::Exclamation, title);
-    return false;
-  }
-  std::string question = "Do you wish to overwrite it?";
-  if (!received.empty())
-    question = "This form has already been received back from the Practice.\\n" + question;
-  else if (!forms.TextMatrix(row, "SENTTOPRACTICE").empty())
-    question = "This form has already been sent to the Practice.\\n" + question;
-  return Ask(ledger, heading, question, title);
-}
+// The window fills the first two, which are sums over the sessions.
+constexpr FormFigure kFigures[] = {
+    {.label = "Rate"},
+    {.label = "Extras"},
+    {.label = "GP locum’s basic fee\n(excluding employer contributions)"_w,
+     .letter = "a",
+     .key = "AMOUNT",
+     .item = FormItem::Amount,
+     .help = ShowBasicFeeHelp},
+    {.label = "Pensionable pay\n(90% of the fee)",
+     .letter = "b",
+     .key = "PENSIONABLE",
+     .item = FormItem::Pensionable},
+    {.label = "Employer contribution\n(14.38% of pensionable)",
+     .letter = "c",
+     .key = "EMPLOYERCONTRIB",
+     .item = FormItem::Employer},
+};
 
 // What may be wrong with the employer's contributions on the sessions of one form. The form can
 // be made all the same.
@@ -76,15 +77,14 @@ constexpr bool kAskAboutMixedContributions = false;
 bool CreateAllTheSame(Ledger& ledger, const MonthSessions& sessions, const std::string& practiceId,
                       const Inconsistency& found) {
   std::string text = "\\n\\nThe sessions for pratice " + PracticeName(ledger, practiceId) +
-                     " for month " + MonthText(sessions.Month(), "mmm yyyy");
+                     " for month " + sessions.InMonth().Text("mmm yyyy");
   text += found.state;
   text += found.advice;
   text += "\\n\\nDo you still want to create this pension form A?";
   return Ask(ledger, found.heading, text, found.title);
 }
 
-bool ContributionsAreFine(Ledger& ledger, const MonthSessions& sessions,
-                          const std::string& practiceId) {
+bool MayMake(Ledger& ledger, const MonthSessions& sessions, const std::string& practiceId) {
   std::vector<Double> rates;
   std::vector<bool> contributes;
   for (const int row : sessions.Of(practiceId)) {
@@ -100,70 +100,50 @@ bool ContributionsAreFine(Ledger& ledger, const MonthSessions& sessions,
          CreateAllTheSame(ledger, sessions, practiceId, kContributionsMixed);
 }
 
-bool Make(Ledger& ledger, const MonthSessions& sessions, const std::string& practiceId) {
-  if (practiceId.empty()) return false;  // would be a form of all practices
-  if (!ContributionsAreFine(ledger, sessions, practiceId)) return false;
-  const FormSums sums = AddSessionsToForm(ledger, sessions, practiceId, "A");
-  if (sums.sessions == 0) return false;
+int Make(Ledger& ledger, const MonthSessions& sessions, const std::string& practiceId) {
+  const FormSums sums = AddSessionsToForm(ledger, kFormA, sessions, practiceId);
+  if (sums.sessions == 0) return -1;
   const Double amount = sums.amount.ToDouble();
   const auto rate = static_cast<Single>(Val(GetOption(ledger, optMandatoryContribution)) / 100);
-  Grid& forms = ledger.fgPensionA;
-  const int row = AddRecord(ledger, forms);
-  const std::pair<std::string_view, std::string> cells[] = {
-      {"PRACTICE", practiceId},
-      {"MONTH", MonthCell(sessions.Month())},
-      {"SESSIONS", PlainText(sums.sessions)},
-      {"AMOUNT", Format(sums.amount, "#0.00")},
-      {"PENSIONABLE", Format(amount * kFormPensionableShare, "#0.00")},
-      {"CONTRIBUTION", Format(amount * kFormPensionableShare * rate, "#0.00")},
-      {"EMPLOYERCONTRIB", Format(sums.employer, "#0.00")}};
-  for (const auto& [key, text] : cells) forms.SetTextMatrix(row, key, text);
-  return true;
+  return AddForm(ledger, kFormA,
+                 {{"PRACTICE", practiceId},
+                  {"MONTH", sessions.InMonth().Cell()},
+                  {"SESSIONS", PlainText(sums.sessions)},
+                  {"AMOUNT", Format(sums.amount, "#0.00")},
+                  {"PENSIONABLE", Format(amount * kFormPensionableShare, "#0.00")},
+                  {"CONTRIBUTION", Format(amount * kFormPensionableShare * rate, "#0.00")},
+                  {"EMPLOYERCONTRIB", Format(sums.employer, "#0.00")}});
 }
 
-constexpr PracticeForm kFormA = {FormKind::A,         "Form A",  "A",          kTypeNormal,
-                                 &Ledger::fgPensionA, IsOfMonth, MayOverwrite, Make};
+void Print(const Ledger& ledger, SessionsByMonth& sessions, const FormRow& record,
+           FormFigures& figures) {
+  figures.texts[FormItem::SchemeNumber] = {" " +
+                                           std::string(Trim(MyDetail(ledger, kSchemeNumberField)))};
+  figures.texts[FormItem::OdsCode] = {PracticeCell(ledger, record.Practice(), "ODS_CODE")};
+  for (const DateRun& run : RunsOfFormA(ledger, sessions.Of(record.InMonth()), record.Practice())) {
+    figures.texts[FormItem::RunFirstDay].push_back(FormatDate(run.first, "dd mm yyyy"));
+    figures.texts[FormItem::RunLastDay].push_back(FormatDate(run.last, "dd mm yyyy"));
+  }
+}
 
 }  // namespace
 
-FormSums AddSessionsToForm(Ledger& ledger, const MonthSessions& sessions,
-                           const std::string& practiceId, std::string_view letter) {
-  const RedrawOff sessionsOff(ledger.fgSessions);
-  const int type = letter == "SOLO" ? kTypeOohStandard : kTypeNormal;
-  FormSums sums;
-  for (const int row : practiceId.empty() ? sessions.All() : sessions.Of(practiceId)) {
-    if (SessionTypeOf(ledger, row) != type) continue;
-    const auto pounds = [&](std::string_view key) {
-      return Currency::From(SingleOf(ledger.fgSessions.TextMatrix(row, key)));
-    };
-    AddFormLetter(ledger, row, letter);
-    sums.amount += pounds("RATE");
-    sums.amount += pounds("EXTRAS");
-    sums.employer += pounds("EMPLOYERCONTRIB");
-    ++sums.sessions;
-  }
-  return sums;
-}
-
-int FormARow(const Ledger& ledger, const std::string& practiceId, std::string_view monthKey) {
-  return PracticeFormRow(ledger, practiceId, monthKey, kFormA);
-}
-
-bool CreateFormA(Ledger& ledger, FormPrinter& printer, const MonthSessions& sessions,
-                 const std::string& practiceId) {
-  return CreatePracticeForm(ledger, printer, sessions, practiceId, kFormA);
-}
-
-int CreateFormsA(Ledger& ledger, FormPrinter& printer, const MonthSessions& sessions) {
-  return CreatePracticeForms(ledger, printer, sessions, kFormA);
-}
-
-bool DeleteFormA(Ledger& ledger, const std::string& practiceId, std::string_view monthKey) {
-  return DeletePracticeForm(ledger, practiceId, monthKey, kFormA);
-}
-
-void RemoveFormA(Ledger& ledger, std::string_view monthKey, const std::string& practiceId) {
-  RemovePracticeForm(ledger, MonthSessions(ledger, std::string(monthKey)), practiceId, kFormA);
-}
+constinit const PensionForm kFormA = {
+    .letter = "A",
+    .name = "Form A",
+    .table = &Ledger::fgPensionA,
+    .ofPractice = true,
+    .sessionType = kTypeNormal,
+    .sent = &kSentByPractice,
+    .figures = kFigures,
+    .takenUpBy = &kFormB,
+    .refusedInList = "for a month in which a Form B has already been created",
+    .refusedInWindow = "for a month for which a Form B has already been created",
+    .noSessions = "There are no NHS Normal sessions for this Practice and month",
+    .mayMake = MayMake,
+    .make = Make,
+    .print = Print,
+    .open = OpenFormA,
+};
 
 }  // namespace lm

@@ -1,67 +1,99 @@
-#include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
+// Form B: of the Forms A that came back in a month.
 #include <utility>
 #include <vector>
 
 #include "core/format.h"
 #include "core/messagebox.h"
 #include "core/options.h"
-#include "core/rows.h"
 #include "core/text.h"
+#include "pension/formoverlay.h"
 #include "pension/forms.h"
-#include "pension/months.h"
+#include "pension/practicetable.h"
+#include "pension/windows.h"
 #include "records/sessionrules.h"
 
 namespace lm {
 namespace {
 
-int RowOfMonth(const Grid& forms, std::string_view monthKey) {
-  if (monthKey.empty()) return -1;
-  const int month = forms.ColIndex("MONTH");
-  for (int row = forms.FixedRows(); row < forms.Rows(); ++row)
-    if (!forms.IsSubtotal(row) && MonthKeyOf(forms.TextMatrix(row, month)) == monthKey) return row;
-  return -1;
+// ---- Its figures
+
+void ShowEmployeeHelp(Ledger& ledger, const FormRow& form) {
+  const std::string option = GetOption(ledger, optMandatoryContribution);
+  const auto rate = RateOfFormB(ledger, form.InMonth());
+  ShowMessage(ledger, "Employee Contribution Rate",
+              "The rate used to calculate this form was " +
+                  (rate ? Format(*rate, "0.0") : Format(option, "0.0")) +
+                  "%.\\n\\nThe employee contribution rate is currently set at " + option +
+                  "%. \\n\\nThis rate can be changed on the Options screen.",
+              Buttons::Ok, Icon::Information);
 }
 
-// The Forms A that came back in a month, and the sessions that belong to them.
-class ReturnedForms {
- public:
-  ReturnedForms(const Ledger& ledger, std::string_view monthKey) {
-    const Grid& forms = ledger.fgPensionA;
-    if (monthKey.empty()) return;  // damaged dates are of no month
-    const int received = forms.ColIndex("RCVDFROMPRACTICE");
-    for (int row = forms.FixedRows(); row < forms.Rows(); ++row) {
-      if (forms.IsSubtotal(row) || MonthKeyOf(forms.TextMatrix(row, received)) != monthKey)
-        continue;
-      rows_.push_back(row);
-      const std::string month = MonthKeyOf(forms.TextMatrix(row, "MONTH"));
-      if (!month.empty()) months_[forms.TextMatrix(row, "PRACTICE")].insert(month);
-    }
-  }
+void ShowAddedYearsHelp(Ledger& ledger, const FormRow&) {
+  ShowMessage(ledger, "Added Years",
+              "The Added Years contribution rate is set at " +
+                  GetOption(ledger, optExtraYearsContrib) +
+                  "%. \\n\\nThis rate can be changed on the Options screen.",
+              Buttons::Ok, Icon::Information);
+}
 
-  const std::vector<int>& Rows() const { return rows_; }
+Double AllContributions(const FormRow& form) {
+  return form.Pounds("TOTAL_CONTRIB") + form.Pounds("EMPLOYERCONTRIB");
+}
 
-  // Of all types.
-  std::vector<int> Sessions(const Ledger& ledger) const {
-    const Grid& sessions = ledger.fgSessions;
-    const int practice = sessions.ColIndex("PRACTICE");
-    const int startDate = sessions.ColIndex("SDATE");
-    std::vector<int> found;
-    for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
-      if (sessions.IsSubtotal(row)) continue;
-      const auto months = months_.find(sessions.TextMatrix(row, practice));
-      if (months != months_.end() &&
-          months->second.contains(MonthKeyOf(sessions.TextMatrix(row, startDate))))
-        found.push_back(row);
-    }
-    return found;
-  }
-
- private:
-  std::vector<int> rows_;                                                    // of fgPensionA
-  std::unordered_map<std::string, std::unordered_set<std::string>> months_;  // by the practice
+constexpr FormFigure kFigures[] = {
+    {.label = "Total pensionable pay that is, the total of the amounts entered in box 2 of form A",
+     .letter = "a",
+     .key = "PENSIONABLE",
+     .item = FormItem::BoxA,
+     .blankPrints = false},
+    {.label = "Employee contributions (a x 5.2%, 6.5%, 8.3%, 9.8%, 10.7%, 12.5%)",
+     .letter = "b",
+     .key = "CONTRIBUTION",
+     .item = FormItem::BoxB,
+     .blankPrints = false,
+     .help = ShowEmployeeHelp},
+    {.label = "Total of any NHS Pension Scheme added years contributions (a x %)",
+     .letter = "c",
+     .key = "EXTRA_YEARS",
+     .item = FormItem::BoxC,
+     .editable = true,
+     .help = ShowAddedYearsHelp},
+    {.label = "Total of any NHS Pension Scheme extra money purchase additional voluntary "
+              "contributions (MPAVCs). A % or agreed sum",
+     .letter = "d",
+     .key = "AVC",
+     .item = FormItem::BoxD,
+     .editable = true},
+    {.label = "Total of any NHS Pension Scheme additional pension contributions",
+     .letter = "e",
+     .key = "ADDITIONAL",
+     .item = FormItem::BoxE,
+     .editable = true},
+    {.label = "Total of any NHS Pension Scheme early retirement reduction buy out (ERRBO) "
+              "contributions. A fixed ERRBO %",
+     .letter = "f",
+     .key = "ERRBO",
+     .item = FormItem::BoxF,
+     .editable = true},
+    {.label = "Grand total of NHS Pension Scheme employee contributions (b+c+d+e+f)",
+     .letter = "g",
+     .key = "TOTAL_CONTRIB",
+     .item = FormItem::BoxG,
+     .blankPrints = false},
+    {.label = "Grand total of NHS Pension Scheme employer (14.38%) contributions, that is amounts "
+              "shown in box 3 of Form A",
+     .letter = "h",
+     .key = "EMPLOYERCONTRIB",
+     .item = FormItem::BoxH,
+     .blankPrints = false},
+    {.label = "Grand total of employee and employer contributions (g+h)",
+     .letter = "i",
+     .worked = AllContributions,
+     .item = FormItem::BoxI},
+    {.label = "Cumulative (month by month) freelance GP locum pensionable income", .letter = "j"},
 };
+
+// ---- Making
 
 struct ReturnedSums {
   Currency amount, pensionable, employer;
@@ -77,9 +109,9 @@ ReturnedSums SumForms(const Grid& forms, const std::vector<int>& rows) {
   return sums;
 }
 
-void PutOnFormB(Ledger& ledger, const ReturnedForms& returned) {
+void PutOnFormB(Ledger& ledger, const std::vector<int>& formsA) {
   const RedrawOff sessionsOff(ledger.fgSessions);
-  for (const int row : returned.Sessions(ledger))
+  for (const int row : SessionsOfForms(ledger, kFormA, formsA))
     if (SessionTypeOf(ledger, row) == kTypeNormal &&
         ledger.fgSessions.TextMatrix(row, "FORMS") == "A")
       AddFormLetter(ledger, row, "B");
@@ -91,32 +123,28 @@ Single VoluntaryContribution(const Ledger& ledger, Double amount) {
   return static_cast<Single>(amount * 0.9 * (Val(option) / 100));
 }
 
-void AddFormB(Ledger& ledger, std::string_view monthKey, const ReturnedSums& sums) {
+int Make(Ledger& ledger, const MonthSessions& sessions, const std::string&) {
+  const std::vector<int> formsA = ReturnedForms(ledger, kFormA, sessions.InMonth());
+  if (formsA.empty()) return -1;
+  PutOnFormB(ledger, formsA);
+  const ReturnedSums sums = SumForms(ledger.fgPensionA, formsA);
   const Double amount = sums.amount.ToDouble();
   const auto rate = static_cast<Single>(Val(GetOption(ledger, optMandatoryContribution)) / 100);
   const auto own = static_cast<Single>(Val(Money(amount * kFormPensionableShare * rate)));
   const Single avc = VoluntaryContribution(ledger, amount);
   const auto yearsRate = static_cast<Single>(Val(GetOption(ledger, optExtraYearsContrib)) / 100);
   const auto years = static_cast<Single>(amount * 0.9 * yearsRate);
-
-  Grid& forms = ledger.fgPensionB;
-  const int row = AddRecord(ledger, forms);
-  const std::pair<std::string_view, std::string> cells[] = {
-      {"MONTH", MonthCell(monthKey)},
-      {"AMOUNT", Format(sums.amount, "0.00")},
-      {"PENSIONABLE", Format(sums.pensionable, "0.00")},
-      {"EMPLOYERCONTRIB", sums.employer.ToText()},
-      {"CONTRIBUTION", Format(own, "#0.00")},
-      {"AVC", Format(avc, "#0.00")},
-      {"EXTRA_YEARS", Money(years)},
-      {"ERRBO", "0"},
-      {"ADDITIONAL", "0"},
-      {"TOTAL_CONTRIB", Money(avc + own + years)}};
-  for (const auto& [key, text] : cells) forms.SetTextMatrix(row, key, text);
-}
-
-void SetBlankToZero(Grid& forms, int row, std::string_view key) {
-  if (Trim(forms.TextMatrix(row, key)).empty()) forms.SetTextMatrix(row, key, "0");
+  return AddForm(ledger, kFormB,
+                 {{"MONTH", sessions.InMonth().Cell()},
+                  {"AMOUNT", Format(sums.amount, "0.00")},
+                  {"PENSIONABLE", Format(sums.pensionable, "0.00")},
+                  {"EMPLOYERCONTRIB", sums.employer.ToText()},
+                  {"CONTRIBUTION", Format(own, "#0.00")},
+                  {"AVC", Format(avc, "#0.00")},
+                  {"EXTRA_YEARS", Money(years)},
+                  {"ERRBO", "0"},
+                  {"ADDITIONAL", "0"},
+                  {"TOTAL_CONTRIB", Money(avc + own + years)}});
 }
 
 void RefuseScottishAvc(Ledger& ledger, Grid& forms, int row) {
@@ -129,83 +157,92 @@ void RefuseScottishAvc(Ledger& ledger, Grid& forms, int row) {
       "change the country for your pension calculations on the Options screen.");
 }
 
+void Recalculate(Ledger& ledger, Grid& cells, int row, std::string_view editedKey) {
+  if (EqualsIgnoreCase(editedKey, "AVC")) {
+    SetBlankToZero(cells, row, "AVC");
+    if (ToUpper(GetOption(ledger, optPensionCountry)) == "SCOTLAND")
+      RefuseScottishAvc(ledger, cells, row);
+  } else {
+    for (const std::string_view key : {"ERRBO", "ADDITIONAL", "EXTRA_YEARS"})
+      SetBlankToZero(cells, row, key);
+  }
+  Double total = 0;
+  for (const std::string_view key : {"AVC", "CONTRIBUTION", "EXTRA_YEARS", "ERRBO", "ADDITIONAL"})
+    total += Val(cells.TextMatrix(row, key));
+  cells.SetTextMatrix(row, "TOTAL_CONTRIB", Format(total, "#,##0.00"));
+}
+
+// ---- On paper
+
+// Details of the user on the first page.
+struct Detail {
+  FormItem item;
+  int field;
+};
+
+constexpr Detail kDetails[] = {
+    {FormItem::LastName, kLastNameField},
+    {FormItem::FirstName, kFirstNameField},
+    {FormItem::SchemeNumber, kSchemeNumberField},
+    {FormItem::Telephone, 7},
+    {FormItem::Mobile, 11},
+    {FormItem::Email, 6},
+};
+constexpr int kAddressFields[] = {0, 1, 2, 3, 4};  // lines and postcode
+constexpr int kDateField = 5;
+
+std::string Address(const Ledger& ledger) {
+  std::vector<std::string> lines;
+  for (const int field : kAddressFields)
+    if (std::string line(Trim(MyDetail(ledger, field))); !line.empty()) lines.push_back(line);
+  return Join(lines, ", ");
+}
+
+void AddDetails(const Ledger& ledger, Month month, FormFigures& figures) {
+  for (const Detail& detail : kDetails)
+    figures.texts[detail.item] = {std::string(Trim(MyDetail(ledger, detail.field)))};
+  figures.texts[FormItem::Address] = {Address(ledger)};
+  const std::optional<Date> born = CellDate(MyDetail(ledger, kDateField));
+  figures.texts[FormItem::DateOfField5] = {born ? FormatDate(*born, "dd mm yyyy") : ""};
+  figures.texts[FormItem::MonthShort] = {month.Text("mmm")};
+  figures.texts[FormItem::MonthLong] = {month.Text("mmmm")};
+  figures.texts[FormItem::YearShort] = {month.Text("yy")};
+  figures.texts[FormItem::YearLong] = {month.Text("yyyy")};
+}
+
+void Print(const Ledger& ledger, SessionsByMonth& sessions, const FormRow& record,
+           FormFigures& figures) {
+  const Month month = record.InMonth();
+  AddDetails(ledger, month, figures);
+  // The rate's digits, not its bits: the single nearest to 9.8 is no double's 9.8.
+  if (const std::optional<Single> rate = RateOfFormB(ledger, month))
+    figures.rate = Val(PlainText(*rate));
+  AddPractices(ledger, sessions, month, figures);
+}
+
 }  // namespace
 
-int FormBRow(const Ledger& ledger, std::string_view monthKey) {
-  return RowOfMonth(ledger.fgPensionB, monthKey);
-}
-
-bool FormBExists(const Ledger& ledger, std::string_view monthKey, std::string_view letter) {
-  return RowOfMonth(letter == "B" ? ledger.fgPensionB : ledger.fgPensionD, monthKey) >= 0;
-}
-
-bool MayOverwriteFormB(Ledger& ledger, std::string_view monthKey) {
-  const int row = FormBRow(ledger, monthKey);
-  if (row < 0) return true;
-  std::string question = "Do you wish to overwrite it?";
-  if (!ledger.fgPensionB.TextMatrix(row, "SENTTOHA").empty())
-    question = "This form has already been sent to the HA.\\n" + question;
-  if (!Ask(ledger,
-           "A Locum Form B has already been calculated for " + MonthText(monthKey, "mmmm yy") + ".",
-           question, "Create Form B"))
-    return false;
-  RemoveFormB(ledger, monthKey);
-  return true;
-}
-
-bool CreateFormB(Ledger& ledger, FormPrinter& printer, std::string_view monthKey) {
-  const ReturnedForms returned(ledger, monthKey);
-  if (returned.Rows().empty()) return false;
-  PutOnFormB(ledger, returned);
-  AddFormB(ledger, monthKey, SumForms(ledger.fgPensionA, returned.Rows()));
-  printer.Write(FormKind::B, monthKey);  // without a document the form stands too
-  return true;
-}
-
-bool DeleteFormB(Ledger& ledger, std::string_view monthKey) {
-  if (FormBRow(ledger, monthKey) < 0) return false;
-  if (!Ask(ledger, "Delete Pension Form",
-           "Delete Pension Form B for " + MonthText(monthKey, "mmmm yyyy") + "?"))
-    return false;
-  if (!DeleteFormDocument(ledger, FormKind::B, monthKey)) return false;
-  RemoveFormB(ledger, monthKey);
-  return true;
-}
-
-void RemoveFormB(Ledger& ledger, std::string_view monthKey) {
-  const RedrawOff sessionsOff(ledger.fgSessions);
-  for (const int row : ReturnedForms(ledger, monthKey).Sessions(ledger))
-    RemoveFormLetter(ledger, row, "B");
-  const int row = FormBRow(ledger, monthKey);
-  if (row >= 0) ledger.fgPensionB.RemoveItem(row);
-}
-
-std::optional<Single> RateOfFormB(const Ledger& ledger, std::string_view monthKey) {
-  const int row = FormBRow(ledger, monthKey);
+std::optional<Single> RateOfFormB(const Ledger& ledger, Month month) {
+  const int row = RowOfForm(ledger, kFormB, month);
   const Double pensionable = Val(ledger.fgPensionB.TextMatrix(row, "PENSIONABLE"));
   if (row < 0 || pensionable == 0) return std::nullopt;
   const Double contribution = Val(ledger.fgPensionB.TextMatrix(row, "CONTRIBUTION"));
   return static_cast<Single>(RoundMoney(100 * (contribution / pensionable)));
 }
 
-void RecalculateFormB(Ledger& ledger, Grid& forms, int row, std::string_view editedKey) {
-  constexpr std::string_view kExtras[] = {"ERRBO", "ADDITIONAL", "EXTRA_YEARS"};
-  constexpr std::string_view kSummed[] = {"AVC", "CONTRIBUTION", "EXTRA_YEARS", "ERRBO",
-                                          "ADDITIONAL"};
-  const auto isEdited = [&](std::string_view key) { return EqualsIgnoreCase(key, editedKey); };
-  if (isEdited("AVC")) {
-    SetBlankToZero(forms, row, "AVC");
-    if (ToUpper(GetOption(ledger, optPensionCountry)) == "SCOTLAND")
-      RefuseScottishAvc(ledger, forms, row);
-  } else if (std::ranges::any_of(kExtras, isEdited)) {
-    for (const std::string_view key : kExtras) SetBlankToZero(forms, row, key);
-  } else {
-    return;
-  }
-  Double total = 0;
-  for (const std::string_view key : kSummed) total += Val(forms.TextMatrix(row, key));
-  forms.SetTextMatrix(row, "TOTAL_CONTRIB", Format(total, "#,##0.00"));
-  MarkEdited(ledger, forms, row);
-}
+constinit const PensionForm kFormB = {
+    .letter = "B",
+    .name = "Form B",
+    .table = &Ledger::fgPensionB,
+    .ofPractice = false,
+    .sessionType = kTypeNormal,
+    .sent = &kSentToHA,
+    .figures = kFigures,
+    .madeOf = &kFormA,
+    .make = Make,
+    .recalculate = Recalculate,
+    .print = Print,
+    .open = OpenFormB,
+};
 
 }  // namespace lm

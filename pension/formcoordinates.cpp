@@ -1,7 +1,8 @@
 #include "pension/formcoordinates.h"
 
+#include <algorithm>
 #include <array>
-#include <cstddef>
+#include <iterator>
 
 #include "pension/formplaces.h"
 
@@ -19,12 +20,14 @@ constexpr EditionStart kEditions[] = {
     {FormEdition::April2023, 2023, 4},
 };
 
-struct ItemLabel {
+struct ItemWords {
   FormItem item;
   std::string_view label;
+  std::string_view longest = "";  // of a text that has an end
 };
 
-constexpr ItemLabel kLabels[] = {
+constexpr std::string_view kLongestMoney = "99,999.99";
+constexpr ItemWords kItems[] = {
     {FormItem::TitleAndName, "Title and name"},
     {FormItem::SchemeNumber, "Pension scheme number"},
     {FormItem::Authority, "Authority"},
@@ -38,12 +41,12 @@ constexpr ItemLabel kLabels[] = {
     {FormItem::Email, "E-mail"},
     {FormItem::Address, "Address"},
     {FormItem::MonthShort, "Month"},
-    {FormItem::MonthLong, "Month"},
+    {FormItem::MonthLong, "Month", "September"},
     {FormItem::YearShort, "Year"},
-    {FormItem::YearLong, "Year"},
+    {FormItem::YearLong, "Year", "9999"},
     {FormItem::Signature, "Signature"},
     {FormItem::Today, "Date"},
-    {FormItem::TodayInWords, "Date"},
+    {FormItem::TodayInWords, "Date", "99 Mmm 9999"},
     {FormItem::LocumOwnUse, "For your own use"},
     {FormItem::OdsCode, "ODS code"},
     {FormItem::RunFirstDay, "First day"},
@@ -52,11 +55,11 @@ constexpr ItemLabel kLabels[] = {
     {FormItem::Pensionable, "2  Pensionable pay"},
     {FormItem::Employer, "3  Employer contribution"},
     {FormItem::Tier, "Rate"},
-    {FormItem::PracticeCode, "Code"},
-    {FormItem::PracticeName, "Practice"},
-    {FormItem::PracticeFirstDay, "First day"},
-    {FormItem::PracticeLastDay, "Last day"},
-    {FormItem::PracticeReceived, "Received"},
+    {FormItem::PracticeCode, "Code", "A99999"},
+    {FormItem::PracticeName, "Practice", "A Practice's Name"},
+    {FormItem::PracticeFirstDay, "First day", "99/99/9999"},
+    {FormItem::PracticeLastDay, "Last day", "99/99/9999"},
+    {FormItem::PracticeReceived, "Received", "99/99/9999"},
     {FormItem::PracticeAmount, "Fee"},
     {FormItem::PracticePensionable, "Pensionable"},
     {FormItem::BoxA, "a  Pensionable pay"},
@@ -73,7 +76,7 @@ constexpr ItemLabel kLabels[] = {
     {FormItem::SoloA, "A  Pay"},
     {FormItem::SoloB, "B  Expenses"},
     {FormItem::SoloC, "C  Pensionable pay"},
-    {FormItem::SoloD, "D  Contribution rate"},
+    {FormItem::SoloD, "D  Contribution rate", "99.9"},
     {FormItem::SoloE, "E  Employee contribution"},
     {FormItem::SoloAddedYears, "F  Added years"},
     {FormItem::SoloAdditional, "F  Additional pension"},
@@ -85,19 +88,24 @@ constexpr ItemLabel kLabels[] = {
     {FormItem::SoloK, "K  Grand total"},
 };
 
+ItemWords WordsOf(FormItem item) {
+  const auto* found = std::ranges::find(kItems, item, &ItemWords::item);
+  return found == std::end(kItems) ? ItemWords{item, ""} : *found;
+}
+
 // Made at the first call: the tables stand in files of their own.
 const std::array<FormBlank, 9>& AllBlanks() {
   using enum FormEdition;
   static const std::array<FormBlank, 9> blanks{{
-      {FormKind::A, April2024, "GP A 2024-04.pdf", 5, kFormA202404},
-      {FormKind::B, April2024, "GP B 2024-04.pdf", 7, kFormB202404},
-      {FormKind::Solo, April2024, "GP Solo 2024-04.pdf", 3, kFormSolo202404},
-      {FormKind::A, April2023, "GP A 2023-04.pdf", 5, kFormA202304},
-      {FormKind::B, April2023, "GP B 2023-04.pdf", 8, kFormB202304},
-      {FormKind::Solo, April2023, "GP Solo 2023-04.pdf", 3, kFormSolo202304},
-      {FormKind::A, October2022, "GP A 2022-10.pdf", 7, kFormA202210},
-      {FormKind::B, October2022, "GP B 2022-10.pdf", 8, kFormB202210},
-      {FormKind::Solo, October2022, "GP Solo 2022-10.pdf", 3, kFormSolo202210},
+      {"A", April2024, "GP A 2024-04.pdf", 5, kFormA202404},
+      {"B", April2024, "GP B 2024-04.pdf", 7, kFormB202404},
+      {"SOLO", April2024, "GP Solo 2024-04.pdf", 3, kFormSolo202404},
+      {"A", April2023, "GP A 2023-04.pdf", 5, kFormA202304},
+      {"B", April2023, "GP B 2023-04.pdf", 8, kFormB202304},
+      {"SOLO", April2023, "GP Solo 2023-04.pdf", 3, kFormSolo202304},
+      {"A", October2022, "GP A 2022-10.pdf", 7, kFormA202210},
+      {"B", October2022, "GP B 2022-10.pdf", 8, kFormB202210},
+      {"SOLO", October2022, "GP Solo 2022-10.pdf", 3, kFormSolo202210},
   }};
   return blanks;
 }
@@ -110,23 +118,33 @@ FormEdition EditionOf(int year, int month) {
   return FormEdition::October2022;
 }
 
-std::string_view FormLetter(FormKind kind) {
-  static constexpr std::string_view kLetters[] = {"A", "B", "SOLO"};
-  return kLetters[static_cast<std::size_t>(kind)];
+std::string_view FormItemLabel(FormItem item) { return WordsOf(item).label; }
+
+std::string FormPlaceSample(const FormPlace& place) {
+  std::string boxes(place.boxes);
+  switch (place.kind) {
+    case PlaceKind::DigitBoxes:
+      std::ranges::replace(boxes, '0', '9');
+      return boxes;
+    case PlaceKind::RightText:
+    case PlaceKind::PoundsAndPence:
+      return std::string(kLongestMoney);
+    case PlaceKind::Tick:
+      return "X";
+    default:
+      const ItemWords words = WordsOf(place.item);
+      return std::string(words.longest.empty() ? words.label : words.longest);
+  }
 }
 
-std::string_view FormItemLabel(FormItem item) {
-  for (const ItemLabel& entry : kLabels)
-    if (entry.item == item) return entry.label;
-  return "";
-}
+bool HasFixedLength(const FormPlace& place) { return !WordsOf(place.item).longest.empty(); }
 
 std::span<const FormBlank> FormBlanks() { return AllBlanks(); }
 
-const FormBlank& BlankOf(FormKind kind, FormEdition edition) {
+const FormBlank& BlankOf(std::string_view form, FormEdition edition) {
   const std::array<FormBlank, 9>& blanks = AllBlanks();
   for (const FormBlank& blank : blanks)
-    if (blank.kind == kind && blank.edition == edition) return blank;
+    if (blank.form == form && blank.edition == edition) return blank;
   return blanks.front();
 }
 

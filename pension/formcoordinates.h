@@ -11,22 +11,20 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace lm {
 
-enum class FormKind { A, B, Solo };
 enum class FormEdition { October2022, April2023, April2024 };
 
 // By the form's month. Both numbers are compared each on its own, so that January to March of any
 // year go on the blank of October 2022.
 FormEdition EditionOf(int year, int month);
 
-// "A", "B" or "SOLO", as in the form's title and its file name.
-std::string_view FormLetter(FormKind kind);
-
 // What is printed. The text comes from the form's overlay.
 enum class FormItem {
+  None,
   // Of the locum.
   TitleAndName,
   SchemeNumber,
@@ -112,7 +110,7 @@ enum class LongText { AsItIs, Smaller, Narrower };
 
 struct FormPlace {
   int page = 1;
-  FormItem item = FormItem::TitleAndName;
+  FormItem item = FormItem::None;
   PlaceKind kind = PlaceKind::Text;
   double x = 0, y = 0;
   double size = 0;
@@ -128,6 +126,12 @@ struct FormPlace {
   LongText longText = LongText::AsItIs;
 };
 
+// What stands for the figure where a blank is tried out: a figure as wide as it comes, or the name
+// of an item whose text can be anything.
+std::string FormPlaceSample(const FormPlace& place);
+// Of a text: true when the sample is as long as it can get.
+bool HasFixedLength(const FormPlace& place);
+
 constexpr int kLongText = 18;            // characters
 constexpr double kSmallerSize = 8;       // points
 constexpr double kNarrowerPercent = 80;  // horizontal scale
@@ -137,7 +141,7 @@ constexpr int kTooManyPractices = 9;
 constexpr int kPracticesShownThen = 6;
 
 struct FormBlank {
-  FormKind kind;
+  std::string_view form;  // "A", "B" or "SOLO"
   FormEdition edition;
   std::string_view file;  // in the folder "Form Templates"
   int pages;
@@ -148,6 +152,6 @@ constexpr std::string_view kBlankFolder = "Form Templates";
 
 // All nine.
 std::span<const FormBlank> FormBlanks();
-const FormBlank& BlankOf(FormKind kind, FormEdition edition);
+const FormBlank& BlankOf(std::string_view form, FormEdition edition);
 
 }  // namespace lm

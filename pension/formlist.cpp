@@ -1,7 +1,5 @@
 #include "pension/formlist.h"
 
-#include "core/text.h"
-#include "pension/practiceforms.h"
 #include "records/windows.h"
 
 namespace lm {
@@ -23,10 +21,6 @@ constexpr ColumnSpec kSessionColumns[] = {
 constexpr TableSpec kSessionTable{"fgSessions", kSessionColumns};
 
 }  // namespace
-
-Double PoundsOf(std::string_view cell) { return Val(RemoveAny(cell, ",")); }
-
-Currency SessionPounds(std::string_view cell) { return Currency::From(SingleOf(cell)); }
 
 void MakeFormList(Grid& list, const TableSpec& columns, const Ledger& ledger) {
   const Grid& sessions = ledger.fgSessions;

@@ -5,16 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/numbers.h"
 #include "core/screen.h"
 #include "core/tables.h"
 
 namespace lm {
-
-// Pounds in a cell, commas understood; 0 for what is no number.
-Double PoundsOf(std::string_view cell);
-// The same as the sums of forms take a session's amounts: a single, converted.
-Currency SessionPounds(std::string_view cell);
 
 // A blank list; a date column without a format of its own shows as days do in `fgSessions`.
 void MakeFormList(Grid& list, const TableSpec& columns, const Ledger& ledger);

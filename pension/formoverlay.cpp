@@ -26,20 +26,12 @@ std::string SignatureFile(const Ledger& ledger) {
   return "";
 }
 
-}  // namespace
-
-Double Figure(const Grid& form, int row, std::string_view key) {
-  return Val(RemoveAny(form.TextMatrix(row, key), ","));
-}
-
-std::string TitleAndName(const Ledger& ledger) {
-  return std::string(Trim(MyDetail(ledger, kMyTitleField) + " " + MyName(ledger)));
-}
-
+// For its boxes.
 std::string InsuranceNumber(const Ledger& ledger) {
   return RemoveAny(ToUpper(MyDetail(ledger, kInsuranceNumber)), "-./\\, ");
 }
 
+// Name, numbers, signature and today's date.
 void AddLocum(const Ledger& ledger, FormFigures& figures) {
   const Date today = ledger.platform.clock.Now();
   figures.texts[FormItem::TitleAndName] = {TitleAndName(ledger)};
@@ -49,6 +41,27 @@ void AddLocum(const Ledger& ledger, FormFigures& figures) {
   figures.texts[FormItem::Signature] = {SignatureFile(ledger)};
   figures.texts[FormItem::Today] = {FormatDate(today, "dd mm yyyy")};
   figures.texts[FormItem::TodayInWords] = {FormatDate(today, "dd mmm yyyy")};
+}
+
+std::string Printed(const FormRow& record, const FormFigure& figure) {
+  if (figure.worked) return Format(figure.worked(record), record.form.onPaper);
+  const bool blank = Trim(record.Cell(figure.key)).empty();
+  return blank && !figure.blankPrints ? "" : Format(record.Pounds(figure.key), record.form.onPaper);
+}
+
+}  // namespace
+
+FormFigures FiguresOf(const Ledger& ledger, SessionsByMonth& sessions, const FormRow& record) {
+  FormFigures figures;
+  AddLocum(ledger, figures);
+  for (const FormFigure& figure : record.form.figures)
+    if (figure.item != FormItem::None) figures.texts[figure.item] = {Printed(record, figure)};
+  record.form.print(ledger, sessions, record, figures);
+  return figures;
+}
+
+std::string TitleAndName(const Ledger& ledger) {
+  return std::string(Trim(MyDetail(ledger, kMyTitleField) + " " + MyName(ledger)));
 }
 
 }  // namespace lm

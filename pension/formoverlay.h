@@ -2,20 +2,16 @@
 // and the user's details. Where they stand is in formcoordinates.h.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/ledger.h"
 #include "core/numbers.h"
-#include "pension/formcoordinates.h"
+#include "pension/form.h"
 
 namespace lm {
-
-class MonthSessions;
 
 struct FormFigures {
   // By item; several texts are for rows below each other. Money in two boxes has its point in it,
@@ -24,25 +20,11 @@ struct FormFigures {
   std::optional<Double> rate;  // percent, for the tier's tick
 };
 
-// The sessions of a month, by its key.
-using SessionsOf = std::function<const MonthSessions&(const std::string& monthKey)>;
+constexpr int kSchemeNumberField = 18;  // of My Details
 
-// `row` is the form's, in its table. Damaged cells read as 0 or as no date.
-FormFigures FiguresOfFormA(const Ledger& ledger, const SessionsOf& sessionsOf, int row,
-                           const std::string& monthKey, const std::string& practiceId);
-FormFigures FiguresOfFormB(const Ledger& ledger, const SessionsOf& sessionsOf, int row,
-                           const std::string& monthKey);
-FormFigures FiguresOfFormSolo(const Ledger& ledger, const SessionsOf& sessionsOf, int row,
-                              const std::string& monthKey, const std::string& practiceId);
+// Damaged cells read as 0 or as no date.
+FormFigures FiguresOf(const Ledger& ledger, SessionsByMonth& sessions, const FormRow& record);
 
-// The parts that forms share.
-
-// A cell as the forms read it, commas left out.
-Double Figure(const Grid& form, int row, std::string_view key);
 std::string TitleAndName(const Ledger& ledger);
-// The National Insurance number for its boxes.
-std::string InsuranceNumber(const Ledger& ledger);
-// Name, numbers, signature and today's date.
-void AddLocum(const Ledger& ledger, FormFigures& figures);
 
 }  // namespace lm

@@ -7,12 +7,12 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/rows.h"
 #include "pdf/clsPDFCreator.h"
 #include "pdf/reader/parsedfile.h"
 #include "pension/formdrawing.h"
 #include "pension/formoverlay.h"
-#include "pension/forms.h"
-#include "pension/months.h"
+#include "pension/locks.h"
 #include "records/practices.h"
 
 namespace lm {
@@ -35,15 +35,8 @@ bool IsFolder(const fs::path& path) {
   return fs::is_directory(path, ignored);
 }
 
-int FormRow(const Ledger& ledger, FormKind kind, std::string_view monthKey,
-            const std::string& practiceId) {
-  if (kind == FormKind::B) return FormBRow(ledger, monthKey);
-  return kind == FormKind::A ? FormARow(ledger, practiceId, monthKey)
-                             : FormSoloRow(ledger, practiceId, monthKey);
-}
-
-void SetUp(clsPDFCreator& pdf, const Ledger& ledger, FormKind kind) {
-  const std::string letter(FormLetter(kind));
+void SetUp(clsPDFCreator& pdf, const Ledger& ledger, const PensionForm& form) {
+  const std::string letter(form.letter);
   pdf.SetDocProperty(
       "GP Locum Pension Form " + letter, "Pension Form " + letter, TitleAndName(ledger),
       "LedgerMinder " + std::string(ProgramVersion()) + "   " + std::string(kWebsite),
@@ -61,50 +54,48 @@ std::string FileText(const fs::path& file) { return "File: '" + PathText(file) +
 
 }  // namespace
 
-fs::path FormFile(const Ledger& ledger, FormKind kind, std::string_view monthKey,
-                  const std::string& practiceId) {
-  std::string name = "Form" + std::string(FormLetter(kind)) + "_";
-  if (kind != FormKind::B) name += NameForFile(PracticeName(ledger, practiceId)) + "_";
-  name += MonthText(monthKey, "mmm yy") + ".pdf";
+fs::path FormFile(const Ledger& ledger, const FormRow& record) {
+  std::string name = "Form" + std::string(record.form.letter) + "_";
+  if (record.form.ofPractice) name += NameForFile(PracticeName(ledger, record.Practice())) + "_";
+  name += record.InMonth().Text("mmm yy") + ".pdf";
   return ledger.File(kFormFolder) / PathFromText(name);
 }
 
 FormPrinter::FormPrinter(Ledger& ledger)
-    : ledger_(ledger), blanks_(std::make_shared<pdf::FileCache>()) {}
+    : ledger_(ledger), blanks_(std::make_shared<pdf::FileCache>()), sessions_(ledger) {}
 
 FormPrinter::~FormPrinter() = default;
 
-bool FormPrinter::Write(FormKind kind, std::string_view monthKey, const std::string& practiceId) {
-  const std::optional<Date> month = FirstDayOf(monthKey);
-  const int row = month ? FormRow(ledger_, kind, monthKey, practiceId) : -1;
-  if (row < 0) {
-    Tell("The pension form could not be found",
-         "There is no Form " + std::string(FormLetter(kind)) + " for that month.");
+bool FormPrinter::HasFolder() {
+  if (IsFolder(ledger_.File(kFormFolder))) return true;
+  Tell("Pension forms directory not found",
+       "Please re-install LedgerMinder to re-create this directory.", "No Pension Forms directory");
+  return false;
+}
+
+bool FormPrinter::Write(const PensionForm& form, int row) {
+  const FormRow record{form, ledger_.*form.table, row};
+  if (!IsRecord(record.cells, row) || form.IsRetired()) {
+    Tell("The pension form could not be found", "There is no such " + std::string(form.name) + ".");
     return false;
   }
-  if (!IsFolder(ledger_.File(kFormFolder))) {
-    Tell("Pension forms directory not found",
-         "Please re-install LedgerMinder to re-create this directory.",
-         "No Pension Forms directory");
-    return false;
-  }
-  const fs::path file = FormFile(ledger_, kind, monthKey, practiceId);
+  if (!HasMonth(ledger_, record) || !HasFolder()) return false;
+  const fs::path file = FormFile(ledger_, record);
   if (IsOpenElsewhere(file)) {
     Tell("File already open and cannot be overwritten",
          FileText(file) + "You must close it before it can be overwritten.");
     return false;
   }
-  const CivilDate day = ToCivilDate(*month);
-  return WriteFile(BlankOf(kind, EditionOf(day.year, day.month)),
-                   FiguresOf(kind, row, std::string(monthKey), practiceId), file);
+  const CivilDate month = ToCivilDate(record.InMonth().FirstDay());
+  return WriteFile(record, BlankOf(form.letter, EditionOf(month.year, month.month)), file);
 }
 
-bool FormPrinter::WriteFile(const FormBlank& blank, const FormFigures& figures,
-                            const fs::path& file) {
+bool FormPrinter::WriteFile(const FormRow& record, const FormBlank& blank, const fs::path& file) {
+  const FormFigures figures = FiguresOf(ledger_, sessions_, record);
   const fs::path blankFile = ledger_.File(kBlankFolder) / blank.file;
   clsPDFCreator pdf(ledger_.platform.clock);
   pdf.ShareFiles(blanks_);
-  SetUp(pdf, ledger_, blank.kind);
+  SetUp(pdf, ledger_, record.form);
   pdf.BeginDoc(PathText(file));
   if (pdf.ErrNumber() != 0) {
     Tell("The pension form could not be written", FileText(file) + pdf.ErrDescription());
@@ -129,26 +120,14 @@ bool FormPrinter::WriteFile(const FormBlank& blank, const FormFigures& figures,
     return false;
   }
   if (!overlayError.empty()) {
-    if (blank.kind == FormKind::B)
-      Tell("Error adding the month details to Form B.\\n\\n" + overlayError, "");
-    else
+    if (record.form.ofPractice)
       Tell("A part of the pension form could not be printed", overlayError);
+    else
+      Tell("Error adding the month details to " + std::string(record.form.name) + ".\\n\\n" +
+               overlayError,
+           "");
   }
   return true;
-}
-
-const MonthSessions& FormPrinter::SessionsOfMonth(const std::string& monthKey) {
-  return months_.try_emplace(monthKey, ledger_, monthKey).first->second;
-}
-
-FormFigures FormPrinter::FiguresOf(FormKind kind, int row, const std::string& monthKey,
-                                   const std::string& practiceId) {
-  const SessionsOf sessionsOf = [this](const std::string& key) -> const MonthSessions& {
-    return SessionsOfMonth(key);
-  };
-  if (kind == FormKind::B) return FiguresOfFormB(ledger_, sessionsOf, row, monthKey);
-  const auto figures = kind == FormKind::A ? FiguresOfFormA : FiguresOfFormSolo;
-  return figures(ledger_, sessionsOf, row, monthKey, practiceId);
 }
 
 void FormPrinter::Tell(std::string_view heading, const std::string& text, std::string_view title) {
@@ -156,17 +135,25 @@ void FormPrinter::Tell(std::string_view heading, const std::string& text, std::s
     ShowMessage(ledger_, heading, text, Buttons::Ok, Icon::Exclamation, title);
 }
 
-bool OpenFormDocument(Ledger& ledger, FormKind kind, std::string_view monthKey,
-                      const std::string& practiceId, bool recreate) {
-  const fs::path file = FormFile(ledger, kind, monthKey, practiceId);
-  if ((recreate || !MayExist(file)) && !FormPrinter(ledger).Write(kind, monthKey, practiceId))
+bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool recreate) {
+  const FormRow record{form, ledger.*form.table, row};
+  const bool isThere = IsRecord(record.cells, row);
+  if (isThere && !HasMonth(ledger, record)) return false;
+  const fs::path file = isThere ? FormFile(ledger, record) : fs::path();
+  const bool hasFile = isThere && MayExist(file);
+  if (form.IsRetired() && !hasFile) {
+    ShowMessage(ledger, "The document of this form is not there",
+                "Forms C and D cannot be made any more. The file would be\\n" + PathText(file));
+    return false;
+  }
+  if ((!hasFile || (recreate && !form.IsRetired())) && !FormPrinter(ledger).Write(form, row))
     return false;
   return ledger.platform.system.Open(PathText(file));
 }
 
-bool DeleteFormDocument(Ledger& ledger, FormKind kind, std::string_view monthKey,
-                        const std::string& practiceId) {
-  const fs::path file = FormFile(ledger, kind, monthKey, practiceId);
+bool DeleteFormDocument(Ledger& ledger, const FormRow& record) {
+  if (!record.InMonth()) return true;
+  const fs::path file = FormFile(ledger, record);
   std::error_code error;
   fs::remove(file, error);
   if (!error) return true;

@@ -3,14 +3,13 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
 #include <string_view>
 
 #include "core/ledger.h"
-#include "pension/formcoordinates.h"
+#include "pension/form.h"
 #include "pension/monthsessions.h"
 
 namespace lm {
@@ -19,12 +18,8 @@ namespace pdf {
 class FileCache;
 }
 
-struct FormFigures;
-
-// "Pension Forms/FormA_Riverside Surgery_Apr 24.pdf" in the program directory; practiceId is not
-// looked at for a Form B.
-std::filesystem::path FormFile(const Ledger& ledger, FormKind kind, std::string_view monthKey,
-                               const std::string& practiceId = "");
+// "Pension Forms/FormA_Riverside Surgery_Apr 24.pdf" in the program directory.
+std::filesystem::path FormFile(const Ledger& ledger, const FormRow& record);
 
 // Writes many forms in one run; each blank form is read once, and so are a month's sessions, whose
 // rows, start dates and practices must stay as they are. A trouble that is not the form's own, such
@@ -34,30 +29,29 @@ class FormPrinter {
   explicit FormPrinter(Ledger& ledger);
   ~FormPrinter();
 
-  // From the form's row. False after its message; an older document then stays as it was. A part
-  // of the form that could not be drawn, such as a damaged signature, is told and left out.
-  bool Write(FormKind kind, std::string_view monthKey, const std::string& practiceId = "");
+  // False after its message, so that nothing is made whose document has no folder to go to.
+  bool HasFolder();
+  // From the form's row in its table. False after its message; an older document then stays as it
+  // was. A part of the form that could not be drawn, such as a damaged signature, is told and left
+  // out.
+  bool Write(const PensionForm& form, int row);
 
  private:
-  bool WriteFile(const FormBlank& blank, const FormFigures& figures,
-                 const std::filesystem::path& file);
-  const MonthSessions& SessionsOfMonth(const std::string& monthKey);
-  FormFigures FiguresOf(FormKind kind, int row, const std::string& monthKey,
-                        const std::string& practiceId);
+  bool WriteFile(const FormRow& record, const FormBlank& blank, const std::filesystem::path& file);
   void Tell(std::string_view heading, const std::string& text,
             std::string_view title = "Output Pension Form");
 
   Ledger& ledger_;
   std::shared_ptr<pdf::FileCache> blanks_;
-  std::map<std::string, MonthSessions> months_;
+  SessionsByMonth sessions_;
   std::set<std::string> told_;
 };
 
-// Opens the form's document, written first where it does not exist or `recreate` asks for it.
-bool OpenFormDocument(Ledger& ledger, FormKind kind, std::string_view monthKey,
-                      const std::string& practiceId, bool recreate = false);
-// False, after its message, when the file is there and cannot be removed.
-bool DeleteFormDocument(Ledger& ledger, FormKind kind, std::string_view monthKey,
-                        const std::string& practiceId = "");
+// Opens the document of a row of the form's table, written first where it does not exist or
+// `recreate` asks for it. False after its message.
+bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool recreate = false);
+// True for a damaged month, which has no document. False, after its message, when the file is there
+// and cannot be removed.
+bool DeleteFormDocument(Ledger& ledger, const FormRow& record);
 
 }  // namespace lm

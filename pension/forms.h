@@ -1,16 +1,18 @@
-// Forms A, B and SOLO: made from the sessions of a month, identified by practice and month, and
-// removed again. The figures are in the number kinds and the order of operations that the rules
-// name; they are not to be tidied. Each operation that asks or refuses shows its own messages.
-// Before a form is deleted its locks are asked (locks.h); the deletion itself asks the user,
-// removes the document and then the row, and changes nothing when the document cannot be removed.
+// Forms are made from the sessions of a month, identified by practice and month, and removed
+// again. The figures are in the number kinds and the order of operations that the rules name; they
+// are not to be tidied. What asks or refuses shows its own messages, and does so before it changes
+// anything; documents are written last. A form without a document stands too.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/ledger.h"
 #include "core/numbers.h"
+#include "pension/form.h"
 #include "pension/formpdf.h"
 #include "pension/monthsessions.h"
 
@@ -20,62 +22,62 @@ namespace lm {
 // Form B's AVC and added years use the plain 0.9 beside it.
 constexpr Double kFormPensionableShare = 0.8999999761581421;
 
-// ---- Form A: of one practice's NHS Normal sessions of a month.
+// ---- Looking up. Damaged months and dates are found by no look-up.
 
-int FormARow(const Ledger& ledger, const std::string& practiceId, std::string_view monthKey);
-// Asks before it overwrites; false when nothing was made. The printer writes the document.
-bool CreateFormA(Ledger& ledger, FormPrinter& printer, const MonthSessions& sessions,
-                 const std::string& practiceId);
-// For every practice with such a session, with progress; the number made.
-int CreateFormsA(Ledger& ledger, FormPrinter& printer, const MonthSessions& sessions);
-bool DeleteFormA(Ledger& ledger, const std::string& practiceId, std::string_view monthKey);
-// Without a question: the letter off the sessions, the row away.
-void RemoveFormA(Ledger& ledger, std::string_view monthKey, const std::string& practiceId);
+// The practice is not looked at for a form of a month alone. -1 for none.
+int RowOfForm(const Ledger& ledger, const PensionForm& form, Month month,
+              const std::string& practiceId = "");
+// Rows of the form's table that came back from the practice in this month.
+std::vector<int> ReturnedForms(const Ledger& ledger, const PensionForm& form, Month month);
+// Sessions of all types that begin in the months of these rows at their practices.
+std::vector<int> SessionsOfForms(const Ledger& ledger, const PensionForm& form,
+                                 const std::vector<int>& rows);
+// The contribution rate of the month's Form B in percent; empty without a form, or when its
+// pensionable pay is nothing.
+std::optional<Single> RateOfFormB(const Ledger& ledger, Month month);
+
+// ---- Making.
+
+enum class Making { Declined, NothingToMake, Made };
+
+// A form that is there already goes once its overwriting is agreed to, whatever comes of the new
+// one. The practice is not looked at for a form of a month alone.
+Making CreateForm(Ledger& ledger, FormPrinter& printer, const PensionForm& form,
+                  const MonthSessions& sessions, const std::string& practiceId = "");
+// For every practice with sessions for it, with progress; the number made.
+int CreateForms(Ledger& ledger, FormPrinter& printer, const PensionForm& form,
+                const MonthSessions& sessions);
+
+// For the descriptions: a new row with these cells, and its number.
+struct FormCell {
+  std::string_view key;
+  std::string text;
+};
+int AddForm(Ledger& ledger, const PensionForm& form, std::initializer_list<FormCell> cells);
 
 struct FormSums {
   Currency amount, employer;
   int sessions = 0;
 };
-// Puts the letter ("A", "B" or "SOLO") on the sessions of the letter's type and sums them;
-// practiceId "" for all practices.
-FormSums AddSessionsToForm(Ledger& ledger, const MonthSessions& sessions,
-                           const std::string& practiceId, std::string_view letter);
+// Puts the form's letter on the sessions of its type and sums them; practiceId "" for all.
+FormSums AddSessionsToForm(Ledger& ledger, const PensionForm& form, const MonthSessions& sessions,
+                           const std::string& practiceId);
 
-// ---- Form B: of the Forms A that came back in a month.
+// ---- Removing. Locks are asked before (locks.h).
 
-int FormBRow(const Ledger& ledger, std::string_view monthKey);
-// "B" looks in fgPensionB, any other letter in fgPensionD.
-bool FormBExists(const Ledger& ledger, std::string_view monthKey, std::string_view letter = "B");
-// Asks before it overwrites a form of that month.
-bool MayOverwriteFormB(Ledger& ledger, std::string_view monthKey);
-bool CreateFormB(Ledger& ledger, FormPrinter& printer, std::string_view monthKey);
-bool DeleteFormB(Ledger& ledger, std::string_view monthKey);
-void RemoveFormB(Ledger& ledger, std::string_view monthKey);
-// The contribution rate of the month's Form B in percent; empty without a form, or when its
-// pensionable pay is nothing.
-std::optional<Single> RateOfFormB(const Ledger& ledger, std::string_view monthKey);
+// Asks, then removes the document and the row. Nothing changes when the document cannot be removed.
+// The sessions of a form whose month is damaged are not known and keep its letter.
+bool DeleteForm(Ledger& ledger, const PensionForm& form, int row);
+// Without a question: the letter off the sessions, the row away.
+void RemoveForm(Ledger& ledger, const PensionForm& form, int row);
 
-// ---- Form SOLO: of one provider's NHS OOH sessions of a month.
+// ---- After an edit of a figure, in lists and windows alike.
 
-int FormSoloRow(const Ledger& ledger, const std::string& practiceId, std::string_view monthKey);
-bool CreateFormSolo(Ledger& ledger, FormPrinter& printer, const MonthSessions& sessions,
-                    const std::string& practiceId);
-int CreateFormsSolo(Ledger& ledger, FormPrinter& printer, const MonthSessions& sessions);
-bool DeleteFormSolo(Ledger& ledger, const std::string& practiceId, std::string_view monthKey);
-
-// ---- After an edit of figures, in lists and windows alike.
-
-// A blank in the columns that count as numbers becomes "0", and TOTAL_CONTRIB is worked out anew.
-// `editedKey` is the column that was changed. In Scotland an AVC is set back, after its message.
-// `forms` is the form's table or a working copy with its columns.
-void RecalculateFormB(Ledger& ledger, Grid& forms, int row, std::string_view editedKey);
-void RecalculateFormSolo(Ledger& ledger, Grid& forms, int row, std::string_view editedKey);
-
-inline void RecalculateFormB(Ledger& ledger, int row, std::string_view editedKey) {
-  RecalculateFormB(ledger, ledger.fgPensionB, row, editedKey);
-}
-inline void RecalculateFormSolo(Ledger& ledger, int row, std::string_view editedKey) {
-  RecalculateFormSolo(ledger, ledger.fgPensionSolo, row, editedKey);
-}
+// Blanks among the figures become "0" as the form's rules say, and TOTAL_CONTRIB is worked out
+// anew. In Scotland an AVC of Form B is set back, after its message. `cells` is the form's table or
+// a working copy with its columns; what is no editable figure changes nothing.
+void Recalculate(Ledger& ledger, const PensionForm& form, Grid& cells, int row,
+                 std::string_view editedKey);
+void SetBlankToZero(Grid& cells, int row, std::string_view key);
 
 }  // namespace lm

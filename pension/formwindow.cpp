@@ -1,12 +1,15 @@
 #include "pension/formwindow.h"
 
+#include "core/format.h"
 #include "core/messagebox.h"
 #include "core/rows.h"
 #include "core/text.h"
 #include "entry/pickers.h"
 #include "pension/formlist.h"
+#include "pension/formpdf.h"
+#include "pension/forms.h"
 #include "pension/lists.h"
-#include "pension/months.h"
+#include "pension/locks.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
 
@@ -49,11 +52,11 @@ class FormWindow::DetailRules : public GridRules {
   FormWindow& window_;
 };
 
-FormWindow::FormWindow(Ledger& theLedger, const FormWindowSpec& spec, std::vector<std::string> tabs)
-    : Screen(theLedger, std::string(spec.name), spec.title),
+FormWindow::FormWindow(Ledger& theLedger, const PensionForm& form, std::vector<std::string> tabs)
+    : Screen(theLedger, "frmPension" + std::string(form.letter)),
       tabMain(this, "tabMain", std::move(tabs)),
-      spec_(spec),
-      table_(theLedger.*spec.table),
+      form_(form),
+      table_(theLedger.*form.table),
       detailRules_(std::make_unique<DetailRules>(*this)) {
   cMonth.SetVisible(false);
   cPracticeID.SetVisible(false);
@@ -73,9 +76,7 @@ FormWindow::FormWindow(Ledger& theLedger, const FormWindowSpec& spec, std::vecto
   cmdDeleteForm.SetText("&Delete Form");
   cmdDeleteForm.onPressed = [this] { Delete(); };
   cmdViewFormPDF.SetText("&View Form");
-  cmdViewFormPDF.onPressed = [this] {
-    OpenFormDocument(ledger, spec_.kind, MonthKey(), PracticeId());
-  };
+  cmdViewFormPDF.onPressed = [this] { OpenFormDocument(ledger, form_, Row()); };
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
 }
@@ -100,7 +101,7 @@ void FormWindow::BindDate(TextField& box, Button& button, std::string_view capti
 // ---- Showing the form
 
 bool FormWindow::Open(int row) {
-  if (row < table_.FixedRows() || row >= table_.Rows() || table_.IsSubtotal(row)) return false;
+  if (!IsRecord(table_, row)) return false;
   openedRow_ = row;
   MakeBlank(working_, *FindTable(table_.Name()));
   working_.AddItem("");
@@ -108,14 +109,13 @@ bool FormWindow::Open(int row) {
     const std::string& key = working_.ColKey(col);
     if (key.empty()) continue;
     working_.SetTextMatrix(kWorkingRow, col, table_.TextMatrix(row, key));
-    if (Field* field = FindField("c" + key)) field->SetText(Cell(key));
+    if (Field* field = FindField("c" + key)) field->SetText(working_.TextMatrix(kWorkingRow, col));
   }
-  cPracticeID.SetText(Cell("PRACTICE"));
-
-  const std::string month = MonthText(MonthKey(), "Mmmm yyyy");
-  lblMonth.SetText(month);
-  std::string caption = std::string(spec_.title) + " - " + month;
-  if (spec_.kind != FormKind::B) caption += " - " + PracticeName(ledger, PracticeId());
+  const FormRow record = Record();
+  cPracticeID.SetText(record.Practice());
+  lblMonth.SetText(record.InMonth().Text("Mmmm yyyy"));
+  std::string caption = "Pension Form " + std::string(form_.letter) + " - " + lblMonth.Text();
+  if (form_.ofPractice) caption += " - " + PracticeName(ledger, record.Practice());
   SetCaption(caption);
   MarkNotes();
   ShowFigures();
@@ -123,18 +123,10 @@ bool FormWindow::Open(int row) {
   return true;
 }
 
-std::string FormWindow::Cell(std::string_view key) const {
-  return working_.TextMatrix(kWorkingRow, key);
-}
-
-Double FormWindow::Pounds(std::string_view key) const { return PoundsOf(Cell(key)); }
-
-std::string FormWindow::MonthKey() const { return MonthKeyOf(cMonth.Text()); }
-
 void FormWindow::MakeDetails() {
   MakeFormList(fgDetails, kDetailTable, ledger);
   fgDetails.SetColAlignment(fgDetails.ColIndex("LETTER"), Alignment::Centre);
-  for (const FormLine& line : spec_.lines) {
+  for (const FormFigure& line : form_.figures) {
     const int row = fgDetails.AddItem("");
     fgDetails.SetTextMatrix(row, "EDIT", line.editable ? "Y" : "");
     fgDetails.SetTextMatrix(row, "LABEL", line.label);
@@ -150,12 +142,17 @@ void FormWindow::SetLine(std::size_t line, std::string_view value) {
 
 void FormWindow::ShowFigures() {
   const RedrawOff redrawOff(fgDetails);
-  for (std::size_t i = 0; i < spec_.lines.size(); ++i) {
-    const FormLine& line = spec_.lines[i];
-    if (line.figure) SetLine(i, PlainText(line.figure(*this)));
-    if (line.key.empty()) continue;
-    const std::string cell = Cell(line.key);
-    SetLine(i, Trim(cell).empty() ? "0" : cell);
+  const FormRow record = Record();
+  for (std::size_t i = 0; i < form_.figures.size(); ++i) {
+    const FormFigure& figure = form_.figures[i];
+    if (figure.worked && !figure.inWindow.empty()) {
+      SetLine(i, Format(figure.worked(record), figure.inWindow));
+    } else if (figure.worked) {
+      SetLine(i, PlainText(figure.worked(record)));
+    } else if (!figure.key.empty()) {
+      const std::string cell = record.Cell(figure.key);
+      SetLine(i, Trim(cell).empty() ? "0" : cell);
+    }
   }
 }
 
@@ -167,8 +164,8 @@ void FormWindow::MarkNotes() {
 void FormWindow::CellClicked(Grid& grid, int row, int col) {
   if (&grid != &fgDetails || col != fgDetails.ColIndex("ICON")) return;
   if (row < kFirstLine || row >= fgDetails.Rows()) return;
-  const FormLine& line = spec_.lines[static_cast<std::size_t>(row - kFirstLine)];
-  if (line.help) line.help(*this);
+  const FormFigure& figure = form_.figures[static_cast<std::size_t>(row - kFirstLine)];
+  if (figure.help) figure.help(ledger, Record());
 }
 
 // ---- Changing it
@@ -178,9 +175,9 @@ bool FormWindow::MayEditLine(int row) const {
 }
 
 void FormWindow::FigureEdited(int row) {
-  const std::string_view key = spec_.lines[static_cast<std::size_t>(row - kFirstLine)].key;
+  const std::string_view key = form_.figures[static_cast<std::size_t>(row - kFirstLine)].key;
   working_.SetTextMatrix(kWorkingRow, key, fgDetails.TextMatrix(row, "VALUE"));
-  Recalculate(key);
+  Recalculate(ledger, form_, working_, kWorkingRow, key);
   figuresChanged_ = true;
   ShowFigures();
 }
@@ -188,12 +185,11 @@ void FormWindow::FigureEdited(int row) {
 // Windows opened from this one may have removed or sorted rows; -1 when the form is gone.
 int FormWindow::Row() const {
   const auto isForm = [&](int row) {
-    return row < table_.Rows() && !table_.IsSubtotal(row) &&
-           table_.TextMatrix(row, "MONTH") == cMonth.Text() &&
-           table_.TextMatrix(row, "PRACTICE") == PracticeId();
+    const FormRow each{form_, table_, row};
+    return each.Cell("MONTH") == cMonth.Text() && each.Practice() == cPracticeID.Text();
   };
-  if (isForm(openedRow_)) return openedRow_;
-  for (int row = table_.FixedRows(); row < table_.Rows(); ++row)
+  if (IsRecord(table_, openedRow_) && isForm(openedRow_)) return openedRow_;
+  for (const int row : Records(table_))
     if (isForm(row)) return row;
   return -1;
 }
@@ -214,7 +210,7 @@ void FormWindow::Ok() {
         Buttons::YesNoCancel, Icon::Question);
   if (recreate == Answer::Cancel) return;
   Store();
-  if (recreate == Answer::Yes) FormPrinter(ledger).Write(spec_.kind, MonthKey(), PracticeId());
+  if (recreate == Answer::Yes) FormPrinter(ledger).Write(form_, Row());
   Close();
 }
 
@@ -225,8 +221,9 @@ void FormWindow::Store() {
   bool changed = false;
   for (int col = 0; col < working_.Cols(); ++col) {
     const std::string& key = working_.ColKey(col);
-    if (key.empty() || table_.TextMatrix(row, key) == Cell(key)) continue;
-    table_.SetTextMatrix(row, key, Cell(key));
+    const std::string cell = working_.TextMatrix(kWorkingRow, col);
+    if (key.empty() || table_.TextMatrix(row, key) == cell) continue;
+    table_.SetTextMatrix(row, key, cell);
     changed = true;
   }
   if (changed) MarkEdited(ledger, table_, row);
@@ -234,7 +231,7 @@ void FormWindow::Store() {
 
 void FormWindow::Delete() {
   TakeFields();
-  if (MayDelete() && DeleteForm()) Close();
+  if (MayDelete(ledger, Record(), AskedFrom::Window) && DeleteForm(ledger, form_, Row())) Close();
 }
 
 }  // namespace lm

@@ -4,41 +4,18 @@
 
 #include <functional>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "core/numbers.h"
 #include "core/screen.h"
-#include "pension/formpdf.h"
+#include "pension/form.h"
 
 namespace lm {
-
-class FormWindow;
 
 constexpr std::string_view kSentToHANote =
     "Values cannot be changed and the Form cannot be deleted if the \"Sent to HA\" date has been "
     "set.";
-
-// A line of fgDetails. It shows a cell of the form or a figure worked out from several; neither is
-// a line that the window fills itself, or a label alone.
-struct FormLine {
-  std::string_view label;
-  std::string_view letter = "";  // the box of the paper form
-  std::string_view key = "";
-  Double (*figure)(const FormWindow& form) = nullptr;
-  bool editable = false;
-  void (*help)(FormWindow& form) = nullptr;
-};
-
-struct FormWindowSpec {
-  std::string_view name;   // "frmPensionA"
-  std::string_view title;  // "Pension Form A"
-  FormKind kind;
-  Grid Ledger::*table;
-  std::span<const FormLine> lines;
-};
 
 class FormWindow : public Screen {
  public:
@@ -65,35 +42,28 @@ class FormWindow : public Screen {
   Button cmdDeleteForm{this, "cmdDeleteForm"};
   Button cmdViewFormPDF{this, "cmdViewFormPDF"};
 
-  // Of the working copy: a cell, and the pounds in it (0 for what is no number).
-  std::string Cell(std::string_view key) const;
-  Double Pounds(std::string_view key) const;
-  std::string MonthKey() const;
-  std::string PracticeId() const { return cPracticeID.Text(); }
+  const PensionForm& Form() const { return form_; }
+  // The working copy.
+  FormRow Record() const { return {form_, working_, kWorkingRow}; }
 
   // A press on the ICON cell of a line with a help mark shows its help.
   void CellClicked(Grid& grid, int row, int col) override;
 
  protected:
-  FormWindow(Ledger& ledger, const FormWindowSpec& spec, std::vector<std::string> tabs);
+  FormWindow(Ledger& ledger, const PensionForm& form, std::vector<std::string> tabs);
 
   // A date with its popup; `changed` runs after another date was typed or picked, and false there
   // refuses it.
   void BindDate(TextField& box, Button& button, std::string_view caption,
                 std::function<bool()> changed = {});
   void SetLine(std::size_t line, std::string_view value);
-  Grid& Working() { return working_; }
-  static constexpr int kWorkingRow = 2;
 
  private:
   class DetailRules;
+  static constexpr int kWorkingRow = 2;
 
   // After the working copy was filled.
-  virtual void Filled() {}
-  // After a figure of the working copy was changed.
-  virtual void Recalculate(std::string_view /*editedKey*/) {}
-  virtual bool MayDelete() = 0;
-  virtual bool DeleteForm() = 0;
+  virtual void Filled() = 0;
 
   void MakeDetails();
   void ShowFigures();
@@ -106,7 +76,7 @@ class FormWindow : public Screen {
   void Store();
   void Delete();
 
-  const FormWindowSpec& spec_;
+  const PensionForm& form_;
   Grid& table_;
   Grid working_{"fgWorking"};  // the form's columns with one row
   int openedRow_ = -1;

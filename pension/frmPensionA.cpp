@@ -6,37 +6,15 @@
 #include "pension/dateruns.h"
 #include "pension/forms.h"
 #include "pension/locks.h"
-#include "pension/months.h"
 #include "pension/monthsessions.h"
 #include "records/practices.h"
 
 namespace lm {
 namespace {
 
-void ShowBasicFeeHelp(FormWindow& form) {
-  ShowMessage(form.ledger, "Basic Fee",
-              "The basic fee is the sum of all Session Rates and Extras. It does not include "
-              "Expenses as these are not pensionable.",
-              Buttons::Ok, Icon::Information);
-}
-
-// The first two are sums over the sessions.
+// Lines of fgDetails that are sums over the sessions.
 constexpr std::size_t kRateLine = 0;
 constexpr std::size_t kExtrasLine = 1;
-constexpr FormLine kLines[] = {
-    {.label = "Rate"},
-    {.label = "Extras"},
-    {.label = "GP locum’s basic fee\n(excluding employer contributions)"_w,
-     .letter = "a",
-     .key = "AMOUNT",
-     .help = ShowBasicFeeHelp},
-    {.label = "Pensionable pay\n(90% of the fee)", .letter = "b", .key = "PENSIONABLE"},
-    {.label = "Employer contribution\n(14.38% of pensionable)",
-     .letter = "c",
-     .key = "EMPLOYERCONTRIB"},
-};
-constexpr FormWindowSpec kWindow{"frmPensionA", "Pension Form A", FormKind::A, &Ledger::fgPensionA,
-                                 kLines};
 
 constexpr ColumnSpec kGroupingColumns[] = {
     {"ID", "ID", DataType::Text, "", -1, true},
@@ -100,7 +78,7 @@ void AddRun(Grid& list, const Grid& sessions, const DateRun& run, int number, Su
 }  // namespace
 
 frmPensionA::frmPensionA(Ledger& theLedger)
-    : FormWindow(theLedger, kWindow, {"Details", "Groups", "Notes", "Sessions"}),
+    : FormWindow(theLedger, kFormA, {"Details", "Groups", "Notes", "Sessions"}),
       groupingRules_(theLedger, fgGrouping, [this] { ShowSessions(); }),
       sessionRules_(theLedger, fgSessions, [this] { ShowSessions(); }) {
   BindDate(cSentToPractice, cmdSentToPractice, "Sent To Practice");
@@ -125,7 +103,7 @@ frmPensionA::frmPensionA(Ledger& theLedger)
 }
 
 void frmPensionA::Filled() {
-  lblPractice.SetText(PracticeName(ledger, PracticeId()));
+  lblPractice.SetText(PracticeName(ledger, Record().Practice()));
   received_ = cRcvdFromPractice.Text();
   ShowSessions();
   ShowState();
@@ -138,8 +116,9 @@ void frmPensionA::ShowSessions() {
   fgSessions.ClearData();
   Sums all;
   int number = 0;
-  const MonthSessions sessions(ledger, MonthKey());
-  for (const DateRun& run : RunsOfFormA(ledger, sessions, PracticeId()))
+  const MonthSessions sessions(ledger, Record().InMonth());
+  const std::string practice = Record().Practice();
+  for (const DateRun& run : RunsOfFormA(ledger, sessions, practice))
     AddRun(fgGrouping, ledger.fgSessions, run, ++number, all);
   const int total = fgGrouping.AddItem("");
   fgGrouping.SetRowOutlineLevel(total, 1);
@@ -148,7 +127,7 @@ void frmPensionA::ShowSessions() {
   all.Show(fgGrouping, total);
   SetLine(kRateLine, all.rate.ToText());
   SetLine(kExtrasLine, all.extras.ToText());
-  for (const DateRun& days : SessionsOfFormA(ledger, sessions, PracticeId()))
+  for (const DateRun& days : SessionsOfFormA(ledger, sessions, practice))
     for (const int row : days.sessions) AddSession(fgSessions, ledger, row);
 }
 
@@ -157,9 +136,8 @@ bool frmPensionA::CheckReceived() {
   // The same day in other digits is no change.
   const std::optional<Date> day = CellDate(cRcvdFromPractice.Text());
   if (day && day == CellDate(received_)) return true;
-  const Grid& forms = ledger.fgPensionA;
-  if (!MayChangeReceivedDate(ledger, forms, received_) ||
-      !MaySetReceivedDate(ledger, forms, cRcvdFromPractice.Text(), AskedFrom::Window)) {
+  if (!MayChangeReceivedDate(ledger, kFormA, received_) ||
+      !MaySetReceivedDate(ledger, kFormA, cRcvdFromPractice.Text(), AskedFrom::Window)) {
     cRcvdFromPractice.SetText(received_);
     return false;
   }
@@ -168,10 +146,12 @@ bool frmPensionA::CheckReceived() {
   return true;
 }
 
-bool frmPensionA::OnFormB() const { return FormBExists(ledger, MonthKeyOf(received_)); }
+bool frmPensionA::OnFormB() const {
+  return RowOfForm(ledger, kFormB, Month::OfCell(received_)) >= 0;
+}
 
 void frmPensionA::ShowState() {
-  const std::string month = MonthText(MonthKeyOf(received_), "Mmmm yyyy");
+  const std::string month = Month::OfCell(received_).Text("Mmmm yyyy");
   if (received_.empty())
     lblPensionBDetails.SetText(
         "This Form A has not been inlcuded on a Form B yet.\n"
@@ -198,11 +178,5 @@ void frmPensionA::ShowReceivedHelp() {
   ShowMessage(ledger, text + std::string(OnFormB() ? included : free), "", Buttons::Ok,
               Icon::Information);
 }
-
-bool frmPensionA::MayDelete() {
-  return MayDeleteFormA(ledger, Working(), kWorkingRow, AskedFrom::Window);
-}
-
-bool frmPensionA::DeleteForm() { return DeleteFormA(ledger, PracticeId(), MonthKey()); }
 
 }  // namespace lm

@@ -31,8 +31,6 @@ class frmPensionA : public FormWindow {
 
  private:
   void Filled() override;
-  bool MayDelete() override;
-  bool DeleteForm() override;
 
   bool CheckReceived();
   bool OnFormB() const;

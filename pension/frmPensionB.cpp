@@ -2,88 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 
-#include "core/format.h"
-#include "core/messagebox.h"
 #include "core/options.h"
-#include "core/text.h"
 #include "pension/dateruns.h"
 #include "pension/formlist.h"
+#include "pension/formoverlay.h"
 #include "pension/forms.h"
-#include "pension/locks.h"
-#include "pension/months.h"
-#include "pension/monthsessions.h"
 
 namespace lm {
 namespace {
-
-constexpr int kSchemeNumberField = 18;
-
-void ShowEmployeeHelp(FormWindow& form) {
-  const std::string option = GetOption(form.ledger, optMandatoryContribution);
-  const auto rate = RateOfFormB(form.ledger, form.MonthKey());
-  ShowMessage(form.ledger, "Employee Contribution Rate",
-              "The rate used to calculate this form was " +
-                  (rate ? Format(*rate, "0.0") : Format(option, "0.0")) +
-                  "%.\\n\\nThe employee contribution rate is currently set at " + option +
-                  "%. \\n\\nThis rate can be changed on the Options screen.",
-              Buttons::Ok, Icon::Information);
-}
-
-void ShowAddedYearsHelp(FormWindow& form) {
-  ShowMessage(form.ledger, "Added Years",
-              "The Added Years contribution rate is set at " +
-                  GetOption(form.ledger, optExtraYearsContrib) +
-                  "%. \\n\\nThis rate can be changed on the Options screen.",
-              Buttons::Ok, Icon::Information);
-}
-
-Double AllContributions(const FormWindow& form) {
-  return form.Pounds("TOTAL_CONTRIB") + form.Pounds("EMPLOYERCONTRIB");
-}
-
-constexpr FormLine kLines[] = {
-    {.label = "Total pensionable pay that is, the total of the amounts entered in box 2 of form A",
-     .letter = "a",
-     .key = "PENSIONABLE"},
-    {.label = "Employee contributions (a x 5.2%, 6.5%, 8.3%, 9.8%, 10.7%, 12.5%)",
-     .letter = "b",
-     .key = "CONTRIBUTION",
-     .help = ShowEmployeeHelp},
-    {.label = "Total of any NHS Pension Scheme added years contributions (a x %)",
-     .letter = "c",
-     .key = "EXTRA_YEARS",
-     .editable = true,
-     .help = ShowAddedYearsHelp},
-    {.label = "Total of any NHS Pension Scheme extra money purchase additional voluntary "
-              "contributions (MPAVCs). A % or agreed sum",
-     .letter = "d",
-     .key = "AVC",
-     .editable = true},
-    {.label = "Total of any NHS Pension Scheme additional pension contributions",
-     .letter = "e",
-     .key = "ADDITIONAL",
-     .editable = true},
-    {.label = "Total of any NHS Pension Scheme early retirement reduction buy out (ERRBO) "
-              "contributions. A fixed ERRBO %",
-     .letter = "f",
-     .key = "ERRBO",
-     .editable = true},
-    {.label = "Grand total of NHS Pension Scheme employee contributions (b+c+d+e+f)",
-     .letter = "g",
-     .key = "TOTAL_CONTRIB"},
-    {.label = "Grand total of NHS Pension Scheme employer (14.38%) contributions, that is amounts "
-              "shown in box 3 of Form A",
-     .letter = "h",
-     .key = "EMPLOYERCONTRIB"},
-    {.label = "Grand total of employee and employer contributions (g+h)",
-     .letter = "i",
-     .figure = AllContributions},
-    {.label = "Cumulative (month by month) freelance GP locum pensionable income", .letter = "j"},
-};
-constexpr FormWindowSpec kWindow{"frmPensionB", "Pension Form B", FormKind::B, &Ledger::fgPensionB,
-                                 kLines};
 
 constexpr ColumnSpec kFormAColumns[] = {
     {"PRACTICE", "Practice", DataType::Text, "", 2200},
@@ -117,7 +44,7 @@ void ShowDaysWorked(Grid& list, int row, const std::vector<DateRun>& sessions) {
 }  // namespace
 
 frmPensionB::frmPensionB(Ledger& theLedger)
-    : FormWindow(theLedger, kWindow, {"Details", "Forms A", "Notes"}) {
+    : FormWindow(theLedger, kFormB, {"Details", "Forms A", "Notes"}) {
   lblUPR.SetText(MyDetail(ledger, kSchemeNumberField));
   lblSentToHANote.SetText(kSentToHANote);
   lblPensionAHelp.SetText(
@@ -127,36 +54,27 @@ frmPensionB::frmPensionB(Ledger& theLedger)
   AddGrid(fgPensionA);
 }
 
-void frmPensionB::Filled() { ShowFormsA(); }
-
-void frmPensionB::ShowFormsA() {
-  const Grid& forms = ledger.fgPensionA;
+void frmPensionB::Filled() {
   const Grid& practices = ledger.fgPractices;
-  const auto practiceRows = practices.RowsBy("ID");
-  const std::string month = MonthKey();
+  const std::unordered_map<std::string, int> practiceRows = practices.RowsBy("ID");
   const RedrawOff redrawOff(fgPensionA);
   fgPensionA.ClearData();
   std::array<Currency, std::size(kSummed)> sums;
-  std::map<std::string, MonthSessions> months;  // in which the forms' work was done
-  for (int form = forms.FixedRows(); form < forms.Rows(); ++form) {
-    const std::string received = forms.TextMatrix(form, "RCVDFROMPRACTICE");
-    if (forms.IsSubtotal(form) || month.empty() || MonthKeyOf(received) != month) continue;
-    const std::string practice = forms.TextMatrix(form, "PRACTICE");
-    const std::string worked = forms.TextMatrix(form, "MONTH");
+  SessionsByMonth sessions(ledger);
+  for (const int form : ReturnedForms(ledger, kFormA, Record().InMonth())) {
+    const FormRow formA{kFormA, ledger.fgPensionA, form};
     const int row = fgPensionA.AddItem("");
-    const auto found = practiceRows.find(practice);
+    const auto found = practiceRows.find(formA.Practice());
     if (found != practiceRows.end())
       fgPensionA.SetTextMatrix(row, "PRACTICE", practices.TextMatrix(found->second, "NAME"));
-    fgPensionA.SetTextMatrix(row, "MONTH", worked);
-    fgPensionA.SetTextMatrix(row, "RCVDFROMPRACTICE", received);
+    for (const std::string_view key : {"MONTH", "RCVDFROMPRACTICE"})
+      fgPensionA.SetTextMatrix(row, key, formA.Cell(key));
     for (std::size_t i = 0; i < sums.size(); ++i) {
-      const std::string figure = forms.TextMatrix(form, kSummed[i].second);
-      fgPensionA.SetTextMatrix(row, kSummed[i].first, figure);
-      sums[i] += Currency::From(PoundsOf(figure));
+      fgPensionA.SetTextMatrix(row, kSummed[i].first, formA.Cell(kSummed[i].second));
+      sums[i] += Currency::From(formA.Pounds(kSummed[i].second));
     }
-    const std::string workedIn = MonthKeyOf(worked);
-    const MonthSessions& sessions = months.try_emplace(workedIn, ledger, workedIn).first->second;
-    ShowDaysWorked(fgPensionA, row, SessionsOfFormA(ledger, sessions, practice));
+    ShowDaysWorked(fgPensionA, row,
+                   SessionsOfFormA(ledger, sessions.Of(formA.InMonth()), formA.Practice()));
   }
   const int total = fgPensionA.AddItem("");
   fgPensionA.SetTextMatrix(total, "PRACTICE", "Total");
@@ -164,15 +82,5 @@ void frmPensionB::ShowFormsA() {
     fgPensionA.SetTextMatrix(total, kSummed[i].first, sums[i].ToText());
   MakeBold(fgPensionA, total);
 }
-
-void frmPensionB::Recalculate(std::string_view editedKey) {
-  RecalculateFormB(ledger, Working(), kWorkingRow, editedKey);
-}
-
-bool frmPensionB::MayDelete() {
-  return MayDeleteFormB(ledger, Working(), kWorkingRow, AskedFrom::Window);
-}
-
-bool frmPensionB::DeleteForm() { return DeleteFormB(ledger, MonthKey()); }
 
 }  // namespace lm

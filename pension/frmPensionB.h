@@ -17,11 +17,7 @@ class frmPensionB : public FormWindow {
   Grid fgPensionA{"fgPensionA"};  // the Forms A that came back in the month, and a line "Total"
 
  private:
-  void Filled() override;
-  void Recalculate(std::string_view editedKey) override;
-  bool MayDelete() override;
-  bool DeleteForm() override;
-  void ShowFormsA();
+  void Filled() override;  // the list of Forms A
 };
 
 }  // namespace lm

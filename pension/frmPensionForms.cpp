@@ -1,34 +1,17 @@
 #include "pension/frmPensionForms.h"
 
-#include <filesystem>
-
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/platform.h"
-#include "pension/formpdf.h"
 #include "pension/forms.h"
-#include "pension/months.h"
-#include "pension/monthsessions.h"
 #include "records/sessionrules.h"
 
 namespace lm {
 namespace {
 
-constexpr std::string_view kNoFormA = "No Form A created";
-constexpr std::string_view kNoFormSolo = "No Form Solo created";
-
 void TellMade(Ledger& ledger, const std::string& text, std::string_view details = "") {
   ShowMessage(ledger, text, details, Buttons::Ok, Icon::Done);
-}
-
-bool HasReceivedFormA(const Ledger& ledger, std::string_view monthKey) {
-  const Grid& forms = ledger.fgPensionA;
-  const int received = forms.ColIndex("RCVDFROMPRACTICE");
-  for (int row = forms.FixedRows(); row < forms.Rows() && !monthKey.empty(); ++row)
-    if (!forms.IsSubtotal(row) && MonthKeyOf(forms.TextMatrix(row, received)) == monthKey)
-      return true;
-  return false;
 }
 
 }  // namespace
@@ -73,7 +56,7 @@ void frmPensionForms::BindMonth() {
     const auto date = EnterDate(ledger, txtMonth.Text(), kInvalid);
     if (date && date->empty()) ShowMessage(ledger, kInvalid);
     if (!date || date->empty()) return false;
-    txtMonth.SetText(MonthCell(MonthKeyOf(*date)));
+    txtMonth.SetText(Month::OfCell(*date).Cell());
     ShowMonth();
     return true;
   };
@@ -93,95 +76,68 @@ void frmPensionForms::MoveMonth(int months) {
   ShowMonth();
 }
 
-void frmPensionForms::ShowMonth() { lblMonth.SetText(MonthText(MonthKey(), "mmm yyyy")); }
-
-std::string frmPensionForms::MonthKey() const { return MonthKeyOf(txtMonth.Text()); }
+void frmPensionForms::ShowMonth() { lblMonth.SetText(ChosenMonth().Text("mmm yyyy")); }
 
 void frmPensionForms::PrepareForms() {
   const BusyPointer busy(ledger.platform);
   FormPrinter printer(ledger);
-  const MonthSessions sessions(ledger, MonthKey());
+  if (!printer.HasFolder()) return;
+  const MonthSessions sessions(ledger, ChosenMonth());
   if (optForm0.Checked()) PrepareAll(printer, sessions);
-  if (optForm1.Checked()) PrepareFormsA(printer, sessions);
-  if (optForm2.Checked()) PrepareFormB(printer);
-  if (optForm3.Checked()) PrepareFormsSolo(printer, sessions);
+  if (optForm1.Checked()) PrepareOfPractices(printer, kFormA, sessions);
+  if (optForm2.Checked()) PrepareFormB(printer, sessions);
+  if (optForm3.Checked()) PrepareOfPractices(printer, kFormSolo, sessions);
 }
 
-int frmPensionForms::MakeFormsA(FormPrinter& printer, const MonthSessions& sessions) {
+void frmPensionForms::PrepareAll(FormPrinter& printer, const MonthSessions& sessions) {
+  const Month month = sessions.InMonth();
+  const int formsA = MakeForms(printer, kFormA, sessions);
+  const bool formB = !ReturnedForms(ledger, kFormA, month).empty() &&
+                     CreateForm(ledger, printer, kFormB, sessions) == Making::Made;
+  const int formsSolo = MakeForms(printer, kFormSolo, sessions);
+  TellMade(ledger, "Pension Forms Calculated for " + month.Text("mmmm yyyy"),
+           "Form A: " + PlainText(formsA) + "\\nForm B: " + (formB ? "1" : "0") +
+               "\\nForm Solo: " + PlainText(formsSolo) + "\\n");
+}
+
+int frmPensionForms::MakeForms(FormPrinter& printer, const PensionForm& form,
+                               const MonthSessions& sessions) {
   const std::string practice = cboPractice.ItemData();
-  return practice.empty() ? CreateFormsA(ledger, printer, sessions)
-                          : CreateFormA(ledger, printer, sessions, practice);
+  if (practice.empty()) return CreateForms(ledger, printer, form, sessions);
+  return CreateForm(ledger, printer, form, sessions, practice) == Making::Made;
 }
 
-int frmPensionForms::MakeFormsSolo(FormPrinter& printer, const MonthSessions& sessions) {
-  const std::string practice = cboPractice.ItemData();
-  return practice.empty() ? CreateFormsSolo(ledger, printer, sessions)
-                          : CreateFormSolo(ledger, printer, sessions, practice);
-}
-
-void frmPensionForms::PrepareFormsA(FormPrinter& printer, const MonthSessions& sessions) {
+void frmPensionForms::PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
+                                         const MonthSessions& sessions) {
   const bool forAll = cboPractice.ItemData().empty();
-  if (forAll && !sessions.HasType(kTypeNormal)) {
+  if (forAll && &form == &kFormA && !sessions.HasType(kTypeNormal)) {
     ShowMessage(ledger, "No Form A's calculated",
                 "There are no NHS Normal sessions in the specified month.");
     return;
   }
-  const int made = MakeFormsA(printer, sessions);
+  const std::string name(form.name);
+  const int made = MakeForms(printer, form, sessions);
   if (made == 0)
-    ShowMessage(ledger, kNoFormA,
-                forAll ? "There were no sessions for the month for the Form A or you chose not to "
-                         "overwrite existing forms."
-                       : "There are no NHS Normal sessions for this Practice and month or you "
-                         "chose not to overwrite existing forms.");
+    ShowMessage(ledger, "No " + name + " created",
+                (forAll ? "There were no sessions for the month for the " + name
+                        : std::string(form.noSessions)) +
+                    " or you chose not to overwrite existing forms.");
   else if (forAll)
-    TellMade(ledger, PlainText(made) + " Form A calculated.");
+    TellMade(ledger, PlainText(made) + " " + name + " calculated.");
   else
-    TellMade(ledger, "One Form A calculated for " + MonthText(MonthKey(), "mmm yyyy") + ".");
+    TellMade(ledger, "One " + name + " calculated for " + ChosenMonth().Text("mmm yyyy") + ".");
 }
 
-void frmPensionForms::PrepareFormB(FormPrinter& printer) {
-  const std::string month = MonthText(MonthKey(), "mmmm yyyy");
-  if (!MayOverwriteFormB(ledger, MonthKey())) return;
-  if (CreateFormB(ledger, printer, MonthKey()))
+void frmPensionForms::PrepareFormB(FormPrinter& printer, const MonthSessions& sessions) {
+  const std::string month = ChosenMonth().Text("mmmm yyyy");
+  const Making making = CreateForm(ledger, printer, kFormB, sessions);
+  if (making == Making::Made)
     TellMade(ledger, "Form B calculated for " + month + ".");
-  else
+  else if (making == Making::NothingToMake)
     ShowMessage(ledger, "No Form B created",
                 "For a Form B to be created, there must be at least one Form A which has a "
                 "'Received From Practice' date which is in the selected month (" +
                     month + ").");
-}
-
-void frmPensionForms::PrepareFormsSolo(FormPrinter& printer, const MonthSessions& sessions) {
-  const bool forAll = cboPractice.ItemData().empty();
-  const int made = MakeFormsSolo(printer, sessions);
-  if (made == 0)
-    ShowMessage(ledger, kNoFormSolo,
-                forAll ? "There were no sessions for the month for the Form Solo or you chose not "
-                         "to overwrite existing forms."
-                       : "There are no sessions for the month that meet the pension criteria or "
-                         "you chose not to overwrite existing forms.");
-  else if (forAll)
-    TellMade(ledger, PlainText(made) + " Form Solo calculated.");
-  else
-    TellMade(ledger, "One Form Solo calculated for " + MonthText(MonthKey(), "mmm yyyy") + ".");
-}
-
-void frmPensionForms::PrepareAll(FormPrinter& printer, const MonthSessions& sessions) {
-  std::error_code ignored;
-  if (!std::filesystem::is_directory(ledger.File("Pension Forms"), ignored)) {
-    ShowMessage(ledger, "Pension forms directory not found",
-                "Please re-install LedgerMinder to re-create this directory.", Buttons::Ok,
-                Icon::Exclamation, "No Pension Forms directory");
-    return;
-  }
-  const std::string month = MonthKey();
-  const int formsA = MakeFormsA(printer, sessions);
-  const bool formB = HasReceivedFormA(ledger, month) && MayOverwriteFormB(ledger, month) &&
-                     CreateFormB(ledger, printer, month);
-  const int formsSolo = MakeFormsSolo(printer, sessions);
-  TellMade(ledger, "Pension Forms Calculated for " + MonthText(month, "mmmm yyyy"),
-           "Form A: " + PlainText(formsA) + "\\nForm B: " + (formB ? "1" : "0") +
-               "\\nForm Solo: " + PlainText(formsSolo) + "\\n");
 }
 
 }  // namespace lm

@@ -1,14 +1,14 @@
 // The dialog from which a month's forms are made.
 #pragma once
 
-#include <string>
-
 #include "core/screen.h"
+#include "pension/month.h"
 
 namespace lm {
 
 class FormPrinter;
 class MonthSessions;
+struct PensionForm;
 
 class frmPensionForms : public Screen {
  public:
@@ -36,15 +36,14 @@ class frmPensionForms : public Screen {
   void Choose(CheckField& option);
   void MoveMonth(int months);
   void ShowMonth();
-  std::string MonthKey() const;
+  Month ChosenMonth() const { return Month::OfCell(txtMonth.Text()); }
 
   void PrepareForms();
-  void PrepareFormsA(FormPrinter& printer, const MonthSessions& sessions);
-  void PrepareFormB(FormPrinter& printer);
-  void PrepareFormsSolo(FormPrinter& printer, const MonthSessions& sessions);
   void PrepareAll(FormPrinter& printer, const MonthSessions& sessions);
-  int MakeFormsA(FormPrinter& printer, const MonthSessions& sessions);
-  int MakeFormsSolo(FormPrinter& printer, const MonthSessions& sessions);
+  void PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
+                          const MonthSessions& sessions);
+  void PrepareFormB(FormPrinter& printer, const MonthSessions& sessions);
+  int MakeForms(FormPrinter& printer, const PensionForm& form, const MonthSessions& sessions);
 };
 
 }  // namespace lm

@@ -19,9 +19,6 @@ class frmPensionSOLO : public FormWindow {
 
  private:
   void Filled() override;
-  void Recalculate(std::string_view editedKey) override;
-  bool MayDelete() override;
-  bool DeleteForm() override;
   void ShowSessions();
 
   SessionOpener sessionRules_;

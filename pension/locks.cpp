@@ -1,119 +1,93 @@
 #include "pension/locks.h"
 
 #include <algorithm>
-#include <initializer_list>
+#include <string>
 
 #include "core/messagebox.h"
 #include "core/platform.h"
-#include "core/text.h"
 #include "pension/forms.h"
-#include "pension/months.h"
 
 namespace lm {
 namespace {
 
-constexpr std::string_view kDeleteTitle = "Delete Pension Form";
+constexpr std::string_view kTitle = "Delete Pension Form";
+constexpr std::string_view kDatesByPractice[] = {"SENTTOPRACTICE", "RCVDFROMPRACTICE", "SENTTOHA"};
+constexpr std::string_view kDateToHA[] = {"SENTTOHA"};
+constexpr SentLock::Step kStepsByPractice[] = {
+    {"RCVDFROMPRACTICE", "received back from the Practice"},
+    {"SENTTOPRACTICE", "sent to the Practice"}};
+constexpr SentLock::Step kStepToHA[] = {{"SENTTOHA", "sent to the HA"}};
 
-bool HasDate(const Grid& forms, int row, std::initializer_list<std::string_view> keys) {
-  return std::ranges::any_of(
-      keys, [&](std::string_view key) { return !forms.TextMatrix(row, key).empty(); });
-}
-
-void RefuseDeletion(Ledger& ledger, std::string_view heading, std::string_view text) {
-  ShowMessage(ledger, heading, text, Buttons::Ok, Icon::Exclamation, kDeleteTitle);
-}
-
-void RefuseDeletionInWindow(Ledger& ledger) {
-  RefuseDeletion(ledger,
-                 "A pension form cannot be deleted once it has been sent to the Health Authority",
-                 "To delete the form you must set the 'Sent to HA' field to empty. ");
-}
-
-// Forms that come back from practices, and the form of the month in which they do.
-struct ReturnedForm {
-  std::string_view table;
-  std::string_view form, monthForm;
-  std::string_view refusedInList, refusedInWindow;  // how it cannot be marked as received
-};
-
-constexpr ReturnedForm kReturnedForms[] = {
-    {"fgPensionA", "A", "B", "for a month in which a Form B has already been created",
-     "for a month for which a Form B has already been created"},
-    {"fgPensionC", "C", "D", "in a month a Form D has already been created for",
-     "in a month a Form D has already been created for"},
-};
-
-const ReturnedForm& FormOf(const Grid& table) {
-  return EqualsIgnoreCase(table.Name(), kReturnedForms[1].table) ? kReturnedForms[1]
-                                                                 : kReturnedForms[0];
-}
+constexpr SentLock::Words kToHAInList = {
+    kTitle, "A Pension Form cannot be deleted once it has been sent to the Health Authority",
+    "To delete the form, you must set the 'Sent to HA' column to blank."};
+constexpr SentLock::Words kToHAInWindow = {
+    kTitle, "A pension form cannot be deleted once it has been sent to the Health Authority",
+    "To delete the form you must set the 'Sent to HA' field to empty. "};
+constexpr SentLock::Words kSoloInList = {
+    "", kTitle, "A Pension Form cannot be deleted once it has been sent to the Health Authority."};
 
 }  // namespace
 
-bool MayDeleteFormA(Ledger& ledger, const Grid& forms, int row, AskedFrom from) {
-  if (!HasDate(forms, row, {"SENTTOPRACTICE", "RCVDFROMPRACTICE", "SENTTOHA"})) return true;
-  RefuseDeletion(ledger, "A Pension Form cannot be deleted once it has been sent",
-                 from == AskedFrom::List
-                     ? "To delete the form, you must set the 'Sent to Practice', 'Rcvd From "
-                       "Practice', and 'Sent to HA' columns to blank."
-                     : "To delete the form, you must set the 'Sent to Practice', 'Received From "
-                       "Practice', and 'Sent to HA' dates to blank.");
+constinit const SentLock kSentByPractice = {
+    kDatesByPractice,
+    {kTitle, "A Pension Form cannot be deleted once it has been sent",
+     "To delete the form, you must set the 'Sent to Practice', 'Rcvd From Practice', and 'Sent to "
+     "HA' columns to blank."},
+    {kTitle, "A Pension Form cannot be deleted once it has been sent",
+     "To delete the form, you must set the 'Sent to Practice', 'Received From Practice', and 'Sent "
+     "to HA' dates to blank."},
+    kStepsByPractice};
+constinit const SentLock kSentToHA = {kDateToHA, kToHAInList, kToHAInWindow, kStepToHA};
+constinit const SentLock kSoloSentToHA = {kDateToHA, kSoloInList, kToHAInWindow, kStepToHA};
+
+bool MayDelete(Ledger& ledger, const FormRow& record, AskedFrom from) {
+  const SentLock& sent = *record.form.sent;
+  const auto isSet = [&](std::string_view date) { return !record.Cell(date).empty(); };
+  if (std::ranges::none_of(sent.dates, isSet)) return true;
+  const SentLock::Words& words = from == AskedFrom::List ? sent.inList : sent.inWindow;
+  ShowMessage(ledger, words.heading, words.text, Buttons::Ok, Icon::Exclamation, words.title);
   return false;
 }
 
-bool MayDeleteFormB(Ledger& ledger, const Grid& forms, int row, AskedFrom from) {
-  if (!HasDate(forms, row, {"SENTTOHA"})) return true;
-  if (from == AskedFrom::Window)
-    RefuseDeletionInWindow(ledger);
-  else
-    RefuseDeletion(ledger,
-                   "A Pension Form cannot be deleted once it has been sent to the Health Authority",
-                   "To delete the form, you must set the 'Sent to HA' column to blank.");
+bool HasMonth(Ledger& ledger, const FormRow& record) {
+  if (record.InMonth()) return true;
+  ShowMessage(ledger, "The month of this pension form is damaged",
+              "It reads \"" + record.Cell("MONTH") +
+                  "\". Without its month the form can be neither opened nor printed, but it can be "
+                  "deleted.");
   return false;
 }
 
-bool MayDeleteFormSolo(Ledger& ledger, const Grid& forms, int row, AskedFrom from) {
-  if (!HasDate(forms, row, {"SENTTOHA"})) return true;
-  if (from == AskedFrom::Window)
-    RefuseDeletionInWindow(ledger);
-  else
-    ShowMessage(ledger, kDeleteTitle,
-                "A Pension Form cannot be deleted once it has been sent to the Health Authority.");
-  return false;
-}
-
-bool MayChangeReceivedDate(Ledger& ledger, const Grid& table, std::string_view oldDate) {
-  const ReturnedForm& returned = FormOf(table);
-  const std::string key = MonthKeyOf(oldDate);
-  if (!FormBExists(ledger, key, returned.monthForm)) return true;
-  const std::string month = MonthText(key, "mmm yyyy");
-  const std::string form = "Form " + std::string(returned.form);
-  const std::string monthForm = "Form " + std::string(returned.monthForm);
+bool MayChangeReceivedDate(Ledger& ledger, const PensionForm& form, std::string_view oldDate) {
+  const Month returned = Month::OfCell(oldDate);
+  if (RowOfForm(ledger, *form.takenUpBy, returned) < 0) return true;
+  const std::string month = returned.Text("mmm yyyy");
+  const std::string name(form.name);
+  const std::string monthForm(form.takenUpBy->name);
   ShowMessage(ledger, "Unable to change date",
-              "A pension " + monthForm + " has already been created from the " + form +
+              "A pension " + monthForm + " has already been created from the " + name +
                   "'s received in " + month +
                   ". This date can therefore not be changed.\\n\\nIf you need to unlock this " +
-                  form + ", you will need to delete the " + monthForm + " for " + month + ".");
+                  name + ", you will need to delete the " + monthForm + " for " + month + ".");
   return false;
 }
 
-bool MaySetReceivedDate(Ledger& ledger, const Grid& table, std::string_view newDate,
+bool MaySetReceivedDate(Ledger& ledger, const PensionForm& form, std::string_view newDate,
                         AskedFrom from) {
-  const ReturnedForm& returned = FormOf(table);
-  const std::string key = MonthKeyOf(newDate);
-  if (!FormBExists(ledger, key, returned.monthForm)) return true;
-  const std::string month = MonthText(key, "mmm yyyy");
-  const std::string form = "Form " + std::string(returned.form);
-  const std::string monthForm = "Form " + std::string(returned.monthForm);
-  const std::string refused(from == AskedFrom::List ? returned.refusedInList
-                                                    : returned.refusedInWindow);
+  const Month returned = Month::OfCell(newDate);
+  if (RowOfForm(ledger, *form.takenUpBy, returned) < 0) return true;
+  const std::string month = returned.Text("mmm yyyy");
+  const std::string name(form.name);
+  const std::string monthForm(form.takenUpBy->name);
+  const std::string refused(from == AskedFrom::List ? form.refusedInList : form.refusedInWindow);
   ShowMessage(
       ledger, "Unable to set the 'Rcvd From Practice' date in " + month,
       "A " + monthForm + " has already been created for the month of " +
-          MonthText(key, "mmmm yyyy") + ".\\n\\nAs " + monthForm + " is created from all " + form +
-          "'s returned that month, a " + form + " cannot be marked as received " + refused +
-          ".\\n\\nTo set this " + form + " as received in this month you must first delete the " +
-          monthForm + " for the month of " + month + ". You can then enter the " + form +
+          returned.Text("mmmm yyyy") + ".\\n\\nAs " + monthForm + " is created from all " + name +
+          "'s returned that month, a " + name + " cannot be marked as received " + refused +
+          ".\\n\\nTo set this " + name + " as received in this month you must first delete the " +
+          monthForm + " for the month of " + month + ". You can then enter the " + name +
           " as returned this month, and then recreate the " + monthForm + " for the month.");
   return false;
 }

@@ -3,20 +3,17 @@
 #include <algorithm>
 #include <utility>
 
-#include "pension/months.h"
+#include "core/rows.h"
 #include "records/sessionrules.h"
 
 namespace lm {
 
-MonthSessions::MonthSessions(const Ledger& ledger, std::string monthKey)
-    : ledger_(ledger), monthKey_(std::move(monthKey)) {
-  if (!FirstDayOf(monthKey_)) return;  // damaged dates are of no month
+MonthSessions::MonthSessions(const Ledger& ledger, Month month) : ledger_(ledger), month_(month) {
   const Grid& sessions = ledger.fgSessions;
   const int startDate = sessions.ColIndex("SDATE");
   const int practice = sessions.ColIndex("PRACTICE");
-  for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
-    if (sessions.IsSubtotal(row)) continue;
-    if (MonthKeyOf(sessions.TextMatrix(row, startDate)) != monthKey_) continue;
+  for (const int row : Records(sessions)) {
+    if (!month.Has(sessions.TextMatrix(row, startDate))) continue;
     std::string practiceId = sessions.TextMatrix(row, practice);
     if (practiceId.empty()) {
       withoutPractice_.push_back(row);

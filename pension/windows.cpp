@@ -3,12 +3,14 @@
 #include <vector>
 
 #include "core/messagebox.h"
+#include "core/rows.h"
 #include "core/text.h"
 #include "pension/forms.h"
 #include "pension/frmPensionA.h"
 #include "pension/frmPensionB.h"
 #include "pension/frmPensionForms.h"
 #include "pension/frmPensionSOLO.h"
+#include "pension/locks.h"
 
 namespace lm {
 namespace {
@@ -23,16 +25,11 @@ bool ShowForm(Ledger& ledger, int row) {
     ShowMessage(ledger, "The pension form window is already open.");
     return false;
   }
+  const FormRow record{window.Form(), ledger.*window.Form().table, row};
+  if (IsRecord(record.cells, row) && !HasMonth(ledger, record)) return false;
   if (!window.Open(row)) return false;
   ShowModal(window);
   return true;
-}
-
-int RowOfId(const Grid& forms, std::string_view id) {
-  const int col = forms.ColIndex("ID");
-  int row = id.empty() ? -1 : forms.FindRow(id, -1, col);
-  while (row >= 0 && forms.IsSubtotal(row)) row = forms.FindRow(id, row + 1, col);
-  return row;
 }
 
 // What follows "open", whether it came as one word or as several; "" for anything else.
@@ -41,32 +38,22 @@ std::string FormName(const Words& words) {
   return Join({words.begin() + 1, words.end()}, " ");
 }
 
-// A form of a practice's month ("1 042024").
-int RowOfPracticeForm(const Ledger& ledger, const Grid& forms, const std::string& name,
-                      int (*formRow)(const Ledger&, const std::string&, std::string_view)) {
+// By practice and month ("1 042024"), for a form of a month alone by that ("042024").
+int RowByName(const Ledger& ledger, const PensionForm& form, const std::string& name) {
   const auto blank = name.rfind(' ');
-  const int row = blank == std::string::npos
-                      ? -1
-                      : formRow(ledger, name.substr(0, blank), name.substr(blank + 1));
-  return row < 0 ? RowOfId(forms, name) : row;
+  const bool hasPractice = blank != std::string::npos;
+  const std::string practice = hasPractice ? name.substr(0, blank) : "";
+  const Month month = Month::OfKey(hasPractice ? name.substr(blank + 1) : name);
+  const int row = hasPractice == form.ofPractice ? RowOfForm(ledger, form, month, practice) : -1;
+  return row < 0 ? RecordRow(ledger.*form.table, name) : row;
+}
+
+template <const PensionForm& form>
+bool FormByWords(Ledger& ledger, const Words& words) {
+  return form.open(ledger, RowByName(ledger, form, FormName(words)));
 }
 
 bool FormsByWords(Ledger& ledger, const Words&) { return OpenPensionForms(ledger); }
-
-bool FormAByWords(Ledger& ledger, const Words& words) {
-  return OpenFormA(ledger, RowOfPracticeForm(ledger, ledger.fgPensionA, FormName(words), FormARow));
-}
-
-bool FormBByWords(Ledger& ledger, const Words& words) {
-  const std::string name = FormName(words);
-  const int row = FormBRow(ledger, name);
-  return OpenFormB(ledger, row < 0 ? RowOfId(ledger.fgPensionB, name) : row);
-}
-
-bool FormSoloByWords(Ledger& ledger, const Words& words) {
-  return OpenFormSolo(
-      ledger, RowOfPracticeForm(ledger, ledger.fgPensionSolo, FormName(words), FormSoloRow));
-}
 
 }  // namespace
 
@@ -86,9 +73,9 @@ bool OpenFormSolo(Ledger& ledger, int row) { return ShowForm<frmPensionSOLO>(led
 
 void AddPensionWindows(WindowCatalogue& catalogue) {
   catalogue.Add("frmPensionForms", FormsByWords);
-  catalogue.Add("frmPensionA", FormAByWords);
-  catalogue.Add("frmPensionB", FormBByWords);
-  catalogue.Add("frmPensionSOLO", FormSoloByWords);
+  catalogue.Add("frmPensionA", FormByWords<kFormA>);
+  catalogue.Add("frmPensionB", FormByWords<kFormB>);
+  catalogue.Add("frmPensionSOLO", FormByWords<kFormSolo>);
 }
 
 }  // namespace lm

@@ -42,6 +42,15 @@ bool IsNote(std::string_view key) { return key == "NOTES" || key == "PUBLICNOTE"
 
 bool SessionListRules::IsSession(int row) const { return IsRecord(ledger_.fgSessions, row); }
 
+// "" for what is no session, and after its message for a damaged one.
+std::string SessionListRules::IdToOpen(int row) const {
+  const std::string id = IsSession(row) ? ledger_.fgSessions.TextMatrix(row, "ID") : "";
+  if (IsSession(row) && id.empty())
+    ShowMessage(ledger_, "This session is damaged",
+                "Its row has no ID, by which a session is opened and copied. It can be deleted.");
+  return id;
+}
+
 bool SessionListRules::MayEdit(int row, int col) {
   const std::string& key = ledger_.fgSessions.ColKey(col);
   if (key.empty() || !IsSession(row)) return false;
@@ -79,28 +88,28 @@ void SessionListRules::Edited(int row, int col) {
 }
 
 void SessionListRules::Opened(int row) {
-  if (IsSession(row)) OpenSession(ledger_, ledger_.fgSessions.TextMatrix(row, "ID"));
+  if (const std::string id = IdToOpen(row); !id.empty()) OpenSession(ledger_, id);
 }
 
 void SessionListRules::AddPressed() { NewSession(ledger_, CellText(ledger_.platform.clock.Now())); }
 
 void SessionListRules::DeletePressed(int row) {
-  // A damaged row without an ID is nothing that could be found again and deleted.
-  const std::string id = IsSession(row) ? ledger_.fgSessions.TextMatrix(row, "ID") : "";
-  if (id.empty())
-    ShowMessage(ledger_, "Delete Session", "There is no session selected to delete.");
+  if (IsSession(row))
+    DeleteSessionOfRow(ledger_, row);
   else
-    DeleteSession(ledger_, id);
+    ShowMessage(ledger_, "Delete Session", "There is no session selected to delete.");
 }
 
 std::vector<MenuEntry> SessionListRules::ContextMenu(int row) {
   const bool onSession = IsSession(row);
-  return {
-      {"&New Session", [this] { AddPressed(); }},
-      {"&Edit Session", [this, row] { Opened(row); }, onSession},
-      {"&Copy Session",
-       [this, row] { CopySession(ledger_, ledger_.fgSessions.TextMatrix(row, "ID")); }, onSession},
-      {"&Delete Session", [this, row] { DeletePressed(row); }, onSession}};
+  return {{"&New Session", [this] { AddPressed(); }},
+          {"&Edit Session", [this, row] { Opened(row); }, onSession},
+          {"&Copy Session",
+           [this, row] {
+             if (const std::string id = IdToOpen(row); !id.empty()) CopySession(ledger_, id);
+           },
+           onSession},
+          {"&Delete Session", [this, row] { DeletePressed(row); }, onSession}};
 }
 
 }  // namespace lm

@@ -20,6 +20,7 @@ class SessionListRules : public GridRules {
 
  private:
   bool IsSession(int row) const;
+  std::string IdToOpen(int row) const;
 
   Ledger& ledger_;
 };

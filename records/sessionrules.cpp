@@ -207,9 +207,12 @@ std::optional<LockMessage> DeleteRefusal(std::string_view forms, std::string_vie
 bool DeleteSession(Ledger& ledger, std::string_view id) {
   if (id.empty()) return Ask(ledger, "Delete this session?");
 
-  Grid& sessions = ledger.fgSessions;
   const int row = SessionRow(ledger, id);
-  if (row < 0) return false;
+  return row >= 0 && DeleteSessionOfRow(ledger, row);
+}
+
+bool DeleteSessionOfRow(Ledger& ledger, int row) {
+  Grid& sessions = ledger.fgSessions;
   const auto refusal =
       DeleteRefusal(sessions.TextMatrix(row, "FORMS"), sessions.TextMatrix(row, "INVOICE"));
   if (refusal) {
@@ -220,10 +223,12 @@ bool DeleteSession(Ledger& ledger, std::string_view id) {
   if (!Ask(ledger, "Delete Session", "Delete this session for practice '" + practice + "'?"))
     return false;
 
-  const std::string sessionId(id);  // may be a view of the row that goes
   const Change change(ledger, "Delete Session");
-  RemoveRowsOf(ledger.fgExtras, sessionId);
-  RemoveRowsOf(ledger.fgSessionExpenses, sessionId);
+  const std::string id = sessions.TextMatrix(row, "ID");
+  if (!id.empty()) {  // items without a session's ID are of no session
+    RemoveRowsOf(ledger.fgExtras, id);
+    RemoveRowsOf(ledger.fgSessionExpenses, id);
+  }
   sessions.RemoveItem(row);
   return true;
 }

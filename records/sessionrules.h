@@ -98,6 +98,8 @@ std::optional<LockMessage> DeleteRefusal(std::string_view forms, std::string_vie
 // for "", a new session that no table holds yet. False after its message when the session is
 // locked, without one when there is no such session.
 bool DeleteSession(Ledger& ledger, std::string_view id);
+// The same of a session's row, which may be damaged and have no ID.
+bool DeleteSessionOfRow(Ledger& ledger, int row);
 
 // The FORMS cell with a form's letter ("A", "B", "SOLO") put in, once, or taken out.
 std::string WithFormLetter(std::string_view forms, std::string_view letter);

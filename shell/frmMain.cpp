@@ -160,8 +160,11 @@ void frmMain::BuildSessionsPage() {
   cmdAddSession.onPressed = [this] { sessionRules_->AddPressed(); };
   cmdEditSession.SetText("Edit Session");
   cmdEditSession.onPressed = [this, &sessions] {
-    if (!SelectedId(sessions, "Edit Session", "There is no session selected to edit.").empty())
-      sessionRules_->Opened(sessions.Row());
+    const int row = SelectedRow(sessions);
+    if (row < 0 || sessions.IsSubtotal(row))
+      ShowMessage(ledger, "Edit Session", "There is no session selected to edit.");
+    else
+      sessionRules_->Opened(row);
   };
   cmdCopySession.SetText("Copy Session");
   cmdCopySession.onPressed = [this, &sessions] {

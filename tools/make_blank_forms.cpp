@@ -13,7 +13,6 @@
 #include "core/files.h"
 #include "pdf/clsPDFCreator.h"
 #include "pension/formcoordinates.h"
-#include "pension/formsamples.h"
 #include "pension/shippedforms.h"
 
 namespace lm {
@@ -103,7 +102,7 @@ class Page {
     pdf_.SetColorLine("#44546A");
     pdf_.SetColorText("#1F2A3A");
     pdf_.SetFont("Arial", 10, 1);
-    pdf_.DrawText(10, 7, "Pension Form " + std::string(FormLetter(blank_.kind)));
+    pdf_.DrawText(10, 7, "Pension Form " + std::string(blank_.form));
     pdf_.SetFont("Arial", 8);
     pdf_.DrawText(200, 7, "Page " + std::to_string(page_) + " of " + std::to_string(blank_.pages),
                   2);

@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // The form of five pages that the cases below are made for.
-const FormBlank& FormOfFivePages() { return BlankOf(FormKind::A, FormEdition::April2024); }
+const FormBlank& FormOfFivePages() { return BlankOf("A", FormEdition::April2024); }
 
 // A document whose pages are of these millimetres.
 void Write(const fs::path& file, int pages, double width = 210, double height = 297, int view = 0,

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "pension/monthsessions.h"
 #include "tests/support/scripted_platform.h"
 
 namespace lm::test {
@@ -59,13 +60,14 @@ TEST(DateRuns, AreOfTheSessionsOnTheForm) {
   add("1", "A", "banana", "11/04/2024");
   add("1", "A", "31/03/2024", "01/04/2024");
   add("2", "A", "12/04/2024", "");
-  const std::vector<DateRun> runs = RunsOfFormA(desk.ledger, "1", "042024");
+  const std::vector<DateRun> runs =
+      RunsOfFormA(desk.ledger, MonthSessions(desk.ledger, Month::OfKey("042024")), "1");
   ASSERT_EQ(runs.size(), 2u);
   EXPECT_EQ(CellText(runs[0].first) + " " + CellText(runs[0].last), "02/04/2024 02/04/2024");
   EXPECT_EQ(CellText(runs[1].first) + " " + CellText(runs[1].last), "30/04/2024 01/05/2024");
   EXPECT_EQ(runs[0].sessions, std::vector<int>{early});
   EXPECT_EQ(runs[1].sessions, std::vector<int>{late});
-  EXPECT_TRUE(RunsOfFormA(desk.ledger, "1", "banana").empty());
+  EXPECT_TRUE(RunsOfFormA(desk.ledger, MonthSessions(desk.ledger, Month()), "1").empty());
 }
 
 }  // namespace

@@ -69,10 +69,10 @@ TEST(FormA, TakesThePracticesNormalSessionsOfTheMonth) {
 
   SetOption(desk, optNewRowPosition, "top");
   ASSERT_TRUE(desk.MakeA("2", "042024"));
-  EXPECT_EQ(FormARow(desk, "2", "042024"), 2);
-  EXPECT_EQ(FormARow(desk, "1", "042024"), 3);
-  EXPECT_EQ(FormARow(desk, "1", "052024"), -1);
-  EXPECT_EQ(FormARow(desk, "1", ""), -1);
+  EXPECT_EQ(desk.Row(kFormA, "042024", "2"), 2);
+  EXPECT_EQ(desk.Row(kFormA, "042024", "1"), 3);
+  EXPECT_EQ(desk.Row(kFormA, "052024", "1"), -1);
+  EXPECT_EQ(desk.Row(kFormA, "", "1"), -1);
 }
 
 TEST(FormA, AsksBeforeItOverwrites) {
@@ -171,7 +171,7 @@ TEST(FormsA, OneForEachPracticeInTheOrderOfTheTable) {
   desk.AddSession("3", "05/04/2024", "30");
   desk.AddSession("1", "05/04/2024", "10");
   desk.AddSession("2", "05/04/2024", "20", {"SESS_TYPE=2"});
-  EXPECT_EQ(desk.MakeAllA("042024"), 2);
+  EXPECT_EQ(desk.MakeAll(kFormA, "042024"), 2);
   EXPECT_EQ(CellsOf(desk.ledger.fgPensionA, 2, {"PRACTICE", "AMOUNT"}), "1 10.00");
   EXPECT_EQ(CellsOf(desk.ledger.fgPensionA, 3, {"PRACTICE", "AMOUNT"}), "3 30.00");
   EXPECT_EQ(desk.shown.progress,
@@ -182,17 +182,17 @@ TEST(FormsA, OneForEachPracticeInTheOrderOfTheTable) {
 
   desk.Questions();
   desk.shown.answers = {Answer::No, Answer::Yes};
-  EXPECT_EQ(desk.MakeAllA("042024"), 1);
+  EXPECT_EQ(desk.MakeAll(kFormA, "042024"), 1);
   EXPECT_EQ(std::ranges::count(desk.Questions(), '\n'), 2);
   EXPECT_EQ(desk.Letters(), "A A -");
-  EXPECT_EQ(desk.MakeAllA("banana"), 0);
+  EXPECT_EQ(desk.MakeAll(kFormA, "banana"), 0);
 }
 
 TEST(FormsA, APracticeListedTwiceIsAskedAboutItsSecondForm) {
   RulesDesk desk;
   desk.AddRow(desk.ledger.fgPractices, {"ID=1", "NAME=Riverside again"});
   desk.AddSession("1", "05/04/2024", "10");
-  EXPECT_EQ(desk.MakeAllA("042024"), 1);
+  EXPECT_EQ(desk.MakeAll(kFormA, "042024"), 1);
   EXPECT_EQ(desk.Questions(),
             "Create Form A|A Locum Form A has already been calculated for Riverside for Apr "
             "2024|Do you wish to overwrite it?\n");
@@ -205,32 +205,32 @@ TEST(FormA, Deletion) {
   desk.AddSession("1", "05/05/2024", "10");
   ASSERT_TRUE(desk.MakeA("1", "042024") && desk.MakeA("1", "052024"));
   desk.Questions();
-  EXPECT_FALSE(DeleteFormA(desk, "1", "042024"));
+  EXPECT_FALSE(desk.Delete(kFormA, "042024", "1"));
   EXPECT_EQ(desk.Questions(),
             "LedgerMinder|Delete Pension Form|Delete Pension Form A for 'Riverside' for April "
             "2024?\n");
   EXPECT_EQ(desk.Letters(), "A A");
-  EXPECT_FALSE(DeleteFormA(desk, "2", "042024"));
+  EXPECT_FALSE(desk.Delete(kFormA, "042024", "2"));
   EXPECT_EQ(desk.Questions(), "");
 
   // A document that cannot be removed: nothing changes.
-  const fs::path document = FormFile(desk, FormKind::A, "042024", "1");
+  const fs::path document = FormFile(desk, {kFormA, desk.ledger.fgPensionA, 2});
   fs::create_directories(document / "in the way");
   desk.shown.answers = {Answer::Yes};
-  EXPECT_FALSE(DeleteFormA(desk, "1", "042024"));
+  EXPECT_FALSE(desk.Delete(kFormA, "042024", "1"));
   EXPECT_EQ(desk.Letters(), "A A");
   EXPECT_EQ(desk.ledger.fgPensionA.Rows(), 4);
 
   fs::remove_all(document);
   std::ofstream(document) << "a form";
   desk.shown.answers = {Answer::Yes};
-  EXPECT_TRUE(DeleteFormA(desk, "1", "042024"));
+  EXPECT_TRUE(desk.Delete(kFormA, "042024", "1"));
   EXPECT_FALSE(fs::exists(document));
   EXPECT_EQ(desk.Letters(), "- A");
-  EXPECT_EQ(FormARow(desk, "1", "042024"), -1);
-  EXPECT_EQ(FormARow(desk, "1", "052024"), 2);
+  EXPECT_EQ(desk.Row(kFormA, "042024", "1"), -1);
+  EXPECT_EQ(desk.Row(kFormA, "052024", "1"), 2);
 
-  RemoveFormA(desk, "052024", "1");
+  RemoveForm(desk, kFormA, 2);
   EXPECT_EQ(desk.Letters(), "- -");
   EXPECT_FALSE(desk.ledger.fgPensionA.HasData());
 }
@@ -240,12 +240,12 @@ TEST(FormSums, ByTheLettersType) {
   desk.AddSession("1", "05/04/2024", "10", {"EXTRAS=1", "EMPLOYERCONTRIB=2"});
   desk.AddSession("2", "05/04/2024", "20");
   desk.AddSession("1", "05/04/2024", "40", {"SESS_TYPE=2", "FORMS=A"});
-  const MonthSessions april(desk, "042024");
-  const FormSums all = AddSessionsToForm(desk, april, "", "A");
+  const MonthSessions april(desk, Month::OfKey("042024"));
+  const FormSums all = AddSessionsToForm(desk, kFormA, april, "");
   EXPECT_EQ(all.amount.ToText() + " " + all.employer.ToText(), "31 2");
   EXPECT_EQ(all.sessions, 2);
-  EXPECT_EQ(AddSessionsToForm(desk, april, "1", "B").amount.ToText(), "11");
-  EXPECT_EQ(AddSessionsToForm(desk, april, "1", "SOLO").amount.ToText(), "40");
+  EXPECT_EQ(AddSessionsToForm(desk, kFormB, april, "1").amount.ToText(), "11");
+  EXPECT_EQ(AddSessionsToForm(desk, kFormSolo, april, "1").amount.ToText(), "40");
   EXPECT_EQ(desk.Letters(), "A,B A A,SOLO");
 }
 

@@ -110,19 +110,24 @@ TEST(FormB, AsksBeforeItOverwrites) {
   const int row = desk.AddRow(desk.ledger.fgPensionB, {"MONTH=01/04/2024"});
   const std::string heading =
       "Create Form B|A Locum Form B has already been calculated for April 24.|";
-  EXPECT_TRUE(MayOverwriteFormB(desk, "052024"));
-  EXPECT_FALSE(MayOverwriteFormB(desk, "042024"));
+  EXPECT_FALSE(desk.MakeB("052024"));
+  EXPECT_FALSE(desk.MakeB("042024"));
   EXPECT_EQ(desk.Questions(), heading + "Do you wish to overwrite it?\n");
   desk.ledger.fgPensionB.SetTextMatrix(row, "SENTTOHA", "09/05/2024");
-  EXPECT_FALSE(MayOverwriteFormB(desk, "042024"));
+  EXPECT_FALSE(desk.MakeB("042024"));
   EXPECT_EQ(desk.Questions(), heading +
                                   "This form has already been sent to the HA.\r\nDo you wish to "
                                   "overwrite it?\n");
   EXPECT_EQ(desk.Letters(), "A,B");
   desk.shown.answers = {Answer::Yes};
-  EXPECT_TRUE(MayOverwriteFormB(desk, "042024"));
-  EXPECT_EQ(desk.Letters(), "A");
-  EXPECT_FALSE(FormBExists(desk, "042024"));
+  EXPECT_TRUE(desk.MakeB("042024"));
+  EXPECT_EQ(desk.Letters(), "A,B");
+  EXPECT_EQ(desk.ledger.fgPensionB.Rows(), row + 1);
+  // It goes with the Yes, whether another can be made or not.
+  desk.ledger.fgPensionA.SetTextMatrix(2, "RCVDFROMPRACTICE", "");
+  desk.shown.answers = {Answer::Yes};
+  EXPECT_FALSE(desk.MakeB("042024"));
+  EXPECT_EQ(desk.Row(kFormB, "042024"), -1);
 }
 
 TEST(FormB, DeletionUnlocksItsFormsA) {
@@ -133,25 +138,25 @@ TEST(FormB, DeletionUnlocksItsFormsA) {
   desk.AddFormA("1", "01/04/2024", "10.00", {"RCVDFROMPRACTICE=02/05/2024"});
   ASSERT_TRUE(desk.MakeB("042024") && desk.MakeB("052024"));
   desk.Questions();
-  EXPECT_FALSE(DeleteFormB(desk, "042024"));
+  EXPECT_FALSE(desk.Delete(kFormB, "042024"));
   EXPECT_EQ(desk.Questions(),
             "LedgerMinder|Delete Pension Form|Delete Pension Form B for April 2024?\n");
   EXPECT_EQ(desk.Letters(), "A,B A,B");
-  EXPECT_FALSE(DeleteFormB(desk, "062024"));
+  EXPECT_FALSE(desk.Delete(kFormB, "062024"));
   EXPECT_EQ(desk.Questions(), "");
 
-  const fs::path document = FormFile(desk, FormKind::B, "042024");
+  const fs::path document = FormFile(desk, {kFormB, desk.ledger.fgPensionB, 2});
   fs::create_directories(document / "in the way");
   desk.shown.answers = {Answer::Yes};
-  EXPECT_FALSE(DeleteFormB(desk, "042024"));
+  EXPECT_FALSE(desk.Delete(kFormB, "042024"));
   EXPECT_EQ(desk.Letters(), "A,B A,B");
 
   fs::remove_all(document);
   desk.shown.answers = {Answer::Yes};
-  EXPECT_TRUE(DeleteFormB(desk, "042024"));
+  EXPECT_TRUE(desk.Delete(kFormB, "042024"));
   EXPECT_EQ(desk.Letters(), "A A,B");
-  EXPECT_FALSE(FormBExists(desk, "042024"));
-  EXPECT_TRUE(FormBExists(desk, "052024"));
+  EXPECT_EQ(desk.Row(kFormB, "042024"), -1);
+  EXPECT_GT(desk.Row(kFormB, "052024"), 0);
 }
 
 TEST(FormB, IsLookedUpByMonthAndLetter) {
@@ -159,11 +164,11 @@ TEST(FormB, IsLookedUpByMonthAndLetter) {
   desk.AddRow(desk.ledger.fgPensionB, {"MONTH=banana"});
   const int row = desk.AddRow(desk.ledger.fgPensionB, {"MONTH=1/4/2024"});
   desk.AddRow(desk.ledger.fgPensionD, {"MONTH=01/05/2024"});
-  EXPECT_EQ(FormBRow(desk, "042024"), row);
-  EXPECT_EQ(FormBRow(desk, ""), -1);
-  EXPECT_FALSE(FormBExists(desk, "042024", "D"));
-  EXPECT_TRUE(FormBExists(desk, "052024", "D"));
-  EXPECT_FALSE(FormBExists(desk, "052024"));
+  EXPECT_EQ(desk.Row(kFormB, "042024"), row);
+  EXPECT_EQ(desk.Row(kFormB, ""), -1);
+  EXPECT_EQ(desk.Row(kFormD, "042024"), -1);
+  EXPECT_GT(desk.Row(kFormD, "052024"), 0);
+  EXPECT_EQ(desk.Row(kFormB, "052024"), -1);
 }
 
 TEST(FormB, ContributionRate) {
@@ -181,8 +186,9 @@ TEST(FormB, ContributionRate) {
     desk.AddRow(desk.ledger.fgPensionB,
                 {"MONTH=01/04/2024", "PENSIONABLE=" + std::string(c.pensionable),
                  "CONTRIBUTION=" + std::string(c.contribution)});
-    EXPECT_EQ(RateOfFormB(desk, "042024"), c.rate) << c.pensionable << " " << c.contribution;
-    EXPECT_EQ(RateOfFormB(desk, "052024"), std::nullopt);
+    EXPECT_EQ(RateOfFormB(desk, Month::OfKey("042024")), c.rate)
+        << c.pensionable << " " << c.contribution;
+    EXPECT_EQ(RateOfFormB(desk, Month::OfKey("052024")), std::nullopt);
   }
 }
 
@@ -206,7 +212,7 @@ TEST(FormB, TotalAfterAnEdit) {
     Grid& forms = desk.ledger.fgPensionB;
     const int row = desk.AddRow(
         forms, {"CONTRIBUTION=1054.01", "EXTRA_YEARS=900.50", "ERRBO= ", "TOTAL_CONTRIB=1.00"});
-    RecalculateFormB(desk, row, c.edited);
+    Recalculate(desk, kFormB, forms, row, c.edited);
     std::string cells;
     for (const char* key : {"AVC", "EXTRA_YEARS", "ERRBO", "ADDITIONAL", "TOTAL_CONTRIB"})
       cells += (cells.empty() && key[1] == 'V' ? "" : "|") + forms.TextMatrix(row, key);
@@ -222,7 +228,7 @@ TEST(FormB, NoAvcInScotland) {
   SetOption(desk, optPensionCountry, "Scotland");
   Grid& forms = desk.ledger.fgPensionB;
   const int row = desk.AddRow(forms, {"CONTRIBUTION=54.00", "AVC=90"});
-  RecalculateFormB(desk, row, "AVC");
+  Recalculate(desk, kFormB, forms, row, "AVC");
   EXPECT_EQ(CellsOf(forms, row, {"AVC", "TOTAL_CONTRIB"}), "0 54.00");
   EXPECT_EQ(desk.OneMessage(),
             "LedgerMinder|AVCs on Scottish Pension Forms|You currently have your pension options "

@@ -35,7 +35,7 @@ TEST(FormPdf, UsesTheBlankOfItsMonth) {
   for (const Case& one : kCases) {
     PaperDesk desk;
     desk.AddFormB({FormEdition::April2024, one.key, one.days}, "65.00");
-    const fs::path file = desk.Write(FormKind::B, one.key);
+    const fs::path file = desk.Write(kFormB, one.key);
     EXPECT_EQ(OutputOf("qpdf --show-npages '" + file.string() + "'"),
               std::to_string(one.pages) + "\n");
     EXPECT_EQ(std::system(("qpdf --check '" + file.string() + "' > /dev/null").c_str()), 0);
@@ -46,21 +46,24 @@ TEST(FormPdf, FileNames) {
   PaperDesk desk;
   desk.ledger.fgPractices.SetTextMatrix(desk.ledger.fgPractices.FixedRows(), "NAME",
                                         "St. John: A/B");
-  const auto name = [&](FormKind kind, const char* month) {
-    const fs::path file = FormFile(desk.ledger, kind, month, "1");
+  const auto name = [&](const PensionForm& form, const char* month) {
+    Grid& table = desk.ledger.*form.table;
+    const int row = desk.AddRow(table, {std::string("MONTH=") + month});
+    if (form.ofPractice) table.SetTextMatrix(row, "PRACTICE", "1");
+    const fs::path file = FormFile(desk.ledger, {form, table, row});
     EXPECT_EQ(file.parent_path(), desk.ledger.File("Pension Forms"));
     return file.filename().string();
   };
-  EXPECT_EQ(name(FormKind::A, "042024"), "FormA_St. John AB_Apr 24.pdf");
-  EXPECT_EQ(name(FormKind::Solo, "122023"), "FormSOLO_St. John AB_Dec 23.pdf");
-  EXPECT_EQ(name(FormKind::B, "012024"), "FormB_Jan 24.pdf");
+  EXPECT_EQ(name(kFormA, "01/04/2024"), "FormA_St. John AB_Apr 24.pdf");
+  EXPECT_EQ(name(kFormSolo, "01/12/2023"), "FormSOLO_St. John AB_Dec 23.pdf");
+  EXPECT_EQ(name(kFormB, "01/01/2024"), "FormB_Jan 24.pdf");
+  EXPECT_EQ(name(kFormC, "01/04/2011"), "FormC_St. John AB_Apr 11.pdf");
 }
 
 TEST(FormPdf, SaysWhatItIs) {
   PaperDesk desk;
   desk.FillMonth(kMonths[0]);
-  const std::string info =
-      OutputOf("pdfinfo '" + desk.Write(FormKind::Solo, "042024").string() + "'");
+  const std::string info = OutputOf("pdfinfo '" + desk.Write(kFormSolo, "042024").string() + "'");
   for (const std::string_view line : {"GP Locum Pension Form SOLO", "Pension Form SOLO",
                                       "Dr Anna Longer-Than-Others", "LedgerMinder PDF Library"})
     EXPECT_NE(info.find(line), std::string::npos) << info;
@@ -88,7 +91,7 @@ TEST(FormPdf, PracticesOfFormB) {
     desk.AddRow(forms, {"PRACTICE=2", "AMOUNT=5.00", "RCVDFROMPRACTICE=12/05/2024"});
     desk.AddRow(forms, {"PRACTICE=2", "AMOUNT=5.00", "RCVDFROMPRACTICE=banana"});
     desk.AddFormB(kMonths[0], "65.00");
-    const std::string text = desk.Text(FormKind::B, "042024");
+    const std::string text = desk.Text(kFormB, "042024");
     int shown = 0;
     for (int i = 1; i <= practices; ++i)
       shown += std::regex_search(text, std::regex("Place7" + std::to_string(i) + "\\s"));
@@ -106,17 +109,17 @@ TEST(FormPdf, FormSoloTakesItsRateFromFormB) {
   PaperDesk desk;
   desk.FillMonth(kMonths[0]);
   SetOption(desk.ledger, optMandatoryContribution, "12.5");
-  EXPECT_NE(desk.Text(FormKind::Solo, "042024").find("12.50 %"), std::string::npos);
+  EXPECT_NE(desk.Text(kFormSolo, "042024").find("12.50 %"), std::string::npos);
   desk.AddFormB(kMonths[0], "65.12");
   Grid& solo = desk.ledger.fgPensionSolo;
   solo.SetTextMatrix(solo.FixedRows(), "EXPENSES", "1,000.5");
-  const std::string text = desk.Text(FormKind::Solo, "042024");
+  const std::string text = desk.Text(kFormSolo, "042024");
   EXPECT_NE(text.find("6.51 %"), std::string::npos);
   EXPECT_NE(text.find("2,500.50"), std::string::npos);
   EXPECT_NE(text.find("1,000.50"), std::string::npos);
   EXPECT_EQ(text.find("NIL"), std::string::npos);
   desk.ledger.fgSessions.ClearData();
-  const std::string empty = desk.Text(FormKind::Solo, "042024");
+  const std::string empty = desk.Text(kFormSolo, "042024");
   EXPECT_TRUE(std::regex_search(empty, std::regex(R"(3 0\s+1 2\s+2 0 9 9\s+0 1\s+0 1\s+1 9 1 0)")))
       << empty;
 }
@@ -126,7 +129,7 @@ TEST(FormPdf, Signature) {
   PaperDesk desk;
   desk.FillMonth(kMonths[1]);
   const auto pictures = [&] {
-    return OutputOf("pdfimages -list '" + desk.Write(FormKind::A, "052023").string() +
+    return OutputOf("pdfimages -list '" + desk.Write(kFormA, "052023").string() +
                     "' | grep -c image");
   };
   WriteBytes(
@@ -145,14 +148,14 @@ TEST(FormPdf, Signature) {
 
   fs::remove(desk.ledger.File("signature.jpg"));
   fs::remove(desk.ledger.File("signature.gif"));
-  EXPECT_NE(desk.Text(FormKind::A, "052023").find("03 Feb 2026"), std::string::npos);
+  EXPECT_NE(desk.Text(kFormA, "052023").find("03 Feb 2026"), std::string::npos);
 }
 
 // What cannot be written is told, and leaves an older document as it was.
 TEST(FormPdf, FailuresKeepTheOldDocument) {
   PaperDesk desk;
   desk.FillMonth(kMonths[0]);
-  const fs::path file = desk.File(FormKind::A, "042024");
+  const fs::path file = desk.File(kFormA, "042024");
   const fs::path blank = desk.ledger.File(kBlankFolder) / "GP A 2024-04.pdf";
   const std::string goodBlank = Bytes(blank);
   WriteBytes(file, "the old one");
@@ -160,8 +163,8 @@ TEST(FormPdf, FailuresKeepTheOldDocument) {
   const auto refuses = [&](const std::string& heading) {
     desk.shown.messages.clear();
     FormPrinter printer(desk.ledger);
-    EXPECT_FALSE(printer.Write(FormKind::A, "042024", "1"));
-    EXPECT_FALSE(printer.Write(FormKind::A, "042024", "1"));
+    EXPECT_FALSE(printer.Write(kFormA, desk.Row(kFormA, "042024")));
+    EXPECT_FALSE(printer.Write(kFormA, desk.Row(kFormA, "042024")));
     ASSERT_EQ(desk.shown.messages.size(), 1u) << "told once a run";
     EXPECT_EQ(desk.shown.messages[0].mainPrompt, heading);
     EXPECT_FALSE(desk.shown.messages[0].minorPrompt.empty());
@@ -189,35 +192,36 @@ TEST(FormPdf, FailuresKeepTheOldDocument) {
     setrlimit(RLIMIT_FSIZE, &most);
     std::signal(SIGXFSZ, old);
   }
-  EXPECT_TRUE(FormPrinter(desk.ledger).Write(FormKind::A, "042024", "1"));
+  EXPECT_TRUE(desk.TryWrite(kFormA, "042024"));
   EXPECT_TRUE(Bytes(file).starts_with("%PDF"));
 }
 
 TEST(FormPdf, FileOpenElsewhereFolderMissingNoSuchForm) {
   PaperDesk desk;
   desk.FillMonth(kMonths[0]);
-  const fs::path file = desk.File(FormKind::A, "042024");
+  const fs::path file = desk.File(kFormA, "042024");
+  const FormRow record{kFormA, desk.ledger.fgPensionA, desk.Row(kFormA, "042024")};
   // A folder in its place is what no one can open for writing, not even an administrator.
   fs::create_directories(file / "full");
-  EXPECT_FALSE(FormPrinter(desk.ledger).Write(FormKind::A, "042024", "1"));
+  EXPECT_FALSE(desk.TryWrite(kFormA, "042024"));
   ASSERT_EQ(desk.shown.messages.size(), 1u);
   EXPECT_EQ(desk.shown.messages[0].title, "Output Pension Form");
   EXPECT_EQ(desk.shown.messages[0].mainPrompt, "File already open and cannot be overwritten");
   EXPECT_EQ(desk.shown.messages[0].minorPrompt,
             "File: '" + PathText(file) + "'\r\nYou must close it before it can be overwritten.");
-  EXPECT_FALSE(DeleteFormDocument(desk.ledger, FormKind::A, "042024", "1"));
+  EXPECT_FALSE(DeleteFormDocument(desk.ledger, record));
   EXPECT_EQ(desk.shown.messages.back().title, "Delete Pension Form");
   EXPECT_TRUE(fs::exists(file));
 
   fs::remove_all(desk.ledger.File("Pension Forms"));
-  EXPECT_FALSE(FormPrinter(desk.ledger).Write(FormKind::A, "042024", "1"));
+  EXPECT_FALSE(desk.TryWrite(kFormA, "042024"));
   EXPECT_EQ(desk.shown.messages.back().title, "No Pension Forms directory");
   EXPECT_EQ(desk.shown.messages.back().mainPrompt, "Pension forms directory not found");
   EXPECT_EQ(desk.shown.messages.back().minorPrompt,
             "Please re-install LedgerMinder to re-create this directory.");
 
   for (const char* month : {"", "banana", "132024", "052024"}) {
-    EXPECT_FALSE(FormPrinter(desk.ledger).Write(FormKind::A, month, "1"));
+    EXPECT_FALSE(desk.TryWrite(kFormA, month));
     EXPECT_EQ(desk.shown.TakeMessage(), "The pension form could not be found");
   }
 }
@@ -225,22 +229,23 @@ TEST(FormPdf, FileOpenElsewhereFolderMissingNoSuchForm) {
 TEST(FormPdf, OpensTheDocumentAndWritesItWhereItIsMissing) {
   PaperDesk desk;
   desk.FillMonth(kMonths[0]);
-  const fs::path file = desk.File(FormKind::A, "042024");
-  EXPECT_TRUE(OpenFormDocument(desk.ledger, FormKind::A, "042024", "1"));
+  const fs::path file = desk.File(kFormA, "042024");
+  const FormRow record{kFormA, desk.ledger.fgPensionA, desk.Row(kFormA, "042024")};
+  EXPECT_TRUE(OpenFormDocument(desk.ledger, kFormA, record.row));
   EXPECT_TRUE(Bytes(file).starts_with("%PDF"));
   EXPECT_EQ(desk.shown.opened, std::vector<std::string>{PathText(file)});
   WriteBytes(file, "the old one");
-  EXPECT_TRUE(OpenFormDocument(desk.ledger, FormKind::A, "042024", "1"));
+  EXPECT_TRUE(OpenFormDocument(desk.ledger, kFormA, record.row));
   EXPECT_EQ(Bytes(file), "the old one");
-  EXPECT_TRUE(OpenFormDocument(desk.ledger, FormKind::A, "042024", "1", true));
+  EXPECT_TRUE(OpenFormDocument(desk.ledger, kFormA, record.row, true));
   EXPECT_TRUE(Bytes(file).starts_with("%PDF"));
-  EXPECT_TRUE(DeleteFormDocument(desk.ledger, FormKind::A, "042024", "1"));
+  EXPECT_TRUE(DeleteFormDocument(desk.ledger, record));
   EXPECT_FALSE(fs::exists(file));
-  EXPECT_TRUE(DeleteFormDocument(desk.ledger, FormKind::A, "042024", "1")) << "nothing to delete";
+  EXPECT_TRUE(DeleteFormDocument(desk.ledger, record)) << "nothing to delete";
 
   fs::remove(desk.ledger.File(kBlankFolder) / "GP A 2024-04.pdf");
   desk.shown.opened.clear();
-  EXPECT_FALSE(OpenFormDocument(desk.ledger, FormKind::A, "042024", "1"));
+  EXPECT_FALSE(OpenFormDocument(desk.ledger, kFormA, record.row));
   EXPECT_TRUE(desk.shown.opened.empty());
 }
 
@@ -249,7 +254,7 @@ TEST(FormPdf, DamagedDataIsPrintedAsNothing) {
   const std::string wild(3000, '(');
   for (int field = 0; field <= kLastNameField; ++field) SetMyDetail(desk.ledger, field, wild);
   SetOption(desk.ledger, optMandatoryContribution, "abc");
-  for (const Month& month : kMonths) {
+  for (const EditionMonth& month : kMonths) {
     const std::string of = std::string("MONTH=01") + month.days;
     desk.AddRow(desk.ledger.fgSessions, {"PRACTICE=1", "SESS_TYPE=x", "FORMS=A,,A",
                                          std::string("SDATE=05") + month.days, "EDATE=9/9/0001"});
@@ -258,8 +263,8 @@ TEST(FormPdf, DamagedDataIsPrintedAsNothing) {
                  std::string("RCVDFROMPRACTICE=05") + month.days});
     desk.AddRow(desk.ledger.fgPensionB, {of, "PENSIONABLE=0", "CONTRIBUTION=", "AVC=12,3x"});
     desk.AddRow(desk.ledger.fgPensionSolo, {"PRACTICE=1", of, "PENSIONABLE=banana"});
-    for (const FormKind kind : {FormKind::A, FormKind::B, FormKind::Solo})
-      EXPECT_TRUE(FormPrinter(desk.ledger).Write(kind, month.key, "1")) << month.key;
+    for (const PensionForm* form : {&kFormA, &kFormB, &kFormSolo})
+      EXPECT_TRUE(desk.TryWrite(*form, month.key)) << month.key;
   }
   EXPECT_TRUE(desk.shown.messages.empty());
 }

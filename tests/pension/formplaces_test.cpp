@@ -250,7 +250,7 @@ TEST(FormPlaces, FormAStandsWhereItIsMeasured) {
         Boxes(pages[runs.page], kDates[i][2 * run + 1], runs.end, y, 12, runs.pitch);
       }
     Boxes(pages[kRuns[i][1].page], "AB123456C", 45, kReference[i], 12, 7);
-    ExpectPages(desk.Write(FormKind::A, kMonths[i].key), pages);
+    ExpectPages(desk.Write(kFormA, kMonths[i].key), pages);
   }
 }
 
@@ -307,7 +307,7 @@ TEST(FormPlaces, FormBStandsWhereItIsMeasured) {
                                  {"April", 100, 284, 10},
                                  {"2024", 160, 284, 10}});
     }
-    ExpectPages(desk.Write(FormKind::B, kMonths[i].key), pages);
+    ExpectPages(desk.Write(kFormB, kMonths[i].key), pages);
   }
 }
 
@@ -349,7 +349,7 @@ TEST(FormPlaces, FormSoloStandsWhereItIsMeasured) {
     last = {{"Dr Anna Longer-Than-Others", kPage3[i], 151, 10},
             {"", kPage3[i], kSignature[i], 0, 1, 45, 9}};
     Boxes(last, "03 02 2026", kPage3[i], 174, 10, 7);
-    ExpectPages(desk.Write(FormKind::Solo, kMonths[i].key), pages);
+    ExpectPages(desk.Write(kFormSolo, kMonths[i].key), pages);
   }
 }
 
@@ -363,7 +363,7 @@ TEST(FormPlaces, EveryItemHasItsOwnPlace) {
       EXPECT_LE(place.page, blank.pages);
       EXPECT_TRUE(place.x > 0 && place.x < 205 && place.y > 10 && place.y < 290) << place.y;
       EXPECT_EQ(FormItemLabel(place.item).empty(), place.item == FormItem::TooManyPractices);
-      if (blank.kind == FormKind::B && place.page == 1)
+      if (blank.form == "B" && place.page == 1)
         firstPage[static_cast<std::size_t>(blank.edition)].insert(place.item);
       for (const FormPlace& other : blank.places)
         EXPECT_TRUE(&place == &other || place.page != other.page || place.x != other.x ||
@@ -392,9 +392,8 @@ TEST(FormPlaces, OnlyTheRatesOfTheEditionAreTicked) {
     for (const Tier& tier : kTiers) {
       PaperDesk desk;
       desk.AddFormB(kMonths[i], tier.contribution);
-      const std::string words =
-          OutputOf("pdftotext -bbox '" + desk.Write(FormKind::B, kMonths[i].key).string() +
-                   "' - 2> /dev/null");
+      const std::string words = OutputOf(
+          "pdftotext -bbox '" + desk.Write(kFormB, kMonths[i].key).string() + "' - 2> /dev/null");
       std::smatch match;
       const bool ticked = std::regex_search(words, match, kX);
       EXPECT_EQ(ticked, tier.x[i] != 0) << kMonths[i].key << " " << tier.contribution;
@@ -405,11 +404,11 @@ TEST(FormPlaces, OnlyTheRatesOfTheEditionAreTicked) {
 }
 
 TEST(FormPlaces, FormAHasAFieldForTheLocumsOwnUse) {
-  for (const Month& month : kMonths) {
+  for (const EditionMonth& month : kMonths) {
     PaperDesk desk;
     desk.FillMonth(month);
     const std::string objects = OutputOf("qpdf --qdf --object-streams=disable '" +
-                                         desk.Write(FormKind::A, month.key).string() + "' -");
+                                         desk.Write(kFormA, month.key).string() + "' -");
     std::smatch rect;
     ASSERT_TRUE(std::regex_search(
         objects, rect,

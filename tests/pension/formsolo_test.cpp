@@ -86,7 +86,7 @@ TEST(FormSolo, TakesSessionsOverFromOtherForms) {
   EXPECT_FALSE(desk.MakeSolo("1", ""));
 
   desk.shown.answers = {Answer::Yes};
-  EXPECT_EQ(desk.MakeAllSolo("042024"), 2);
+  EXPECT_EQ(desk.MakeAll(kFormSolo, "042024"), 2);
   EXPECT_EQ(desk.Letters(), "SOLO - - SOLO");
   EXPECT_EQ(desk.shown.progress.front(), "0 Preparing Form Solo 1: Riverside");
   EXPECT_EQ(desk.shown.progress.back(), "hide");
@@ -111,12 +111,12 @@ TEST(FormSolo, AsksBeforeItOverwritesAndBeforeItGoes) {
   EXPECT_EQ(desk.ledger.fgPensionSolo.Rows(), 3);
   EXPECT_EQ(desk.Letters(), "SOLO");
 
-  EXPECT_FALSE(DeleteFormSolo(desk, "3", "042024"));
+  EXPECT_FALSE(desk.Delete(kFormSolo, "042024", "3"));
   EXPECT_EQ(desk.Questions(),
             "LedgerMinder|Delete Pension Form|Delete Pension Form Solo for 'Night Care' for April "
             "2024?\n");
   desk.shown.answers = {Answer::Yes};
-  EXPECT_TRUE(DeleteFormSolo(desk, "3", "042024"));
+  EXPECT_TRUE(desk.Delete(kFormSolo, "042024", "3"));
   EXPECT_EQ(desk.Letters(), "-");
   EXPECT_FALSE(desk.ledger.fgPensionSolo.HasData());
 }
@@ -130,9 +130,9 @@ TEST(FormSolo, RowByTheEndOfTheMonthCell) {
   for (const auto& [month, found] : kCases) {
     desk.ledger.fgPensionSolo.ClearData();
     desk.AddRow(desk.ledger.fgPensionSolo, {"PRACTICE=3", "MONTH=" + std::string(month)});
-    EXPECT_EQ(FormSoloRow(desk, "3", "042024") == 2, found) << month;
-    EXPECT_EQ(FormSoloRow(desk, "3", ""), -1) << month;
-    EXPECT_EQ(FormSoloRow(desk, "1", "042024"), -1) << month;
+    EXPECT_EQ(desk.Row(kFormSolo, "042024", "3") == 2, found) << month;
+    EXPECT_EQ(desk.Row(kFormSolo, "", "3"), -1) << month;
+    EXPECT_EQ(desk.Row(kFormSolo, "042024", "1"), -1) << month;
   }
 }
 
@@ -142,15 +142,15 @@ TEST(FormSolo, TotalAfterAnEdit) {
   const int row =
       desk.AddRow(forms, {"MY_CONTRIB=60.00", "EMP_CONTRIB=1143.80",
                           "AVC=", "EXTRAYEARS= ", "ADDITIONAL=0.125", "TOTAL_CONTRIB=1"});
-  RecalculateFormSolo(desk, row, "NOTES");
+  Recalculate(desk, kFormSolo, forms, row, "NOTES");
   EXPECT_EQ(CellsOf(forms, row, {"TOTAL_CONTRIB"}), "1");
   EXPECT_EQ(StateOfRow(desk, forms, row), RowState::Saved);
-  RecalculateFormSolo(desk, row, "EXTRAYEARS");
+  Recalculate(desk, kFormSolo, forms, row, "EXTRAYEARS");
   EXPECT_EQ(CellsOf(forms, row, {"EXTRAYEARS", "TOTAL_CONTRIB"}), "0 1203.925");
   EXPECT_EQ(CellsOf(forms, row, {"AVC"}), "");
   EXPECT_EQ(StateOfRow(desk, forms, row), RowState::Edited);
   forms.SetTextMatrix(row, "ERRBO", "1.075");
-  RecalculateFormSolo(desk, row, "ERRBO");
+  Recalculate(desk, kFormSolo, forms, row, "ERRBO");
   EXPECT_EQ(CellsOf(forms, row, {"TOTAL_CONTRIB"}), "1205");
 }
 

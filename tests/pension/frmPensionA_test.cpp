@@ -33,7 +33,7 @@ struct WindowOfFormA : testing::Test {
   }
   void Receive(const std::string& date, bool onFormB) {
     forms.SetTextMatrix(2, "RCVDFROMPRACTICE", date);
-    if (onFormB) desk.MakeB(MonthKeyOf(date));
+    if (onFormB) desk.MakeB(date.substr(3, 2) + date.substr(6));
     desk.Messages();
     Open();
   }

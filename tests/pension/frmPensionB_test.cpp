@@ -46,10 +46,8 @@ struct WindowOfFormB : testing::Test {
   }
   // What the paper says in boxes a to i, by the letters of the window.
   std::string OnPaper() {
-    const MonthSessions worked(desk.ledger, "022026");
-    const auto figures = FiguresOfFormB(
-        desk.ledger, [&](const std::string&) -> const MonthSessions& { return worked; }, 2,
-        "022026");
+    SessionsByMonth sessions(desk.ledger);
+    const FormFigures figures = FiguresOf(desk.ledger, sessions, {kFormB, forms, 2});
     std::string text;
     for (int box = 0; box < 9; ++box)
       text +=

@@ -150,12 +150,17 @@ TEST_F(PrepareForms, AllForms) {
 
 TEST_F(PrepareForms, WithoutTheFolderNothingIsMade) {
   desk.AddSession("1", "02/02/2026", "100");
+  desk.AddFormA("1", "01/01/2026", "100", {"RCVDFROMPRACTICE=09/02/2026"});
   std::filesystem::remove_all(desk.ledger.File("Pension Forms"));
-  EXPECT_EQ(Make(window->optForm0),
-            "Pension forms directory not found: Please re-install LedgerMinder to re-create this "
-            "directory.");
-  EXPECT_EQ(desk.shown.messages[0].title, "No Pension Forms directory");
-  EXPECT_EQ(Rows() + " " + desk.Letters(), "0 0 0 -");
+  for (CheckField* forms :
+       {&window->optForm0, &window->optForm1, &window->optForm2, &window->optForm3})
+    for (const char* practice : {"<ALL PRACTICES>", "Riverside"}) {
+      EXPECT_EQ(Make(*forms, practice),
+                "Pension forms directory not found: Please re-install LedgerMinder to re-create "
+                "this directory.");
+      EXPECT_EQ(desk.shown.messages[0].title, "No Pension Forms directory");
+      EXPECT_EQ(Rows() + " " + desk.Letters(), "1 0 0 -");
+    }
 }
 
 TEST_F(PrepareForms, NeedsSessionsToOpen) {

@@ -53,10 +53,8 @@ TEST_F(WindowOfFormSolo, ShowsTheForm) {
 
 TEST_F(WindowOfFormSolo, ThePaperAgreesWithTheWindowAfterEveryEdit) {
   const auto onPaper = [&](const FormWindow&) {
-    const MonthSessions worked(desk.ledger, "012026");
-    auto figures = FiguresOfFormSolo(
-        desk.ledger, [&](const std::string&) -> const MonthSessions& { return worked; }, 2,
-        "012026", "3");
+    SessionsByMonth sessions(desk.ledger);
+    const FormFigures figures = FiguresOf(desk.ledger, sessions, {kFormSolo, forms, 2});
     std::string text;
     for (const FormItem item :
          {FormItem::SoloA, FormItem::SoloB, FormItem::SoloC, FormItem::SoloD, FormItem::SoloE,

@@ -34,7 +34,7 @@ class RandomUser {
     return words[static_cast<std::size_t>(Number(static_cast<int>(words.size())))];
   }
   std::string Day(const std::string& month) {
-    return std::to_string(1 + Number(28)) + MonthCell(month).substr(2);
+    return std::to_string(1 + Number(28)) + Month::OfKey(month).Cell().substr(2);
   }
   std::string Pounds() {
     return std::to_string(Number(900)) + "." + std::to_string(10 + Number(90));
@@ -105,9 +105,9 @@ void RandomUser::SetReceived() {
   const int row = AnyRow(Records(forms));
   if (row < 0) return;
   const std::string date = Number(4) ? Day(OneOf(kMonths)) : "";
-  if (!MayChangeReceivedDate(ledger_, forms, forms.TextMatrix(row, "RCVDFROMPRACTICE"))) {
+  if (!MayChangeReceivedDate(ledger_, kFormA, forms.TextMatrix(row, "RCVDFROMPRACTICE"))) {
     ++frozen;
-  } else if (MaySetReceivedDate(ledger_, forms, date, AskedFrom::List)) {
+  } else if (MaySetReceivedDate(ledger_, kFormA, date, AskedFrom::List)) {
     forms.SetTextMatrix(row, "RCVDFROMPRACTICE", date);
   }
 }
@@ -115,24 +115,17 @@ void RandomUser::SetReceived() {
 void RandomUser::DeleteForm(Grid& forms) {
   const int row = AnyRow(Records(forms));
   if (row < 0) return;
-  const std::string month = MonthKeyOf(forms.TextMatrix(row, "MONTH"));
-  const std::string practice = forms.TextMatrix(row, "PRACTICE");
-  if (&forms == &ledger_.fgPensionA) {
-    if (MayDeleteFormA(ledger_, row, AskedFrom::List)) DeleteFormA(ledger_, practice, month);
-  } else if (&forms == &ledger_.fgPensionB) {
-    if (MayDeleteFormB(ledger_, row, AskedFrom::List)) DeleteFormB(ledger_, month);
-  } else if (MayDeleteFormSolo(ledger_, row, AskedFrom::List)) {
-    DeleteFormSolo(ledger_, practice, month);
-  }
+  const PensionForm& form = *FormOfTable(forms);
+  if (MayDelete(ledger_, {form, forms, row}, AskedFrom::List)) lm::DeleteForm(ledger_, form, row);
 }
 
 void RandomUser::MakeAndUnmakeB() {
   const std::string month = OneOf(kMonths);
-  if (FormBExists(ledger_, month)) return;
+  if (desk_.Row(kFormB, month) >= 0) return;
   const std::string before = desk_.Letters();
   if (!desk_.MakeB(month)) return;
   desk_.shown.answers = {Answer::Yes};
-  ASSERT_TRUE(DeleteFormB(ledger_, month));
+  ASSERT_TRUE(desk_.Delete(kFormB, month));
   EXPECT_EQ(desk_.Letters(), before);
   ++unlocked;
 }
@@ -161,7 +154,7 @@ void RandomUser::Act() {
       {"add session", 8, [&] { AddSession(); }},
       {"edit session", 6, [&] { EditSession(); }},
       {"make A", 4, [&] { desk_.MakeA(OneOf(kPractices), OneOf(kMonths)); }},
-      {"make all A", 1, [&] { desk_.MakeAllA(OneOf(kMonths)); }},
+      {"make all A", 1, [&] { desk_.MakeAll(kFormA, OneOf(kMonths)); }},
       {"send A", 2, [&] { SetDate(ledger_.fgPensionA, "SENTTOPRACTICE"); }},
       {"receive A", 6, [&] { SetReceived(); }},
       {"delete A", 3, [&] { DeleteForm(ledger_.fgPensionA); }},
@@ -170,7 +163,7 @@ void RandomUser::Act() {
       {"delete B", 3, [&] { DeleteForm(ledger_.fgPensionB); }},
       {"make and unmake B", 2, [&] { MakeAndUnmakeB(); }},
       {"make SOLO", 2, [&] { desk_.MakeSolo(OneOf(kPractices), OneOf(kMonths)); }},
-      {"make all SOLO", 1, [&] { desk_.MakeAllSolo(OneOf(kMonths)); }},
+      {"make all SOLO", 1, [&] { desk_.MakeAll(kFormSolo, OneOf(kMonths)); }},
       {"send SOLO", 1, [&] { SetDate(ledger_.fgPensionSolo, "SENTTOHA"); }},
       {"delete SOLO", 1, [&] { DeleteForm(ledger_.fgPensionSolo); }},
       {"rearrange", 1, [&] { Rearrange(); }},
@@ -191,33 +184,33 @@ void RandomUser::Act() {
 
 // What the forms' own rows say the letters must be, and what the letters say the rows must be.
 void RandomUser::ExpectAllInvariants() const {
-  using Key = std::pair<std::string, std::string>;  // practice and month
+  using Key = std::pair<std::string, Month>;  // practice and month
   struct Form {
     std::string letters;
     int sessions = 0;  // counted
     Currency amount, employer;
   };
   std::map<Key, Form> formsA, formsSolo;
-  std::map<std::string, Currency> returned;  // by the month in which they came back
-  std::set<std::string> monthsB;
+  std::map<Month, Currency> returned;  // by the month in which they came back
+  std::set<Month> monthsB;
 
   const auto cell = [](const Grid& grid, int row, std::string_view key) {
     return grid.TextMatrix(row, key);
   };
   const Grid& tableB = ledger_.fgPensionB;
   for (const int row : Records(tableB))
-    EXPECT_TRUE(monthsB.insert(MonthKeyOf(cell(tableB, row, "MONTH"))).second) << "two Forms B";
+    EXPECT_TRUE(monthsB.insert(Month::OfCell(cell(tableB, row, "MONTH"))).second) << "two Forms B";
   const Grid& tableA = ledger_.fgPensionA;
   for (const int row : Records(tableA)) {
-    const std::string received = MonthKeyOf(cell(tableA, row, "RCVDFROMPRACTICE"));
+    const Month received = Month::OfCell(cell(tableA, row, "RCVDFROMPRACTICE"));
     const Form form{monthsB.contains(received) ? "A,B" : "A", 0, {}, {}};
-    const Key key{cell(tableA, row, "PRACTICE"), MonthKeyOf(cell(tableA, row, "MONTH"))};
+    const Key key{cell(tableA, row, "PRACTICE"), Month::OfCell(cell(tableA, row, "MONTH"))};
     EXPECT_TRUE(formsA.emplace(key, form).second) << "two Forms A";
     returned[received] += Currency::FromText(cell(tableA, row, "AMOUNT"));
   }
   const Grid& tableSolo = ledger_.fgPensionSolo;
   for (const int row : Records(tableSolo)) {
-    const Key key{cell(tableSolo, row, "PRACTICE"), MonthKeyOf(cell(tableSolo, row, "MONTH"))};
+    const Key key{cell(tableSolo, row, "PRACTICE"), Month::OfCell(cell(tableSolo, row, "MONTH"))};
     EXPECT_TRUE(formsSolo.emplace(key, Form{"SOLO", 0, {}, {}}).second) << "two Forms SOLO";
   }
 
@@ -229,7 +222,7 @@ void RandomUser::ExpectAllInvariants() const {
     EXPECT_EQ(SessionTypeOf(ledger_, row), solo ? kTypeOohStandard : kTypeNormal);
     auto& forms = solo ? formsSolo : formsA;
     const auto form =
-        forms.find({cell(sessions, row, "PRACTICE"), MonthKeyOf(cell(sessions, row, "SDATE"))});
+        forms.find({cell(sessions, row, "PRACTICE"), Month::OfCell(cell(sessions, row, "SDATE"))});
     ASSERT_NE(form, forms.end()) << letters << " without a form";
     EXPECT_EQ(letters, form->second.letters);
     ++form->second.sessions;
@@ -240,21 +233,21 @@ void RandomUser::ExpectAllInvariants() const {
 
   for (const int row : Records(tableA)) {
     const Form& form =
-        formsA[{cell(tableA, row, "PRACTICE"), MonthKeyOf(cell(tableA, row, "MONTH"))}];
+        formsA[{cell(tableA, row, "PRACTICE"), Month::OfCell(cell(tableA, row, "MONTH"))}];
     EXPECT_EQ(cell(tableA, row, "SESSIONS"), PlainText(form.sessions));
     EXPECT_EQ(Currency::FromText(cell(tableA, row, "AMOUNT")), form.amount);
     EXPECT_EQ(Currency::FromText(cell(tableA, row, "EMPLOYERCONTRIB")), form.employer);
   }
   for (const int row : Records(tableSolo)) {
     const Form& form =
-        formsSolo[{cell(tableSolo, row, "PRACTICE"), MonthKeyOf(cell(tableSolo, row, "MONTH"))}];
+        formsSolo[{cell(tableSolo, row, "PRACTICE"), Month::OfCell(cell(tableSolo, row, "MONTH"))}];
     EXPECT_EQ(cell(tableSolo, row, "SESSIONS"), PlainText(form.sessions));
     // A sum of singles: to the penny while it has less than seven digits.
     EXPECT_NEAR(Val(cell(tableSolo, row, "AMOUNT")), form.amount.ToDouble(), 0.011);
   }
   for (const int row : Records(tableB))
     EXPECT_EQ(Currency::FromText(cell(tableB, row, "AMOUNT")),
-              returned[MonthKeyOf(cell(tableB, row, "MONTH"))]);
+              returned[Month::OfCell(cell(tableB, row, "MONTH"))]);
 }
 
 TEST(Lifecycle, LettersCountsAndSumsHoldAfterAnySequence) {

@@ -1,6 +1,8 @@
 // The lists of pension forms and payments: their cells, their deletions and their words.
 #include "pension/lists.h"
 
+#include <fstream>
+
 #include "tests/pension/window_desk.h"
 
 namespace lm {
@@ -134,8 +136,92 @@ TEST_F(PensionLists, DamagedRowsStopNothing) {
       OpenDocumentOfRow(ledger, *table, any, true);
     }
   }
-  EXPECT_FALSE(payments.HasData());
-  EXPECT_EQ(ledger.fgPensionA.Rows(), ledger.fgPensionA.FixedRows() + 1);
+  for (const Grid* table : {&ledger.fgPensionA, &ledger.fgPensionB, &ledger.fgPensionSolo,
+                            &ledger.fgPensionC, &ledger.fgPensionD, &payments})
+    EXPECT_FALSE(table->HasData()) << table->Name();
+}
+
+TEST_F(PensionLists, ADamagedMonthIsToldAndTheFormCanBeDeleted) {
+  desk.AddSession("1", "05/04/2024", "10", {"FORMS=A"});
+  struct Case {
+    Grid Ledger::*table;
+    const char* question;
+  };
+  const Case kCases[] = {
+      {&Ledger::fgPensionA, "Delete Pension Form A for 'Riverside'?"},
+      {&Ledger::fgPensionB, "Delete Pension Form B?"},
+      {&Ledger::fgPensionSolo, "Delete Pension Form Solo for 'Riverside'?"},
+      {&Ledger::fgPensionC, "Delete Pension Form C for 'Riverside'?"},
+      {&Ledger::fgPensionD, "Delete Pension Form D?"},
+  };
+  for (const Case& c : kCases) {
+    Grid& table = ledger.*c.table;
+    const bool retired = &table == &ledger.fgPensionC || &table == &ledger.fgPensionD;
+    desk.AddRow(table, {"MONTH=01/04/2024", "PRACTICE=1"});
+    const int row = desk.AddRow(table, {"MONTH=31/02/2024", "PRACTICE=1"});
+    const auto rules = PensionListRules(ledger, table);
+    desk.shown.modal = {[](Screen& screen) { FAIL() << screen.Name() << " opened"; }};
+    rules->Opened(row);
+    if (!retired) {
+      EXPECT_EQ(desk.OneMessage(),
+                "LedgerMinder|The month of this pension form is damaged|It reads \"31/02/2024\". "
+                "Without its month the form can be neither opened nor printed, but it can be "
+                "deleted.");
+    }
+    desk.Messages();
+    for (const bool recreate : {false, true}) {
+      EXPECT_FALSE(OpenDocumentOfRow(ledger, table, row, recreate));
+      EXPECT_EQ(desk.Messages(), "The month of this pension form is damaged");
+    }
+    desk.shown.answers = {Answer::No, Answer::Yes};
+    rules->DeletePressed(row);
+    EXPECT_EQ(table.Rows(), table.FixedRows() + 2);
+    rules->DeletePressed(row);
+    EXPECT_EQ(table.Rows(), table.FixedRows() + 1);
+    EXPECT_EQ(table.TextMatrix(table.FixedRows(), "MONTH"), "01/04/2024");
+    const std::string asked = desk.Questions();
+    EXPECT_NE(asked.find(std::string(c.question) + "\r\n\r\nIts month is damaged"), asked.npos)
+        << asked;
+  }
+  EXPECT_EQ(desk.Letters(), "A");
+}
+
+// The lock of a Form C sends the user to delete the Form D.
+TEST_F(PensionLists, RetiredFormsAreDeletedLikeTheOthers) {
+  desk.AddSession("1", "05/04/2011", "10", {"SESS_TYPE=3", "FORMS=C,D"});
+  desk.AddSession("1", "05/05/2011", "10", {"SESS_TYPE=3", "FORMS=C,D"});
+  Grid& formsC = ledger.fgPensionC;
+  Grid& formsD = ledger.fgPensionD;
+  const int c =
+      desk.AddRow(formsC, {"PRACTICE=1", "MONTH=01/04/2011", "RCVDFROMPRACTICE=09/06/2011"});
+  const int d = desk.AddRow(formsD, {"MONTH=01/06/2011", "SENTTOHA=01/07/2011"});
+  const auto rulesC = PensionListRules(ledger, formsC);
+  const auto rulesD = PensionListRules(ledger, formsD);
+
+  EXPECT_EQ(Type(formsC, c, "RCVDFROMPRACTICE", ""), EditOutcome::NotAllowed);
+  rulesC->DeletePressed(c);
+  rulesD->DeletePressed(d);
+  EXPECT_EQ(
+      desk.Messages(),
+      "Unable to change date|A Pension Form cannot be deleted once it has been sent|A Pension "
+      "Form cannot be deleted once it has been sent to the Health Authority");
+
+  EXPECT_EQ(Type(formsD, d, "SENTTOHA", ""), EditOutcome::Accepted);
+  std::ofstream(ledger.File("Pension Forms") / "FormD_Jun 11.pdf") << "a form";
+  desk.shown.answers = {Answer::Yes, Answer::Yes};
+  rulesD->DeletePressed(d);
+  EXPECT_FALSE(formsD.HasData());
+  EXPECT_FALSE(desk.IsWritten("FormD_Jun 11.pdf"));
+  EXPECT_EQ(desk.Letters(), "C C,D");
+
+  EXPECT_EQ(Type(formsC, c, "RCVDFROMPRACTICE", ""), EditOutcome::Accepted);
+  rulesC->DeletePressed(c);
+  EXPECT_FALSE(formsC.HasData());
+  EXPECT_EQ(desk.Letters(), "- C,D");
+  EXPECT_EQ(desk.Questions(),
+            "LedgerMinder|Delete Pension Form|Delete Pension Form D for June 2011?\n"
+            "LedgerMinder|Delete Pension Form|Delete Pension Form C for 'Riverside' for April "
+            "2011?\n");
 }
 
 }  // namespace

@@ -17,24 +17,20 @@ TEST(Locks, AFormThatWasSentCannotBeDeleted) {
       "Authority|To delete the form you must set the 'Sent to HA' field to empty. ";
   struct Case {
     Grid Ledger::*table;
-    bool (*mayDelete)(Ledger&, int, AskedFrom);
     std::vector<std::string> locks;
     std::string inList, inWindow;
   };
   const Case kCases[] = {
       {&Ledger::fgPensionA,
-       MayDeleteFormA,
        {"SENTTOPRACTICE", "RCVDFROMPRACTICE", "SENTTOHA"},
        kSentA + "'Rcvd From Practice', and 'Sent to HA' columns to blank.",
        kSentA + "'Received From Practice', and 'Sent to HA' dates to blank."},
       {&Ledger::fgPensionB,
-       MayDeleteFormB,
        {"SENTTOHA"},
        "Delete Pension Form|A Pension Form cannot be deleted once it has been sent to the Health "
        "Authority|To delete the form, you must set the 'Sent to HA' column to blank.",
        kSentInWindow},
       {&Ledger::fgPensionSolo,
-       MayDeleteFormSolo,
        {"SENTTOHA"},
        "LedgerMinder|Delete Pension Form|A Pension Form cannot be deleted once it has been sent to "
        "the Health Authority.",
@@ -44,14 +40,15 @@ TEST(Locks, AFormThatWasSentCannotBeDeleted) {
     RulesDesk desk;
     Grid& forms = desk.ledger.*c.table;
     const int row = desk.AddRow(forms, {"NOTES=kept"});
-    EXPECT_TRUE(c.mayDelete(desk, row, AskedFrom::List));
-    EXPECT_TRUE(c.mayDelete(desk, row, AskedFrom::Window));
+    const FormRow record{*FormOfTable(forms), forms, row};
+    EXPECT_TRUE(MayDelete(desk, record, AskedFrom::List));
+    EXPECT_TRUE(MayDelete(desk, record, AskedFrom::Window));
     EXPECT_TRUE(desk.shown.messages.empty());
     for (const std::string& key : c.locks) {
       forms.SetTextMatrix(row, key, "05/04/2024");
-      EXPECT_FALSE(c.mayDelete(desk, row, AskedFrom::List));
+      EXPECT_FALSE(MayDelete(desk, record, AskedFrom::List));
       EXPECT_EQ(desk.OneMessage(), c.inList) << key;
-      EXPECT_FALSE(c.mayDelete(desk, row, AskedFrom::Window));
+      EXPECT_FALSE(MayDelete(desk, record, AskedFrom::Window));
       EXPECT_EQ(desk.OneMessage(), c.inWindow) << key;
       forms.SetTextMatrix(row, key, "");
     }
@@ -68,37 +65,31 @@ struct LockedMonths : RulesDesk {
 
 TEST(Locks, AReceivedDateInAMonthThatIsDone) {
   struct Case {
-    Grid Ledger::*table;
+    const PensionForm* form;
     const char* date;
     bool free;
   };
   const Case kCases[] = {
-      {&Ledger::fgPensionA, "30/04/2024", false},
-      {&Ledger::fgPensionA, "01/05/2024", true},
-      {&Ledger::fgPensionA, "", true},
-      {&Ledger::fgPensionA, "banana", true},
-      {&Ledger::fgPensionC, "30/04/2024", true},
-      {&Ledger::fgPensionC, "01/05/2024", false},
+      {&kFormA, "30/04/2024", false}, {&kFormA, "01/05/2024", true}, {&kFormA, "", true},
+      {&kFormA, "banana", true},      {&kFormC, "30/04/2024", true}, {&kFormC, "01/05/2024", false},
   };
   for (const Case& c : kCases) {
     LockedMonths desk;
-    const Grid& table = desk.ledger.*c.table;
-    EXPECT_EQ(MayChangeReceivedDate(desk, table, c.date), c.free) << c.date;
-    EXPECT_EQ(MaySetReceivedDate(desk, table, c.date, AskedFrom::List), c.free) << c.date;
+    const PensionForm& form = *c.form;
+    EXPECT_EQ(MayChangeReceivedDate(desk, form, c.date), c.free) << c.date;
+    EXPECT_EQ(MaySetReceivedDate(desk, form, c.date, AskedFrom::List), c.free) << c.date;
     EXPECT_EQ(desk.shown.messages.size(), c.free ? 0U : 2U);
   }
 }
 
 TEST(Locks, WordsOfTheReceivedDate) {
   LockedMonths desk;
-  const Grid& formsA = desk.ledger.fgPensionA;
-  const Grid& formsC = desk.ledger.fgPensionC;
-  MayChangeReceivedDate(desk, formsA, "05/04/2024");
+  MayChangeReceivedDate(desk, kFormA, "05/04/2024");
   EXPECT_EQ(desk.OneMessage(),
             "LedgerMinder|Unable to change date|A pension Form B has already been created from the "
             "Form A's received in Apr 2024. This date can therefore not be changed.\r\n\r\nIf you "
             "need to unlock this Form A, you will need to delete the Form B for Apr 2024.");
-  MayChangeReceivedDate(desk, formsC, "05/05/2024");
+  MayChangeReceivedDate(desk, kFormC, "05/05/2024");
   EXPECT_EQ(desk.OneMessage(),
             "LedgerMinder|Unable to change date|A pension Form D has already been created from the "
             "Form C's received in May 2024. This date can therefore not be changed.\r\n\r\nIf you "
@@ -115,13 +106,13 @@ TEST(Locks, WordsOfTheReceivedDate) {
            " for the month of " + month + ". You can then enter the " + form +
            " as returned this month, and then recreate the " + monthForm + " for the month.";
   };
-  MaySetReceivedDate(desk, formsA, "05/04/2024", AskedFrom::Window);
+  MaySetReceivedDate(desk, kFormA, "05/04/2024", AskedFrom::Window);
   EXPECT_EQ(desk.OneMessage(), refusal("Apr 2024", "April 2024", "Form A", "Form B",
                                        "for a month for which a Form B has already been created"));
-  MaySetReceivedDate(desk, formsA, "05/04/2024", AskedFrom::List);
+  MaySetReceivedDate(desk, kFormA, "05/04/2024", AskedFrom::List);
   EXPECT_EQ(desk.OneMessage(), refusal("Apr 2024", "April 2024", "Form A", "Form B",
                                        "for a month in which a Form B has already been created"));
-  MaySetReceivedDate(desk, formsC, "05/05/2024", AskedFrom::List);
+  MaySetReceivedDate(desk, kFormC, "05/05/2024", AskedFrom::List);
   EXPECT_EQ(desk.OneMessage(), refusal("May 2024", "May 2024", "Form C", "Form D",
                                        "in a month a Form D has already been created for"));
 }

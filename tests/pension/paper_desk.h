@@ -15,7 +15,7 @@
 #include "core/formatting.h"
 #include "core/options.h"
 #include "pdf/clsPDFCreator.h"
-#include "pension/formpdf.h"
+#include "pension/forms.h"
 #include "tests/support/scripted_platform.h"
 
 namespace lm::test {
@@ -43,14 +43,14 @@ inline void WriteBytes(const fs::path& file, std::string_view bytes) {
 }
 
 // A month of each edition; in all three the 1st is a Monday.
-struct Month {
+struct EditionMonth {
   FormEdition edition;
   const char* key;
   const char* days;  // behind the day of the month
 };
-constexpr Month kMonths[] = {{FormEdition::April2024, "042024", "/04/2024"},
-                             {FormEdition::April2023, "052023", "/05/2023"},
-                             {FormEdition::October2022, "012024", "/01/2024"}};
+constexpr EditionMonth kMonths[] = {{FormEdition::April2024, "042024", "/04/2024"},
+                                    {FormEdition::April2023, "052023", "/05/2023"},
+                                    {FormEdition::October2022, "012024", "/01/2024"}};
 
 struct PaperDesk : TestLedger {
   PaperDesk() {
@@ -86,7 +86,7 @@ struct PaperDesk : TestLedger {
 
   // Practice 1 worked on the 2nd and 3rd and on the 10th, out of hours from the 6th to the 28th.
   // Both practices' Forms A came back on the 15th.
-  void FillMonth(const Month& month) {
+  void FillMonth(const EditionMonth& month) {
     const std::string days = month.days;
     AddRow(ledger.fgSessions,
            {"PRACTICE=1", "SESS_TYPE=1", "FORMS=A,B", "SDATE=10" + days, "EDATE=banana"});
@@ -107,22 +107,29 @@ struct PaperDesk : TestLedger {
             "EXTRAYEARS=1.00", "ADDITIONAL=2.00", "AVC=3.00", "ERRBO=4.00", "EMP_CONTRIB=215.70",
             "TOTAL_CONTRIB=372.7"});
   }
-  int AddFormB(const Month& month, const std::string& contribution) {
+  int AddFormB(const EditionMonth& month, const std::string& contribution) {
     return AddRow(ledger.fgPensionB, {std::string("MONTH=01") + month.days, "AMOUNT=1111.11",
                                       "PENSIONABLE=1000.00", "CONTRIBUTION=" + contribution,
                                       "EXTRA_YEARS=1,234.50", "AVC=-12.34", "ADDITIONAL=banana",
                                       "ERRBO=", "TOTAL_CONTRIB=1,320.16", "EMPLOYERCONTRIB=143.8"});
   }
 
-  fs::path File(FormKind kind, const std::string& monthKey) {
-    return FormFile(ledger, kind, monthKey, "1");
+  // Of practice 1, or of the month alone; months are told by their keys: "042024".
+  int Row(const PensionForm& form, const std::string& month) {
+    return RowOfForm(ledger, form, Month::OfKey(month), "1");
   }
-  fs::path Write(FormKind kind, const std::string& monthKey) {
-    EXPECT_TRUE(FormPrinter(ledger).Write(kind, monthKey, "1"));
-    return File(kind, monthKey);
+  fs::path File(const PensionForm& form, const std::string& month) {
+    return FormFile(ledger, {form, ledger.*form.table, Row(form, month)});
   }
-  std::string Text(FormKind kind, const std::string& monthKey) {
-    return OutputOf("pdftotext -layout '" + Write(kind, monthKey).string() + "' -");
+  bool TryWrite(const PensionForm& form, const std::string& month) {
+    return FormPrinter(ledger).Write(form, Row(form, month));
+  }
+  fs::path Write(const PensionForm& form, const std::string& month) {
+    EXPECT_TRUE(TryWrite(form, month));
+    return File(form, month);
+  }
+  std::string Text(const PensionForm& form, const std::string& month) {
+    return OutputOf("pdftotext -layout '" + Write(form, month).string() + "' -");
   }
 };
 

@@ -14,7 +14,6 @@
 #include "core/text.h"
 #include "pension/forms.h"
 #include "pension/locks.h"
-#include "pension/months.h"
 #include "tests/support/scripted_platform.h"
 
 namespace lm::test {
@@ -56,25 +55,28 @@ struct RulesDesk : TestLedger {
     return AddRow(ledger.fgPensionA, cells);
   }
 
+  // Months are told by their keys: "042024".
+  bool Make(const PensionForm& form, const std::string& practice, const std::string& month) {
+    FormPrinter printer(ledger);
+    return CreateForm(ledger, printer, form, MonthSessions(ledger, Month::OfKey(month)),
+                      practice) == Making::Made;
+  }
   bool MakeA(const std::string& practice, const std::string& month) {
-    FormPrinter printer(ledger);
-    return CreateFormA(ledger, printer, MonthSessions(ledger, month), practice);
+    return Make(kFormA, practice, month);
   }
-  bool MakeB(const std::string& month) {
-    FormPrinter printer(ledger);
-    return MayOverwriteFormB(ledger, month) && CreateFormB(ledger, printer, month);
-  }
+  bool MakeB(const std::string& month) { return Make(kFormB, "", month); }
   bool MakeSolo(const std::string& practice, const std::string& month) {
-    FormPrinter printer(ledger);
-    return CreateFormSolo(ledger, printer, MonthSessions(ledger, month), practice);
+    return Make(kFormSolo, practice, month);
   }
-  int MakeAllA(const std::string& month) {
+  int MakeAll(const PensionForm& form, const std::string& month) {
     FormPrinter printer(ledger);
-    return CreateFormsA(ledger, printer, MonthSessions(ledger, month));
+    return CreateForms(ledger, printer, form, MonthSessions(ledger, Month::OfKey(month)));
   }
-  int MakeAllSolo(const std::string& month) {
-    FormPrinter printer(ledger);
-    return CreateFormsSolo(ledger, printer, MonthSessions(ledger, month));
+  int Row(const PensionForm& form, const std::string& month, const std::string& practice = "") {
+    return RowOfForm(ledger, form, Month::OfKey(month), practice);
+  }
+  bool Delete(const PensionForm& form, const std::string& month, const std::string& practice = "") {
+    return DeleteForm(ledger, form, Row(form, month, practice));
   }
 
   // The letters of all sessions in the order of the table, "-" for none.

@@ -106,22 +106,25 @@ void FillPensionDemo(TestLedger& test) {
   PlaceShippedForms(ledger);
   SetMyDetail(ledger, kSchemeNumberField, "SD 04 3317 B");
   FormPrinter printer(ledger);
-  for (const char* month : {"012026", "022026"})
-    CreateFormsA(ledger, printer, MonthSessions(ledger, month));
+  const MonthSessions january(ledger, Month::OfKey("012026"));
+  const MonthSessions february(ledger, Month::OfKey("022026"));
+  for (const MonthSessions* sessions : {&january, &february})
+    CreateForms(ledger, printer, kFormA, *sessions);
   Grid& formsA = ledger.fgPensionA;
   const auto set = [&](const char* practice, const char* key, const char* text) {
-    formsA.SetTextMatrix(FormARow(ledger, practice, "012026"), key, text);
+    formsA.SetTextMatrix(RowOfForm(ledger, kFormA, january.InMonth(), practice), key, text);
   };
   for (const char* practice : {"1", "2"}) set(practice, "SENTTOPRACTICE", "01/02/2026");
   set("1", "RCVDFROMPRACTICE", "02/02/2026");
   set("2", "NOTES", "Rang on Monday for the signed form.");
-  CreateFormB(ledger, printer, "022026");
-  CreateFormsSolo(ledger, printer, MonthSessions(ledger, "012026"));
+  CreateForm(ledger, printer, kFormB, february);
+  CreateForms(ledger, printer, kFormSolo, january);
   const Grid& formsSolo = ledger.fgPensionSolo;
   test.AddRow(
       ledger.fgPensionPayments,
       {"MONTH=01/01/2026", "FORM=SOLO", "PRACTICE=3",
-       "AMOUNT=" + formsSolo.TextMatrix(FormSoloRow(ledger, "3", "012026"), "TOTAL_CONTRIB"),
+       "AMOUNT=" + formsSolo.TextMatrix(RowOfForm(ledger, kFormSolo, january.InMonth(), "3"),
+                                        "TOTAL_CONTRIB"),
        "PAYDATE=03/02/2026", "METHOD=BACS"});
 }
 

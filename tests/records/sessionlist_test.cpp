@@ -130,14 +130,31 @@ TEST_F(SessionList, RowsThatAreNoSessionAreLeftAlone) {
     for (const MenuEntry& entry : rules.ContextMenu(none))
       EXPECT_EQ(entry.enabled, entry.caption == "&New Session") << none << " " << entry.caption;
   }
-  const std::string id = Cell("ID");
-  sessions.SetTextMatrix(row, "ID", "");
-  rules.DeletePressed(row);
-  EXPECT_EQ(t.shown.messages.back().minorPrompt, "There is no session selected to delete.");
-  sessions.SetTextMatrix(row, "ID", id);
   t.shown.answers = {Answer::Yes};
   rules.DeletePressed(row);
   EXPECT_EQ(sessions.Rows(), sessions.FixedRows() + 1);
+}
+
+// Items with an empty SESSID are nobody's, not such a session's.
+TEST_F(SessionList, ASessionWithoutAnIdIsToldAndCanBeDeleted) {
+  t.AddRow(ledger.fgExtras, {"SESSID=", "RATE=5"});
+  t.AddRow(ledger.fgSessionExpenses, {"SESSID=", "RATE=7"});
+  sessions.SetTextMatrix(row, "ID", "");
+  t.shown.modal = {[](Screen& screen) { FAIL() << screen.Name() << " opened"; }};
+  for (const MenuEntry& entry : rules.ContextMenu(row))
+    if (entry.caption == "&Copy Session") entry.run();
+  rules.Opened(row);
+  ASSERT_EQ(t.shown.messages.size(), 2u);
+  for (const MessageBoxText& box : t.shown.messages)
+    EXPECT_EQ(box.mainPrompt, "This session is damaged");
+
+  const int rows = sessions.Rows();
+  t.shown.answers = {Answer::No, Answer::Yes};
+  rules.DeletePressed(row);
+  EXPECT_EQ(sessions.Rows(), rows);
+  rules.DeletePressed(row);
+  EXPECT_EQ(sessions.Rows(), rows - 1);
+  EXPECT_TRUE(ledger.fgExtras.HasData() && ledger.fgSessionExpenses.HasData());
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Months as forms compare them, and the sessions that begin in one.
-#include "pension/months.h"
+#include "pension/month.h"
 
 #include "pension/monthsessions.h"
 #include "records/sessionrules.h"
@@ -10,23 +10,26 @@ namespace {
 
 using test::RulesDesk;
 
-TEST(Months, KeyOfADateCell) {
+TEST(Month, OfADateCell) {
   const std::pair<const char*, const char*> kCases[] = {
       {"01/04/2024", "042024"}, {"30/4/2024", "042024"}, {"31/12/1999", "121999"},
       {"29/02/2023", ""},       {"banana", ""},          {"", ""},
       {"04/2024", ""}};
-  for (const auto& [cell, key] : kCases) EXPECT_EQ(MonthKeyOf(cell), key) << cell;
+  for (const auto& [cell, key] : kCases) {
+    EXPECT_EQ(Month::OfCell(cell), Month::OfKey(key)) << cell;
+    EXPECT_EQ(Month::OfKey(key).Has(cell), *key != '\0') << "nothing is in a damaged month";
+  }
+  EXPECT_LT(Month::OfKey("122023"), Month::OfKey("012024"));
 }
 
-TEST(Months, WhatAKeyStandsFor) {
-  EXPECT_EQ(MonthCell("042024"), "01/04/2024");
-  EXPECT_EQ(MonthText("042024", "mmm yyyy"), "Apr 2024");
-  EXPECT_EQ(MonthText("122025", "mmmm yy"), "December 25");
-  EXPECT_EQ(FirstDayOf("022024"), DateSerial(2024, 2, 1));
+TEST(Month, WhatItReadsAs) {
+  EXPECT_EQ(Month::OfKey("042024").Cell(), "01/04/2024");
+  EXPECT_EQ(Month::OfKey("042024").Text("mmm yyyy"), "Apr 2024");
+  EXPECT_EQ(Month::OfKey("122025").Text("mmmm yy"), "December 25");
+  EXPECT_EQ(Month::OfKey("022024").FirstDay(), DateSerial(2024, 2, 1));
   for (const char* damaged : {"", "132024", "002024", "42024", "04-024", "0420245", "040000"}) {
-    EXPECT_EQ(FirstDayOf(damaged), std::nullopt) << damaged;
-    EXPECT_EQ(MonthCell(damaged), "") << damaged;
-    EXPECT_EQ(MonthText(damaged, "mmm yyyy"), "") << damaged;
+    EXPECT_FALSE(Month::OfKey(damaged)) << damaged;
+    EXPECT_EQ(Month::OfKey(damaged).Cell(), "") << damaged;
   }
 }
 
@@ -40,7 +43,7 @@ TEST(MonthSessions, ThoseThatBeginInTheMonth) {
   desk.AddSession("1", "", "1");
   const int late = desk.AddSession("2", "9/4/2024", "1", {"SESS_TYPE=2"});
 
-  const MonthSessions april(desk, "042024");
+  const MonthSessions april(desk, Month::OfKey("042024"));
   EXPECT_EQ(april.All(), (std::vector<int>{first, overnight, late}));
   EXPECT_EQ(april.Of("2"), (std::vector<int>{first, late}));
   EXPECT_TRUE(april.Of("3").empty());
@@ -49,8 +52,7 @@ TEST(MonthSessions, ThoseThatBeginInTheMonth) {
   EXPECT_FALSE(april.HasType(kTypeOohStandard, "1"));
   EXPECT_FALSE(april.HasType(kTypePrivate));
   EXPECT_TRUE(april.HasType(kTypeOohDeputising)) << "though it has no practice";
-  for (const char* damaged : {"", "banana", "132024"})
-    EXPECT_TRUE(MonthSessions(desk, damaged).All().empty()) << damaged;
+  EXPECT_TRUE(MonthSessions(desk, Month()).All().empty());
 }
 
 TEST(MonthSessions, GroupRowsAreNoSessions) {
@@ -62,7 +64,7 @@ TEST(MonthSessions, GroupRowsAreNoSessions) {
   sessions.Subtotal(SubtotalFunction::Count, sessions.ColIndex("SDATE"),
                     sessions.ColIndex("PRACTICE"), {});
   ASSERT_GT(sessions.Rows(), sessions.FixedRows() + 2);
-  EXPECT_EQ(MonthSessions(desk, "042024").All().size(), 2U);
+  EXPECT_EQ(MonthSessions(desk, Month::OfKey("042024")).All().size(), 2U);
 }
 
 }  // namespace
