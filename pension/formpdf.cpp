@@ -10,6 +10,7 @@
 #include "core/rows.h"
 #include "pdf/clsPDFCreator.h"
 #include "pdf/reader/parsedfile.h"
+#include "pdf/wholefile.h"
 #include "pension/formdrawing.h"
 #include "pension/formoverlay.h"
 #include "pension/locks.h"
@@ -127,6 +128,7 @@ bool FormPrinter::WriteFile(const FormRow& record, const FormBlank& blank, const
                overlayError,
            "");
   }
+  ledger_.history.DocumentWritten();
   return true;
 }
 
@@ -140,7 +142,8 @@ bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool rec
   const bool isThere = IsRecord(record.cells, row);
   if (isThere && !HasMonth(ledger, record)) return false;
   const fs::path file = isThere ? FormFile(ledger, record) : fs::path();
-  const bool hasFile = isThere && MayExist(file);
+  // What a power cut left of a form is made anew; a retired one is opened as it is.
+  const bool hasFile = isThere && (form.IsRetired() ? MayExist(file) : IsWholePdf(file));
   if (form.IsRetired() && !hasFile) {
     ShowMessage(ledger, "The document of this form is not there",
                 "Forms C and D cannot be made any more. The file would be\\n" + PathText(file));

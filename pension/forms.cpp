@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "core/change.h"
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "core/rows.h"
@@ -201,6 +202,7 @@ bool DeleteForm(Ledger& ledger, const PensionForm& form, int row) {
   const FormRow record{form, table, row};
   if (!Ask(ledger, "Delete Pension Form", DeletionQuestion(ledger, record))) return false;
   if (!DeleteFormDocument(ledger, record)) return false;
+  const Change change(ledger, "Delete " + std::string(form.name));
   RemoveForm(ledger, form, row);
   return true;
 }

@@ -1,5 +1,6 @@
 #include "pension/formwindow.h"
 
+#include "core/change.h"
 #include "core/format.h"
 #include "core/messagebox.h"
 #include "core/rows.h"
@@ -218,6 +219,7 @@ void FormWindow::Store() {
   const int row = Row();
   if (row < 0) return;
   TakeFields();
+  const Change change(ledger, "Edit " + std::string(form_.name));
   bool changed = false;
   for (int col = 0; col < working_.Cols(); ++col) {
     const std::string& key = working_.ColKey(col);

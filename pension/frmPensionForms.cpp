@@ -1,5 +1,6 @@
 #include "pension/frmPensionForms.h"
 
+#include "core/change.h"
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
@@ -83,6 +84,8 @@ void frmPensionForms::PrepareForms() {
   FormPrinter printer(ledger);
   if (!printer.HasFolder()) return;
   const MonthSessions sessions(ledger, ChosenMonth());
+  // One step for the user, whatever is asked about single forms on the way.
+  const Change change(ledger, "Prepare Pension Forms");
   if (optForm0.Checked()) PrepareAll(printer, sessions);
   if (optForm1.Checked()) PrepareOfPractices(printer, kFormA, sessions);
   if (optForm2.Checked()) PrepareFormB(printer, sessions);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/change.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/platform.h"
@@ -133,10 +134,12 @@ class PaymentListRules : public GridRules {
   void AddPressed() override { AddPayment(ledger_); }
 
   void DeletePressed(int row) override {
-    if (!IsRecord(table_, row))
+    if (!IsRecord(table_, row)) {
       ShowMessage(ledger_, "Delete Pension Payment", "There is no payment selected to delete.");
-    else if (Ask(ledger_, "Delete Pension Payment", "Delete the selected payment?"))
+    } else if (Ask(ledger_, "Delete Pension Payment", "Delete the selected payment?")) {
+      const Change change(ledger_, "Delete Pension Payment");
       table_.RemoveItem(row);
+    }
   }
 
   std::vector<MenuEntry> ContextMenu(int row) override {
@@ -175,6 +178,7 @@ int AddPayment(Ledger& ledger) {
   Grid& payments = ledger.fgPensionPayments;
   const std::string today = CellText(ledger.platform.clock.Now());
   const std::string id = PlainText(NextId(payments));
+  const Change change(ledger, "Add Payment");
   const int row = AddRecord(ledger, payments);
   const std::pair<std::string_view, std::string_view> cells[] = {
       {"ID", id}, {"PAYDATE", today}, {"MONTH", today}, {"AMOUNT", "0"}, {"FORM", "B"}};

@@ -158,7 +158,7 @@ TEST(FormPdf, FailuresKeepTheOldDocument) {
   const fs::path file = desk.File(kFormA, "042024");
   const fs::path blank = desk.ledger.File(kBlankFolder) / "GP A 2024-04.pdf";
   const std::string goodBlank = Bytes(blank);
-  WriteBytes(file, "the old one");
+  WriteBytes(file, "the old one\n%%EOF");
 
   const auto refuses = [&](const std::string& heading) {
     desk.shown.messages.clear();
@@ -168,7 +168,7 @@ TEST(FormPdf, FailuresKeepTheOldDocument) {
     ASSERT_EQ(desk.shown.messages.size(), 1u) << "told once a run";
     EXPECT_EQ(desk.shown.messages[0].mainPrompt, heading);
     EXPECT_FALSE(desk.shown.messages[0].minorPrompt.empty());
-    EXPECT_EQ(Bytes(file), "the old one");
+    EXPECT_EQ(Bytes(file), "the old one\n%%EOF");
     EXPECT_EQ(std::distance(fs::directory_iterator(file.parent_path()), {}), 1);
   };
   fs::remove(blank);
@@ -234,9 +234,9 @@ TEST(FormPdf, OpensTheDocumentAndWritesItWhereItIsMissing) {
   EXPECT_TRUE(OpenFormDocument(desk.ledger, kFormA, record.row));
   EXPECT_TRUE(Bytes(file).starts_with("%PDF"));
   EXPECT_EQ(desk.shown.opened, std::vector<std::string>{PathText(file)});
-  WriteBytes(file, "the old one");
+  WriteBytes(file, "the old one\n%%EOF");
   EXPECT_TRUE(OpenFormDocument(desk.ledger, kFormA, record.row));
-  EXPECT_EQ(Bytes(file), "the old one");
+  EXPECT_EQ(Bytes(file), "the old one\n%%EOF");
   EXPECT_TRUE(OpenFormDocument(desk.ledger, kFormA, record.row, true));
   EXPECT_TRUE(Bytes(file).starts_with("%PDF"));
   EXPECT_TRUE(DeleteFormDocument(desk.ledger, record));
