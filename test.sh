@@ -1,14 +1,28 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs all tests. --asan runs the tests without the desktop
-# under the address and undefined behaviour sanitizers instead.
+# Installs what is missing, builds, and runs all tests.
+#   --asan    under the address and undefined behaviour sanitizers
+#   --clang   builds all but the desktop with clang, and gives the fuzz targets their seeds
+# With CI set in the environment, warnings of the compiler are errors.
 set -euo pipefail
 cd "$(dirname "$0")"
 
 preset=release
 [ "${1:-}" = --asan ] && preset=asan
+[ "${1:-}" = --clang ] && preset=fuzz
 
 tools/install-packages.sh test
-cmake --preset "$preset" -DLEDGERMINDER_TESTS=ON
+[ "$preset" != fuzz ] || tools/install-packages.sh clang
+settings=(-DCMAKE_COMPILE_WARNING_AS_ERROR="$([ -n "${CI:-}" ] && echo ON || echo OFF)")
+[ "$preset" = fuzz ] || settings+=(-DLEDGERMINDER_TESTS=ON)
+cmake --preset "$preset" "${settings[@]}"
 cmake --build --preset "$preset"
+
+if [ "$preset" = fuzz ]; then
+  for target in build/fuzz/bin/*_fuzzer; do
+    subject=$(basename "$target" _fuzzer)
+    "$target" -runs=0 "fuzz/corpus/$subject"
+  done
+  exit
+fi
 export QT_QPA_PLATFORM=offscreen
 ctest --preset "$preset" --no-tests=error

@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing. Usage: install-packages.sh build|test
+# Installs the Debian packages that are missing. Usage: install-packages.sh build|test|clang|format
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache git ca-certificates
           qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev libpugixml-dev
           fonts-liberation fonts-dejavu-core)
-if [ "${1:-build}" = test ]; then
-  packages+=(libgtest-dev python3 qpdf poppler-utils zbar-tools)
-fi
+case "${1:-build}" in
+  test) packages+=(libgtest-dev python3 qpdf poppler-utils zbar-tools) ;;
+  clang) packages+=(clang libclang-rt-14-dev) ;;
+  format) packages=(git clang-format-14) ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do
