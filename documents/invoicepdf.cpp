@@ -108,14 +108,15 @@ fs::path PreviewFile(const Ledger& ledger) {
   return ledger.File(kInvoiceFolder) / "_PreviewTemplate.pdf";
 }
 
+bool InvoiceRenderer::HasFolder() {
+  if (IsFolder(ledger_.File(kInvoiceFolder))) return true;
+  ShowMessage(ledger_, "The Invoices directory does not exist", "Please re-install LedgerMinder.");
+  return false;
+}
+
 bool InvoiceRenderer::CreateInvoice(const std::string& invoiceId, const std::string& templateName) {
-  failedForAll_ = true;
-  if (!IsFolder(ledger_.File(kInvoiceFolder))) {
-    ShowMessage(ledger_, "The Invoices directory does not exist",
-                "Please re-install LedgerMinder.");
-    return false;
-  }
-  failedForAll_ = false;
+  failedForAll_ = !HasFolder();
+  if (failedForAll_) return false;
   const std::string id(Trim(invoiceId));
   const int row = index_.Invoice(id);
   if (row < 0) return false;

@@ -27,6 +27,8 @@ class InvoiceRenderer {
   // Writes the invoice's document with the template of the options; with a template's file name a
   // preview. False after its message; an older document of that name then stays as it was.
   bool CreateInvoice(const std::string& invoiceId, const std::string& templateName = "");
+  // False after its message when there is no folder for documents.
+  bool HasFolder();
   // False when the invoice's document would come out otherwise if it were made now, by its figures,
   // its texts or its template. True also, after its message, where it cannot be made now.
   bool IsCurrent(const std::string& invoiceId);

@@ -32,6 +32,7 @@ class Batch {
     if (allBranchesOnOne_) FindBranches();
   }
 
+  bool HasFolder() { return renderer_.HasFolder(); }
   int Run();
   const std::string& Results() const { return results_; }
 
@@ -190,6 +191,7 @@ int AddInvoice(Ledger& ledger, int id, const std::string& practiceId, const Invo
 
 int PrepareInvoices(Ledger& ledger, const InvoiceBatch& request) {
   Batch batch(ledger, request);
+  if (!batch.HasFolder()) return 0;
   const int made = batch.Run();
   TellResult(ledger, made, batch.Results());
   return made;
