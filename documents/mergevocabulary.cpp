@@ -8,6 +8,7 @@
 #include "core/numbers.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/sessiontypes.h"
 #include "core/text.h"
 
 namespace lm {
@@ -58,12 +59,10 @@ std::string SessionPractice(Records r, Column) {
 }
 
 // Deputising sessions have no text.
-std::string SessionType(Records r, Column) {
-  static constexpr std::pair<std::string_view, std::string_view> kTexts[] = {
-      {"1", "NHS Normal"}, {"2", "NHS OOH"}, {"4", "NHS Unpensioned"}, {"0", "Private"}};
-  const std::string type = SessionCell(r, "SESS_TYPE");
-  for (const auto& [code, text] : kTexts)
-    if (code == type) return std::string(text);
+std::string SessionTypeText(Records r, Column) {
+  const std::string code = SessionCell(r, "SESS_TYPE");
+  for (const SessionType& type : kSessionTypes)
+    if (PlainText(type.code) == code) return std::string(type.shortCaption);
   return "";
 }
 
@@ -116,7 +115,7 @@ constexpr MergeField kFields[] = {
     {"SESSION NOTE", SessionCell, "PUBLICNOTE"},
     {"SESSION PRACTICE", SessionPractice},
     {"EMPLOYERCONTRIBRATE", OptionText<optEmployerContribRate>},
-    {"SESSION TYPE", SessionType},
+    {"SESSION TYPE", SessionTypeText},
     {"EXTRA ITEM", ExtraCell, "ITEM"},
     {"EXTRA RATE", ExtraCell, "RATE"},
     {"EXPENSE ITEM", ExpenseCell, "ITEM"},

@@ -197,8 +197,10 @@ void frmSession::Fill(int row) {
   const Grid& sessions = ledger.fgSessions;
   ForEachBoundColumn(*this,
                      [&](int col, Field& field) { field.SetText(sessions.TextMatrix(row, col)); });
-  cPractice.SelectData(sessions.TextMatrix(row, "PRACTICE"));
-  cSess_Type.SelectData(sessions.TextMatrix(row, "SESS_TYPE"));
+  storedPractice_ = sessions.TextMatrix(row, "PRACTICE");
+  storedType_ = sessions.TextMatrix(row, "SESS_TYPE");
+  cPractice.SelectData(storedPractice_);
+  cSess_Type.SelectData(storedType_);
   WriteMoneyFields();
 }
 
@@ -237,9 +239,14 @@ void frmSession::MarkTabs() {
   tabMain.SetTabMarked(kExpensesTab, expenses_.rows.HasRows());
 }
 
-// -1, which no rule takes for a type, when none is selected.
+std::string frmSession::ChosenOr(const ComboField& combo, const std::string& stored) {
+  return combo.ListIndex() >= 0 ? combo.ItemData() : stored;
+}
+
+// -1, which no rule takes for a type, when there is none.
 int frmSession::TypeCode() const {
-  return cSess_Type.ListIndex() < 0 ? -1 : ValInt(cSess_Type.ItemData());
+  const std::string code = ChosenOr(cSess_Type, storedType_);
+  return code.empty() ? -1 : ValInt(code);
 }
 
 void frmSession::CalculateFee() {
@@ -367,8 +374,8 @@ void frmSession::WriteRow(int row) {
   Grid& sessions = ledger.fgSessions;
   ForEachBoundColumn(
       *this, [&](int col, Field& field) { sessions.SetTextMatrix(row, col, field.Text()); });
-  if (cPractice.ListIndex() >= 0) sessions.SetTextMatrix(row, "PRACTICE", cPractice.ItemData());
-  if (cSess_Type.ListIndex() >= 0) sessions.SetTextMatrix(row, "SESS_TYPE", cSess_Type.ItemData());
+  sessions.SetTextMatrix(row, "PRACTICE", ChosenOr(cPractice, storedPractice_));
+  sessions.SetTextMatrix(row, "SESS_TYPE", ChosenOr(cSess_Type, storedType_));
 }
 
 void frmSession::Delete() {

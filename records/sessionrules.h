@@ -12,24 +12,13 @@
 
 #include "core/ledger.h"
 #include "core/numbers.h"
+#include "core/sessiontypes.h"
 
 namespace lm {
 
-// Session types, as SESS_TYPE stores them.
-constexpr int kTypePrivate = 0;
-constexpr int kTypeNormal = 1;
-constexpr int kTypeOohStandard = 2;
-constexpr int kTypeOohDeputising = 3;
-constexpr int kTypeUnpensioned = 4;
-
-// The share of an NHS Normal fee that is pensionable: 0.9 as a Single has it.
-constexpr Single kPensionableShare = 0.899999976158142f;
-
-// The type's column of fgPractices. Codes that are no type have the column of NHS Normal.
-std::string_view RateColumn(int typeCode);
-
 // Pounds an hour: the practice's own rate for the type or, with no practice ("" or an unknown ID)
-// or an empty cell there, the default of option 64. Empty when neither is set.
+// or an empty cell there, the default of option 64. Empty when neither is set. Codes that are no
+// type have the rates of NHS Normal.
 std::optional<Single> HourlyRate(const Ledger& ledger, int typeCode, std::string_view practiceId);
 
 // The texts of the four date and time fields or cells; endDate is "" for a same-day session.
