@@ -16,6 +16,7 @@
 #include "documents/invoices.h"
 #include "documents/prepareinvoices.h"
 #include "documents/sessionlines.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
@@ -86,7 +87,7 @@ frmInvoice::~frmInvoice() = default;
 
 void frmInvoice::BindDate(TextField& box, Button& button, std::string_view caption) {
   box.onEntered = [this, &box] {
-    const auto date = EnterDate(ledger, box.Text(), "Please enter a valid date.");
+    const auto date = EnterDate(ledger, box.Text());
     if (!date) return false;
     box.SetText(*date);
     ShowState();

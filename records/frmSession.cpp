@@ -14,6 +14,7 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/text.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
 #include "records/sessionrules.h"
 
@@ -314,28 +315,13 @@ bool frmSession::TimesAreInOrder() {
 }
 
 bool frmSession::MayBeDuplicate() {
-  return !IsDuplicate() ||
+  return !StartsTogether(ledger, cSDate.Text(), cSTime.Text(), cID.Text()) ||
          Ask(ledger,
              "A session already exists with this date and time.\\nSave this session anyway?",
              "Click Yes to save this session with duplicate date and time.\\nClick No to return to "
              "the "
              "session and change its details.",
              "Duplicate Session");
-}
-
-bool frmSession::IsDuplicate() const {
-  if (cSDate.Text().empty() || cSTime.Text().empty()) return false;
-  const Grid& sessions = ledger.fgSessions;
-  const int id = sessions.ColIndex("ID");
-  const int date = sessions.ColIndex("SDATE");
-  const int time = sessions.ColIndex("STIME");
-  for (const int row : Records(sessions)) {
-    if (sessions.TextMatrix(row, date) != cSDate.Text() ||
-        sessions.TextMatrix(row, time) != cSTime.Text())
-      continue;
-    if (cID.Text().empty() || sessions.TextMatrix(row, id) != cID.Text()) return true;
-  }
-  return false;
 }
 
 bool frmSession::Save() {

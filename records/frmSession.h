@@ -112,7 +112,6 @@ class frmSession : public Screen {
   bool DatesAreInOrder();
   bool TimesAreInOrder();
   bool MayBeDuplicate();
-  bool IsDuplicate() const;
   bool Save();
   bool GiveId();
   void WriteRow(int row);

@@ -10,8 +10,6 @@
 #include "core/platform.h"
 #include "core/rows.h"
 #include "core/text.h"
-#include "entry/parsedate.h"
-#include "entry/parsetime.h"
 #include "records/practices.h"
 
 namespace lm {
@@ -44,22 +42,6 @@ std::optional<std::string> FeeForTimes(const Ledger& ledger, int typeCode,
 
 Single SumAsSingle(std::string_view a, std::string_view b) {
   return static_cast<Single>(Val(a) + Val(b));
-}
-
-// A generic answer of a parser says no more than the field's own text.
-bool IsGenericReason(std::string_view reason) {
-  return EqualsIgnoreCase(reason, "Invalid date") || reason == "Please enter a valid time.";
-}
-
-std::optional<std::string> EnterWith(void (*parse)(std::string_view, Date, std::string&,
-                                                   std::string&),
-                                     Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage) {
-  std::string result, reason;
-  parse(typed, ledger.platform.clock.Now(), result, reason);
-  if (reason.empty()) return result;
-  ShowMessage(ledger, fieldMessage, IsGenericReason(reason) ? "" : reason);
-  return std::nullopt;
 }
 
 void RemoveRowsOf(Grid& grid, std::string_view sessionId) {
@@ -144,25 +126,6 @@ std::string SumOfItems(const Grid& items) {
   return Money(RoundMoney(sum));
 }
 
-std::optional<std::string> EnterDate(Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage) {
-  return EnterWith(ParseDate, ledger, typed, fieldMessage);
-}
-
-std::optional<std::string> EnterTime(Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage) {
-  return EnterWith(ParseTime, ledger, typed, fieldMessage);
-}
-
-std::optional<std::string> EnterRate(Ledger& ledger, std::string_view typed) {
-  const std::string signless = RemoveAny(typed, "£$+"_w);
-  const std::string_view text = Trim(signless);
-  if (text.empty()) return "";
-  if (IsNumeric(text)) return Money(NumericValue(text));
-  ShowMessage(ledger, kInvalidRate);
-  return std::nullopt;
-}
-
 int SessionRow(const Ledger& ledger, std::string_view id) {
   return RecordRow(ledger.fgSessions, id);
 }
@@ -174,6 +137,21 @@ int SessionTypeOf(const Ledger& ledger, int row) {
 bool IsSessionLocked(const Ledger& ledger, int row) {
   return IsLocked(ledger.fgSessions.TextMatrix(row, "FORMS"),
                   ledger.fgSessions.TextMatrix(row, "INVOICE"));
+}
+
+bool StartsTogether(const Ledger& ledger, std::string_view date, std::string_view time,
+                    std::string_view exceptId) {
+  if (date.empty() || time.empty()) return false;
+  const Grid& sessions = ledger.fgSessions;
+  const int idCol = sessions.ColIndex("ID");
+  const int dateCol = sessions.ColIndex("SDATE");
+  const int timeCol = sessions.ColIndex("STIME");
+  for (const int row : Records(sessions)) {
+    if (sessions.TextMatrix(row, dateCol) != date || sessions.TextMatrix(row, timeCol) != time)
+      continue;
+    if (exceptId.empty() || sessions.TextMatrix(row, idCol) != exceptId) return true;
+  }
+  return false;
 }
 
 std::optional<LockMessage> DeleteRefusal(std::string_view forms, std::string_view invoice) {
