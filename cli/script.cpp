@@ -8,6 +8,7 @@
 #include "core/clsMD5.h"
 #include "core/format.h"
 #include "core/options.h"
+#include "core/optiontable.h"
 #include "core/text.h"
 #include "documents/mergefields.h"
 #include "documents/words.h"
@@ -258,8 +259,9 @@ void Script::DoDump(Words words) {
 }
 
 void Script::DoOption(Words words) {
-  const int option = ValInt(words[0]);
-  if (!AllDigits(words[0]) || option >= kOptionCount)
+  const OptionSpec* named = FindOption(words[0]);
+  const int option = named ? named->number : ValInt(words[0]);
+  if (!named && (!AllDigits(words[0]) || option >= kOptionCount))
     throw ScriptError("no such option: " + words[0]);
   if (words.size() > 1) SetOption(ledger_, option, words[1]);
   EmitResult(GetOption(ledger_, option));

@@ -9,7 +9,8 @@
 //
 // A number pattern holds the digit places 0 and #, the point, the thousands comma, % and literal
 // signs; sections for positive, negative and zero are parted by ";". A number is rounded as its
-// plain text reads (15 significant digits of a Double, 7 of a Single), halves away from zero. A
+// plain text reads (15 significant digits of a Double, 7 of a Single), halves away from zero: a
+// Single of 36.665 prints "36.67", one of 34727.625 prints "34727.63". A
 // negative that rounds to nothing loses its sign; the sign stands before the "£": "-£5.00".
 #pragma once
 

@@ -5,6 +5,7 @@
 
 #include "core/options.h"
 #include "core/rows.h"
+#include "core/sessiontypes.h"
 #include "core/text.h"
 
 namespace lm {
@@ -118,13 +119,12 @@ void RefreshPracticeLists(Ledger& ledger) {
 }
 
 std::vector<ComboItem> SessionTypeItems(const Ledger& ledger) {
-  if (OptionIsTrue(ledger, optHasRetiredForms))
-    return {{"NHS Normal", "1"},
-            {"NHS OOH Standard", "2"},
-            {"NHS OOH Deputising", "3"},
-            {"NHS Unpensioned", "4"},
-            {"Private", "0"}};
-  return {{"NHS Normal", "1"}, {"NHS OOH", "2"}, {"NHS Unpensioned", "4"}, {"Private", "0"}};
+  const bool withRetired = OffersRetiredTypes(ledger);
+  std::vector<ComboItem> items;
+  for (const SessionType& type : kSessionTypes)
+    if (const std::string_view caption = CaptionOf(type, withRetired); !caption.empty())
+      items.push_back({std::string(caption), PlainText(type.code)});
+  return items;
 }
 
 std::string SessionTypeList(const Ledger& ledger) { return ColumnList(SessionTypeItems(ledger)); }

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "core/grid_storage.h"
-#include "core/numbers.h"
+#include "core/pounds.h"
 #include "core/text.h"
 
 namespace lm {
@@ -20,10 +20,9 @@ struct Amount {
   Currency pounds;
 };
 
-// An amount written with thousands commas is that amount; a damaged one counts as far as it reads.
 Amount ReadAmount(std::string_view text) {
   if (text.empty()) return {};
-  const Double number = IsNumeric(text) ? NumericValue(text) : Val(text);
+  const Double number = PoundsOf(text);
   return {true, number, Currency::From(number)};
 }
 

@@ -78,8 +78,7 @@ std::optional<Double> ReadNumber(std::string_view text) {
 }
 
 // Fills the digits from what to_chars wrote in scientific form: "1.2345e+02".
-template <class Real>
-void FillDigits(Decimal& decimal, Real value, int significant) {
+void FillDigits(Decimal& decimal, Double value, int significant) {
   if (!std::isfinite(value) || value == 0) return;
   char text[40];
   const char* const end = std::to_chars(std::begin(text), std::end(text), std::abs(value),
@@ -101,24 +100,12 @@ void DropTrailingZeros(Decimal& decimal) {
 }
 
 template <class Real>
-Real RoundToPence(Real value) {
-  Decimal decimal(value);
+Real RoundToPence(Decimal decimal) {
   decimal.Round(2, Decimal::Halves::ToEven);
   const std::string text = decimal.ToText();
   Real rounded = 0;
   std::from_chars(text.data(), text.data() + text.size(), rounded);
   return rounded;
-}
-
-template <class Real>
-Currency RoundToCurrency(Real value) {
-  Decimal decimal(value);
-  decimal.Round(4, Decimal::Halves::ToEven);
-  decimal.point += 4;
-  const std::string text = decimal.ToText();
-  std::int64_t count = 0;
-  std::from_chars(text.data(), text.data() + text.size(), count);  // leaves 0 when it does not fit
-  return Currency::FromTenThousandths(count);
 }
 
 }  // namespace
@@ -148,11 +135,25 @@ std::string PlainText(Single value) { return Decimal(value).ToText(); }
 std::string PlainText(Double value) { return Decimal(value).ToText(); }
 std::string PlainText(int value) { return std::to_string(value); }
 
-Double RoundMoney(Double value) { return RoundToPence(value); }
-Single RoundMoney(Single value) { return RoundToPence(value); }
+Double RoundMoney(Double value) { return RoundToPence<Double>(Decimal(value)); }
+Single RoundMoney(Single value) {
+  return RoundToPence<Single>(Decimal(value, Decimal::Halves::ToEven));
+}
 
-Currency Currency::From(Double value) { return RoundToCurrency(value); }
-Currency Currency::From(Single value) { return RoundToCurrency(value); }
+Currency Currency::From(Double value) {
+  constexpr Double kBeyond = 1e15;  // pounds; the range ends before it
+  if (!(std::abs(value) < kBeyond)) return {};
+  char text[32];  // to_chars rounds the exact value, an exact half to even
+  char* const end =
+      std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 4).ptr;
+  char* const point = end - 5;
+  std::copy(point + 1, end, point);
+  std::int64_t count = 0;
+  std::from_chars(text, end - 1, count);  // leaves 0 when it does not fit
+  return FromTenThousandths(count);
+}
+
+Currency Currency::From(Single value) { return From(Double{value}); }
 Currency Currency::FromText(std::string_view text) { return From(Val(text)); }
 
 std::string Currency::ToText() const { return Decimal(*this).ToText(); }
@@ -162,9 +163,11 @@ Decimal::Decimal(Double value) {
   DropTrailingZeros(*this);
 }
 
-Decimal::Decimal(Single value) {
-  FillDigits(*this, value, 7);
+// 17 digits tell every half that a Single of pounds can stand on.
+Decimal::Decimal(Single value, Halves halves) {
+  FillDigits(*this, value, 17);
   DropTrailingZeros(*this);
+  Round(7 - point, halves);
 }
 
 Decimal::Decimal(Currency value) {

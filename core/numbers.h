@@ -32,12 +32,14 @@ Double NumericValue(std::string_view text);
 
 // Plain text of a number: at most 7 significant digits for a Single and 15 for a Double, no
 // trailing zeros, "0.5" with its zero, a point always and never an exponent, so that Val reads it
-// back. "0" for what is not finite.
+// back. A Single halfway between two such texts (34727.625) goes away from zero. "0" for what is
+// not finite.
 std::string PlainText(Single value);
 std::string PlainText(Double value);
 std::string PlainText(int value);
 
-// Rounds to two places, half to even, on the decimal digits that PlainText shows.
+// Rounds to two places, half to even, on the decimal digits that PlainText shows; a Single's own
+// half at the digit after them too.
 Double RoundMoney(Double value);
 Single RoundMoney(Single value);
 
@@ -48,8 +50,8 @@ class Currency {
   static constexpr Currency FromTenThousandths(std::int64_t count) {
     return Currency(count < -kMost ? -kMost : count);
   }
-  // Half to even at the fourth decimal place of the number's decimal digits. What does not fit
-  // becomes 0.
+  // Half to even at the fourth decimal place of the number as it is, not as its plain text shows
+  // it: the Single 8863.65 is 8863.6504. What does not fit becomes 0.
   static Currency From(Double value);
   static Currency From(Single value);
   // As Val reads the text.
@@ -76,8 +78,8 @@ class Currency {
   std::int64_t count_ = 0;
 };
 
-// The decimal digits that plain text shows, on which all rounding works: 0.d1d2d3... times ten to
-// the power of `point`, without trailing zeros. Zero has no digits and no sign.
+// The decimal digits that plain text shows, on which patterns and RoundMoney work: 0.d1d2d3...
+// times ten to the power of `point`, without trailing zeros. Zero has no digits and no sign.
 struct Decimal {
   enum class Halves { ToEven, AwayFromZero };
 
@@ -88,7 +90,7 @@ struct Decimal {
 
   Decimal() = default;
   explicit Decimal(Double value);  // 15 significant digits; zero for what is not finite
-  explicit Decimal(Single value);  // 7
+  explicit Decimal(Single value, Halves halves = Halves::AwayFromZero);  // 7, the rest rounded
   explicit Decimal(Currency value);
 
   bool IsZero() const { return size == 0; }

@@ -4,6 +4,7 @@
 
 #include "core/datafile.h"
 #include "core/dates.h"
+#include "core/optiontable.h"
 #include "core/platform.h"
 #include "core/text.h"
 
@@ -16,122 +17,6 @@ namespace {
 
 constexpr int kOptionRow = 0;
 constexpr int kDetailsRow = 1;
-
-struct OptionText {
-  int option;
-  std::string_view text;
-};
-
-// What an option holds whose cell is empty at a start. The version, the upgrade date and the
-// password hash are worked out instead.
-constexpr OptionText kDefaults[] = {
-    {optColourAlternateRows, "16777215"},
-    {optFontSize, "9"},
-    {optFontName, "Arial"},
-    {optFontColour, "0"},
-    {optUpcomingDays, "7"},
-    {optInvoicePrefix, "INV-"},
-    {optInvoiceStartNumber, "1"},
-    {optDefaultAVC, "0.00"},
-    {optColourBackground, "16777215"},
-    {optColourGridLines, "14609391"},
-    {optInvoiceNumberFormat, "00000"},
-    {optReserved34, "FALSE"},
-    {optPensionCountry, "England"},
-    {optAllBranchesOnOneInvoice, "FALSE"},
-    {optMandatoryContribution, "6.0"},
-    {optTodayUninvoiced, "TRUE"},
-    {optTodayUnsent, "TRUE"},
-    {optTodayUnpaid, "TRUE"},
-    {optTodayUnreturnedFormA, "TRUE"},
-    {optStartPage, "LM Today"},
-    {optMileageRate, "0.40"},
-    {optExpenseCategories, "#0;Mileage|#1;Materials|#2;Travel|#3;Other"},
-    {optEditedRowColour, "16776960"},
-    {optNewRowColour, "16711680"},
-    {optColourSessNormal, "34304"},
-    {optColourSessOOH, "55040"},
-    {optColourSessDeput, "55040"},
-    {optColourSessPrivate, "34559"},
-    {optNewRowPosition, "BOTTOM"},
-    {optEventCategories,
-     "-1;National Holiday;65535|-2;Vacation;35468|-3;Noteable Day;9699476|1;Training/Study;4849812|"
-     "2;Appraisal;4849812|3;Maternity/Paternity;8651007|4;School Holiday;13539071"},
-    {optGridLines, "Horizontal and Vertical"},
-    {optColourToday, "27094"},
-    {optExtraYearsContrib, "0"},
-    {optDefaultRates, "|||"},
-    {optTodayUnreturnedFormC, "TRUE"},
-    {optColourWeekends, "11206655"},
-    {optColourWorkday, "16777215"},
-    {optTodayRecentExpenses, "TRUE"},
-    {optTodayRecentlyPaid, "TRUE"},
-    {optTodayPensionContribs, "TRUE"},
-    {optTodaySessionExpenses, "TRUE"},
-    {optTodayBalance, "TRUE"},
-    {optFinancePeriod, "60"},
-    {optRowsPerHour, "2"},
-    {optTodayUnpensioned, "TRUE"},
-    {optTodayUpcomingSessions, "TRUE"},
-    {optTodayUpcomingEvents, "TRUE"},
-    {optReserved84, "FALSE"},
-    {optInvoiceEmailSubject, "Invoice from {My Title} {My Name}"},
-    {optInvoiceEmailBody,
-     "Dear {Practice Manager},\r\n\r\n"
-     "Please find attached my latest invoice for {Invoice Total|£#,##0.00}.\r\n\r\n"
-     "Regards\r\n{My Title} {My Name}\r\n{My Qualifications}"_w},
-    {optBookingSubject, "Booking confirmation from {My Title} {My Name}"},
-    {optBookingHeader, "This is to confirm the booking of the following sessions."},
-    {optBookingLine,
-     "{Start Date|ddd dd/mm/yyyy}  {Start Time} - {End Time}    {Session Rate|£#,##0.00}"_w},
-    {optBookingFooter, "Yours Sincerely\r\n{My Title} {My Name}\r\n{My Qualifications}"},
-    {optColourSessUnpensioned, "9764756"},
-    {optShowCalendarTips, "TRUE"},
-    {optReserved93, "TRUE"},
-    {optReserved94, "0"},
-    {optRecentExpensePeriod, "30"},
-    {optIconsInToolbar, "TRUE"},
-    {optReceiptSubject, "Receipt for payment of invoice {Invoice Number}"},
-    {optReceiptBody,
-     "Dear {Practice Manager},\r\n\r\n"
-     "Thank you for your recent payment of invoice {Invoice Number}.\r\n\r\n"
-     "Regards\r\n{My Title} {My Name}\r\n{My Qualifications}"},
-    {optAutoSetInvoiceDate, "FALSE"},
-    {optAutoSetReceiptDate, "FALSE"},
-    {optCurrentSessionsPast, "10"},
-    {optCurrentSessionsFuture, "20"},
-    {optColourUninvoiced, "16725815"},
-    {optColourInvoicedUnpaid, "2171391"},
-    {optColourInvoicedPaid, "59136"},
-    {optCalendarColouredBy, "SESS_TYPE"},
-    {optEmployerContribRate, "14.00"},
-    {optRowsPerDay, "5"},
-    {optPensionFormsFlag, "TRUE"},
-    {optReserved118, "A"},
-    {optICalDaysBack, "30"},
-};
-
-// What a first start presets: the options that have no default, so that an emptied field stays
-// empty later on, and the employer rate of today, lest a new user be told of its change.
-constexpr OptionText kFirstInstall[] = {
-    {optAutoSave, "TRUE"},
-    {optConfirmExit, "TRUE"},
-    {optInvoiceTemplate, "Light Blue.tmpl"},
-    {optDateFormat, "dd/mm/yyyy"},
-    {optTimeFormat, "hh:nn"},
-    {optShowNameInTitle, "TRUE"},
-    {optStartMaximised, "FALSE"},
-    {optOutlookPermanentDelete, "FALSE"},
-    {optSilentMessages, "FALSE"},
-    {optShowTips, "TRUE"},
-    {optICalPrivateNote, "FALSE"},
-    {optOutlookPrivateNote, "FALSE"},
-    {optShowSessionStatusIcons, "TRUE"},
-    {optAutoBackupDays, "7"},
-    {optSignatureOnForms, "FALSE"},
-    {optHasRetiredForms, "FALSE"},
-    {optEmployerContribRate, "14.38"},
-};
 
 bool IsOption(int option) { return option >= 0 && option < kOptionCount; }
 bool IsDetail(int field) { return field >= 0 && field <= kLastNameField; }
@@ -191,7 +76,7 @@ bool SaveOptions(Ledger& ledger) {
 
 void SetDefaultOptions(Ledger& ledger) {
   EnsureShape(ledger.fgOptions);
-  for (const auto& [option, text] : kDefaults) SetIfEmpty(ledger, option, text);
+  for (const OptionSpec& option : OptionSpecs()) SetIfEmpty(ledger, option.number, option.text);
   SetIfEmpty(ledger, optPasswordHash, DigestOf(""));
   PadDefaultRates(ledger);
 
@@ -206,7 +91,8 @@ void SetDefaultOptions(Ledger& ledger) {
 }
 
 void SetFirstInstallOptions(Ledger& ledger) {
-  for (const auto& [option, text] : kFirstInstall) SetOption(ledger, option, text);
+  for (const OptionSpec& option : OptionSpecs())
+    if (!option.firstValue.empty()) SetOption(ledger, option.number, option.firstValue);
 }
 
 }  // namespace lm

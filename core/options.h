@@ -10,11 +10,34 @@
 namespace lm {
 
 constexpr int kOptionCount = 120;
-constexpr int kMyDetailsFields = 21;
-// The user's own first and last name stand in row 1 behind the My Details fields.
-constexpr int kFirstNameField = 21;
-constexpr int kLastNameField = 22;
-constexpr int kMyTitleField = 17;
+
+// What row 1 holds. The user's own first and last name stand behind the fields of My Details.
+enum MyDetailField : int {
+  kAddress1Field = 0,
+  kAddress2Field = 1,
+  kAddress3Field = 2,
+  kAddress4Field = 3,
+  kPostcodeField = 4,
+  kGmcNumberField = 5,
+  kEmailField = 6,
+  kTelephoneField = 7,
+  kIndemnityCompanyField = 8,
+  kIndemnityNumberField = 9,
+  kQualificationsField = 10,
+  kMobileField = 11,
+  kPerformersNumberField = 12,
+  kInsuranceNumberField = 13,
+  kTaxReferenceField = 14,
+  kBirthDateField = 15,
+  kAuthorityField = 16,
+  kMyTitleField = 17,
+  kSchemeNumberField = 18,
+  kBankDetailsField = 19,
+  kOdsCodeField = 20,
+  kMyDetailsFields,  // how many the page of My Details has
+  kFirstNameField = kMyDetailsFields,
+  kLastNameField
+};
 
 enum Option : int {
   optAutoSave = 1,

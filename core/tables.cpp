@@ -204,7 +204,7 @@ constexpr ColumnSpec kPensionD[] = {
     Number("AMOUNT", "Amount"),
     Number("PENSIONABLE", "Pensionable"),
     Text("MY_CONTRIB", "Employee Contrib."),
-    Text("AVC", "AVC"),
+    Number("AVC", "AVC"),
     Text("EMP_CONTRIB", "Employer Contrib."),
     Number("EXTRA_YEARS", "Extra Years"),
     Number("TOTAL_CONTRIB", "Total Contrib"),

@@ -9,6 +9,7 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/pounds.h"
 #include "core/rows.h"
 #include "core/tables.h"
 #include "core/text.h"
@@ -16,6 +17,7 @@
 #include "documents/invoices.h"
 #include "documents/prepareinvoices.h"
 #include "documents/sessionlines.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
@@ -86,7 +88,7 @@ frmInvoice::~frmInvoice() = default;
 
 void frmInvoice::BindDate(TextField& box, Button& button, std::string_view caption) {
   box.onEntered = [this, &box] {
-    const auto date = EnterDate(ledger, box.Text(), "Please enter a valid date.");
+    const auto date = EnterDate(ledger, box.Text());
     if (!date) return false;
     box.SetText(*date);
     ShowState();
@@ -158,7 +160,7 @@ void frmInvoice::ShowTotals() {
   std::array<Currency, kSummed.size()> sums;
   for (int session = fgInvSessions.FixedRows(); session < fgInvSessions.Rows(); ++session)
     for (std::size_t i = 0; i < kSummed.size(); ++i)
-      sums[i] += Pounds(fgInvSessions.TextMatrix(session, kSummed[i]));
+      sums[i] += CurrencyOf(fgInvSessions.TextMatrix(session, kSummed[i]));
 
   const int total = fgInvSessions.AddItem("");
   for (std::size_t i = 0; i < kSummed.size(); ++i)
@@ -176,7 +178,7 @@ void frmInvoice::ShowTotals() {
   show(cPensionable, rate + extras);
   show(cEmployerContrib, contrib);
   show(cExpenses, expenses);
-  show(cAmount, Pounds(ledger.fgInvoices.TextMatrix(Row(), "AMOUNT")));
+  show(cAmount, CurrencyOf(ledger.fgInvoices.TextMatrix(Row(), "AMOUNT")));
 }
 
 void frmInvoice::ShowState() {

@@ -6,8 +6,8 @@
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "documents/prepareinvoices.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
-#include "records/sessionrules.h"
 
 namespace lm {
 namespace {

@@ -5,10 +5,9 @@
 
 #include "core/messagebox.h"
 #include "core/rows.h"
-#include "core/text.h"
 #include "documents/invoices.h"
 #include "documents/windows.h"
-#include "records/sessionrules.h"
+#include "entry/checks.h"
 
 namespace lm {
 namespace {
@@ -38,7 +37,7 @@ Picker InvoiceListRules::PickerOf(int /*row*/, int col) {
 
 std::optional<std::string> InvoiceListRules::Accept(int /*row*/, int col, std::string_view text) {
   if (!Contains(kDates, ledger_.fgInvoices.ColKey(col))) return std::string(text);
-  return EnterDate(ledger_, text, "Please enter a valid date.");
+  return EnterDate(ledger_, text);
 }
 
 void InvoiceListRules::Edited(int row, int /*col*/) {

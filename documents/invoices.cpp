@@ -8,8 +8,8 @@
 #include "core/files.h"
 #include "core/formatting.h"
 #include "core/messagebox.h"
-#include "core/numbers.h"
 #include "core/platform.h"
+#include "core/pounds.h"
 #include "core/rows.h"
 #include "core/text.h"
 #include "documents/invoicepdf.h"
@@ -29,8 +29,8 @@ std::string DaysText(int days, std::string_view zero, std::string_view one, std:
 }
 
 InvoiceSums SumsOf(const Grid& table, int row, std::string_view amountKey) {
-  return {Pounds(table.TextMatrix(row, amountKey)),
-          Pounds(table.TextMatrix(row, "EMPLOYERCONTRIB"))};
+  return {CurrencyOf(table.TextMatrix(row, amountKey)),
+          CurrencyOf(table.TextMatrix(row, "EMPLOYERCONTRIB"))};
 }
 
 // The session's money onto an invoice, or off it with `sign` -1.

@@ -8,6 +8,7 @@
 #include "core/numbers.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/sessiontypes.h"
 #include "core/text.h"
 
 namespace lm {
@@ -58,12 +59,10 @@ std::string SessionPractice(Records r, Column) {
 }
 
 // Deputising sessions have no text.
-std::string SessionType(Records r, Column) {
-  static constexpr std::pair<std::string_view, std::string_view> kTexts[] = {
-      {"1", "NHS Normal"}, {"2", "NHS OOH"}, {"4", "NHS Unpensioned"}, {"0", "Private"}};
-  const std::string type = SessionCell(r, "SESS_TYPE");
-  for (const auto& [code, text] : kTexts)
-    if (code == type) return std::string(text);
+std::string SessionTypeText(Records r, Column) {
+  const std::string code = SessionCell(r, "SESS_TYPE");
+  for (const SessionType& type : kSessionTypes)
+    if (PlainText(type.code) == code) return std::string(type.shortCaption);
   return "";
 }
 
@@ -116,7 +115,7 @@ constexpr MergeField kFields[] = {
     {"SESSION NOTE", SessionCell, "PUBLICNOTE"},
     {"SESSION PRACTICE", SessionPractice},
     {"EMPLOYERCONTRIBRATE", OptionText<optEmployerContribRate>},
-    {"SESSION TYPE", SessionType},
+    {"SESSION TYPE", SessionTypeText},
     {"EXTRA ITEM", ExtraCell, "ITEM"},
     {"EXTRA RATE", ExtraCell, "RATE"},
     {"EXPENSE ITEM", ExpenseCell, "ITEM"},
@@ -160,25 +159,25 @@ constexpr MergeField kFields[] = {
     {"MY LASTNAME", Detail<kLastNameField>},
     {"MY SURNAME", Detail<kLastNameField>},
     {"MY TITLE", Detail<kMyTitleField>},
-    {"MY ADDRESS 1", Detail<0>},
-    {"MY ADDRESS 2", Detail<1>},
-    {"MY ADDRESS 3", Detail<2>},
-    {"MY ADDRESS 4", Detail<3>},
-    {"MY POSTCODE", Detail<4>},
-    {"MY POST CODE", Detail<4>},
-    {"MY EMAIL", Detail<6>},
-    {"MY PHONE", Detail<7>},
-    {"MY PHONE NUMBER", Detail<7>},
-    {"MY PHONENUMER", Detail<7>},
-    {"MY DOB", Detail<15>},
-    {"MY D.O.B.", Detail<15>},
-    {"MY QUALIFICATIONS", Detail<10>},
-    {"MY GMCNUMBER", Detail<5>},
-    {"MY GMC NUMBER", Detail<5>},
-    {"MY SUPPLISTNUMBER", Detail<12>},
-    {"MY PROFINDCOMPANY", Detail<8>},
-    {"MY PROFINDNUMBER", Detail<9>},
-    {"MY ODSCODE", Detail<20>},
+    {"MY ADDRESS 1", Detail<kAddress1Field>},
+    {"MY ADDRESS 2", Detail<kAddress2Field>},
+    {"MY ADDRESS 3", Detail<kAddress3Field>},
+    {"MY ADDRESS 4", Detail<kAddress4Field>},
+    {"MY POSTCODE", Detail<kPostcodeField>},
+    {"MY POST CODE", Detail<kPostcodeField>},
+    {"MY EMAIL", Detail<kEmailField>},
+    {"MY PHONE", Detail<kTelephoneField>},
+    {"MY PHONE NUMBER", Detail<kTelephoneField>},
+    {"MY PHONENUMER", Detail<kTelephoneField>},
+    {"MY DOB", Detail<kBirthDateField>},
+    {"MY D.O.B.", Detail<kBirthDateField>},
+    {"MY QUALIFICATIONS", Detail<kQualificationsField>},
+    {"MY GMCNUMBER", Detail<kGmcNumberField>},
+    {"MY GMC NUMBER", Detail<kGmcNumberField>},
+    {"MY SUPPLISTNUMBER", Detail<kPerformersNumberField>},
+    {"MY PROFINDCOMPANY", Detail<kIndemnityCompanyField>},
+    {"MY PROFINDNUMBER", Detail<kIndemnityNumberField>},
+    {"MY ODSCODE", Detail<kOdsCodeField>},
 };
 
 }  // namespace

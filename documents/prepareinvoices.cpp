@@ -11,6 +11,7 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/pounds.h"
 #include "core/rows.h"
 #include "core/text.h"
 #include "documents/invoicepdf.h"
@@ -108,8 +109,8 @@ void Batch::InvoicePractice(const std::string& practiceId) {
   Grid& sessions = ledger_.fgSessions;
   InvoiceSums sums;
   for (const int row : rows) {
-    sums.amount += Pounds(sessions.TextMatrix(row, "TOTAL"));
-    sums.employerContrib += Pounds(sessions.TextMatrix(row, "EMPLOYERCONTRIB"));
+    sums.amount += CurrencyOf(sessions.TextMatrix(row, "TOTAL"));
+    sums.employerContrib += CurrencyOf(sessions.TextMatrix(row, "EMPLOYERCONTRIB"));
   }
   const std::string id = PlainText(number_);
   const int invoice = AddInvoice(ledger_, number_++, practiceId, sums, batch_.invoiceDate);
@@ -162,10 +163,6 @@ void TellResult(Ledger& ledger, int made, const std::string& results) {
 
 int NextInvoiceId(const Ledger& ledger) {
   return std::max(NextId(ledger.fgInvoices), ValInt(GetOption(ledger, optInvoiceStartNumber)));
-}
-
-Currency Pounds(std::string_view cell) {
-  return IsNumeric(cell) ? Currency::From(NumericValue(cell)) : Currency::FromText(cell);
 }
 
 int AddInvoice(Ledger& ledger, int id, const std::string& practiceId, const InvoiceSums& sums,

@@ -14,9 +14,6 @@ namespace lm {
 // greater.
 int NextInvoiceId(const Ledger& ledger);
 
-// What a cell holds, thousands commas understood; a damaged one counts as far as it reads.
-Currency Pounds(std::string_view cell);
-
 struct InvoiceSums {
   Currency amount, employerContrib;
 };

@@ -37,12 +37,12 @@ frmPopupNumbers::frmPopupNumbers(Ledger& theLedger, std::string_view caption)
   cmdDecimal.onPressed = [this] { AddPoint(); };
   cmdBackspace.onPressed = [this] { RemoveLast(); };
   cmdClear.onPressed = [this] { lblNumbers.SetText("0"); };
-  cmdOK.onPressed = [this] { CloseWith(MoneyCell(lblNumbers.Text())); };
+  cmdOK.onPressed = [this] { CloseWith(AnyMoneyCell(lblNumbers.Text())); };
   cmdCancel.onPressed = [this] { Close(); };
 }
 
 void frmPopupNumbers::StartFrom(std::string_view text) {
-  const std::string amount = MoneyCell(text);
+  const std::string amount = AnyMoneyCell(text);
   lblNumbers.SetText(amount.empty() ? "0" : amount);
 }
 

@@ -27,7 +27,8 @@ class frmPopupNumbers : public PopupPicker {
   bool KeyPressed(int key, char character) override;
 
  protected:
-  // An amount as it is typed; 0 when the text is none, or at the ceiling of typed amounts.
+  // The field's amount, of any size: one above the ceiling of typed amounts takes no digit, but is
+  // not lost. 0 when the text is none.
   void StartFrom(std::string_view text) override;
 
  private:

@@ -16,4 +16,7 @@ std::string CleanMoney(std::string_view text);
 // a thousand pounds as one.
 std::string MoneyCell(std::string_view text);
 
+// The same for an amount that was not typed: there is no ceiling. Empty when it is no amount.
+std::string AnyMoneyCell(std::string_view text);
+
 }  // namespace lm

@@ -21,10 +21,6 @@ namespace {
 
 constexpr std::size_t kLongestText = 100;  // nobody types more than this as a date
 
-constexpr std::string_view kInvalidDay = "Invalid Date";
-constexpr std::string_view kInvalidDate = "Invalid date";
-constexpr std::string_view kTooFewDays = "There aren't this many days in the month.";
-
 struct Rewrite {
   std::string_view from, to;
 };
@@ -257,12 +253,8 @@ std::string InNumbers(std::string_view words) {
   return text;
 }
 
-struct Outcome {
-  std::string result, message;
-};
-
-Outcome Found(Date date) { return {CellText(date), ""}; }
-Outcome Failed(std::string_view message) { return {"", std::string(message)}; }
+Entered Found(Date date) { return {CellText(date)}; }
+Entered Failed(Refusal refusal) { return {"", refusal}; }
 
 int FullYear(std::string_view text) {
   return text.size() <= 2 || text == "000" ? 2000 + ValInt(text) : ValInt(text);
@@ -278,46 +270,46 @@ int DayOfOrdinal(const OrdinalWeekday& asked, int year, int month) {
   return 1 + (asked.weekday - first + 7) % 7 + 7 * (asked.n - 1);
 }
 
-Outcome DayOfThisMonth(std::string_view text, const CivilDate& today) {
-  if (!AllDigits(text)) return Failed(kInvalidDay);
+Entered DayOfThisMonth(std::string_view text, const CivilDate& today) {
+  if (!AllDigits(text)) return Failed(Refusal::NoDay);
   const int day = ValInt(text);
-  if (day > DaysInMonth(today.year, today.month)) return Failed(kTooFewDays);
+  if (day > DaysInMonth(today.year, today.month)) return Failed(Refusal::TooFewDays);
   return Found(DateSerial(today.year, today.month, day));
 }
 
-Outcome DayMonthYear(std::string text, const CivilDate& today, const OrdinalWeekday& asked) {
+Entered DayMonthYear(std::string text, const CivilDate& today, const OrdinalWeekday& asked) {
   if (text.size() <= 2 && Val(text) != 0) return DayOfThisMonth(text, today);
   if (std::ranges::count(text, '/') == 1) text += "/" + std::to_string(today.year);
   if (text.starts_with("LASTDAY")) text.replace(0, 7, "-1");
 
   const std::vector<std::string_view> parts = Split(text, '/');
-  if (parts.size() != 3 || text.size() < 5 || text.size() > 10) return Failed(kInvalidDate);
+  if (parts.size() != 3 || text.size() < 5 || text.size() > 10) return Failed(Refusal::NoDate);
   const std::string_view dayText = parts[0], monthText = parts[1], yearText = parts[2];
   const auto oneOrTwo = [](std::string_view part) { return part.size() == 1 || part.size() == 2; };
-  if (!oneOrTwo(dayText) || !oneOrTwo(monthText)) return Failed(kInvalidDate);
+  if (!oneOrTwo(dayText) || !oneOrTwo(monthText)) return Failed(Refusal::NoDate);
 
   const bool lastDay = dayText == "-1" || dayText == "L";
   if (!(lastDay || AllDigits(dayText)) || !AllDigits(monthText) || !AllDigits(yearText)) {
-    return Failed(kInvalidDate);
+    return Failed(Refusal::NoDate);
   }
   int day = lastDay ? 1 : ValInt(dayText);
   const int month = ValInt(monthText);
   const int year = FullYear(yearText);
-  if (day < 1 || day > 31) return Failed("The day must be between 1 and 31");
-  if (month < 1 || month > 12) return Failed("The month must be between 1 and 12");
-  if (year < 1900) return Failed("The year must be greater than 1899");
-  if (year > 2199) return Failed("The year must be less than 2200");
+  if (day < 1 || day > 31) return Failed(Refusal::DayRange);
+  if (month < 1 || month > 12) return Failed(Refusal::MonthRange);
+  if (year < 1900) return Failed(Refusal::YearTooEarly);
+  if (year > 2199) return Failed(Refusal::YearTooLate);
 
   const int days = DaysInMonth(year, month);
   if (lastDay) day = days;
   if (asked.weekday != 0) day = DayOfOrdinal(asked, year, month);
-  if (day > days) return Failed(kTooFewDays);
+  if (day > days) return Failed(Refusal::TooFewDays);
   return Found(DateSerial(year, month, day));
 }
 
-Outcome Parse(std::string_view typed, Date now) {
+Entered Parse(std::string_view typed, Date now) {
   if (typed.empty()) return {};
-  if (typed.size() > kLongestText) return Failed(kInvalidDate);
+  if (typed.size() > kLongestText) return Failed(Refusal::NoDate);
   const Date today = std::floor(now);
   const std::string words = InFullWords(typed, today);
   if (const std::optional<Date> day = NamedDay(words, now)) return Found(*day);
@@ -328,10 +320,12 @@ Outcome Parse(std::string_view typed, Date now) {
 
 }  // namespace
 
+Entered ReadDate(std::string_view typed, Date now) { return Parse(Trim(typed), now); }
+
 void ParseDate(std::string_view text, Date now, std::string& result, std::string& message) {
-  Outcome outcome = Parse(Trim(text), now);
-  result = std::move(outcome.result);
-  message = std::move(outcome.message);
+  Entered entered = ReadDate(text, now);
+  result = std::move(entered.text);
+  message = TextOf(entered.refusal);
 }
 
 }  // namespace lm

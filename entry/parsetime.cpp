@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t kLongestText = 100;  // nobody types more than this as a time
 constexpr std::string_view kSeparators = " :;,.-/\\";
-constexpr std::string_view kInvalid = "Please enter a valid time.";
 constexpr int kFirstMorningHour = 7;  // a bare hour before it is in the afternoon
 
 struct Word {
@@ -42,15 +41,11 @@ constexpr Word kNumberWords[] = {
 
 enum class Half { None, AM, PM };
 
-struct Outcome {
-  std::string result, message;
-};
+Entered Failed(Refusal refusal) { return {"", refusal}; }
 
-Outcome Failed(std::string_view message) { return {"", std::string(message)}; }
-
-Outcome Found(int hour, int minute) {
+Entered Found(int hour, int minute) {
   const auto twoDigits = [](int n) { return PadLeft(std::to_string(n), 2, '0'); };
-  return {twoDigits(hour) + ":" + twoDigits(minute), ""};
+  return {twoDigits(hour) + ":" + twoDigits(minute)};
 }
 
 std::string InColonsAndDigits(std::string_view upperCase) {
@@ -85,12 +80,12 @@ Half TakeHalf(std::string& text) {
 int ClockNumber(std::string_view digits) { return digits.size() > 4 ? 9999 : ValInt(digits); }
 
 // hhnn, taken at its word: "0630" is in the morning.
-Outcome FourDigits(std::string_view text, Half half) {
+Entered FourDigits(std::string_view text, Half half) {
   int hour = ClockNumber(text.substr(0, 2));
   const int minute = ClockNumber(text.substr(2));
   if (half == Half::PM && hour < 12) hour += 12;
-  if (hour > 23) return Failed("The hour must be 00 to 23.");
-  if (minute > 59) return Failed("The minutes must be 00 to 59.");
+  if (hour > 23) return Failed(Refusal::FourDigitHour);
+  if (minute > 59) return Failed(Refusal::FourDigitMinutes);
   return Found(hour, minute);
 }
 
@@ -106,24 +101,24 @@ int HourOfDay(int hour, Half half) {
   return hour < kFirstMorningHour ? hour + 12 : hour;
 }
 
-Outcome HourAndMinutes(std::string_view hourText, std::string_view minuteText, Half half) {
-  if (!AllDigits(hourText) || !AllDigits(minuteText)) return Failed(kInvalid);
+Entered HourAndMinutes(std::string_view hourText, std::string_view minuteText, Half half) {
+  if (!AllDigits(hourText) || !AllDigits(minuteText)) return Failed(Refusal::NoTime);
   const int hour = ClockNumber(hourText);
   const int minute = ClockNumber(minuteText);
-  if (minuteText.size() != 2) return Failed("The minutes figure must have two digits.");
-  if (minute > 59) return Failed("The minutes must be between 00 and 59.");
-  if (hour > 23) return Failed("The hour must be between 00 and 23.");
+  if (minuteText.size() != 2) return Failed(Refusal::MinuteDigits);
+  if (minute > 59) return Failed(Refusal::MinuteRange);
+  if (hour > 23) return Failed(Refusal::HourRange);
   if (hour > 12 && half != Half::None) {
-    return Failed("If AM or PM is specified the hour cannot be greater than 12.");
+    return Failed(Refusal::HourOfHalf);
   }
   return Found(HourOfDay(hour, half), minute);
 }
 
-Outcome WithoutColon(std::string_view text, Half half) {
+Entered WithoutColon(std::string_view text, Half half) {
   if (text.size() == 6 && AllDigits(text)) text.remove_suffix(2);  // the seconds
   if (text.size() == 4 && AllDigits(text)) return FourDigits(text, half);
   if (text.size() > 1 && text[0] == '0') text.remove_prefix(1);
-  if (text.empty() || text.size() > 3) return Failed(kInvalid);
+  if (text.empty() || text.size() > 3) return Failed(Refusal::NoTime);
   if (text.size() == 3) return HourAndMinutes(text.substr(0, 1), text.substr(1), half);
   return HourAndMinutes(text, "00", half);
 }
@@ -134,15 +129,15 @@ bool IsMidnight(std::string_view clock, Half half) {
          (half != Half::PM && (clock == "0:00" || clock == "00:00"));
 }
 
-Outcome Parse(std::string_view typed, Date now) {
+Entered Parse(std::string_view typed, Date now) {
   if (typed.empty()) return {};
-  if (typed.size() > kLongestText) return Failed(kInvalid);
+  if (typed.size() > kLongestText) return Failed(Refusal::NoTime);
   const std::string upperCase = ToUpper(typed);
 
   const std::string word = RemoveAny(upperCase, kSeparators);
-  if (word == "NOW" || word == "N") return {CellTimeText(now), ""};
+  if (word == "NOW" || word == "N") return {CellTimeText(now)};
   for (const Word& each : kTimeWords) {
-    if (word == each.from) return {std::string(each.to), ""};
+    if (word == each.from) return {std::string(each.to)};
   }
 
   std::string clock = InColonsAndDigits(upperCase);
@@ -150,17 +145,19 @@ Outcome Parse(std::string_view typed, Date now) {
   if (IsMidnight(clock, half)) return Found(0, 0);
   const std::size_t colon = clock.find(':');
   if (colon == std::string::npos) return WithoutColon(clock, half);
-  if (std::ranges::count(clock, ':') > 1) return Failed(kInvalid);
+  if (std::ranges::count(clock, ':') > 1) return Failed(Refusal::NoTime);
   return HourAndMinutes(std::string_view(clock).substr(0, colon),
                         std::string_view(clock).substr(colon + 1), half);
 }
 
 }  // namespace
 
+Entered ReadTime(std::string_view typed, Date now) { return Parse(Trim(typed), now); }
+
 void ParseTime(std::string_view text, Date now, std::string& result, std::string& message) {
-  Outcome outcome = Parse(Trim(text), now);
-  result = std::move(outcome.result);
-  message = std::move(outcome.message);
+  Entered entered = ReadTime(text, now);
+  result = std::move(entered.text);
+  message = TextOf(entered.refusal);
 }
 
 }  // namespace lm

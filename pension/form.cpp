@@ -6,8 +6,6 @@
 
 namespace lm {
 
-Double PoundsOf(std::string_view cell) { return Val(RemoveAny(cell, ",")); }
-Single SingleOf(std::string_view cell) { return static_cast<Single>(PoundsOf(cell)); }
 Currency SessionPounds(std::string_view cell) { return Currency::From(SingleOf(cell)); }
 
 std::string FormRow::Practice() const { return form.ofPractice ? Cell("PRACTICE") : ""; }

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "core/ledger.h"
-#include "core/numbers.h"
+#include "core/pounds.h"
 #include "core/tables.h"
 #include "pension/formcoordinates.h"
 #include "pension/month.h"
@@ -20,10 +20,7 @@ class SessionsByMonth;
 struct FormFigures;
 struct PensionForm;
 
-// Pounds in a cell, commas understood; 0 for what is no number.
-Double PoundsOf(std::string_view cell);
-Single SingleOf(std::string_view cell);
-// The same as Form A sums up a session's amounts: a single, converted.
+// A cell as Form A sums up a session's amounts: a single, converted.
 Currency SessionPounds(std::string_view cell);
 
 // A form's row, in its table or in a working copy with the same columns.

@@ -184,12 +184,12 @@ constexpr Detail kDetails[] = {
     {FormItem::LastName, kLastNameField},
     {FormItem::FirstName, kFirstNameField},
     {FormItem::SchemeNumber, kSchemeNumberField},
-    {FormItem::Telephone, 7},
-    {FormItem::Mobile, 11},
-    {FormItem::Email, 6},
+    {FormItem::Telephone, kTelephoneField},
+    {FormItem::Mobile, kMobileField},
+    {FormItem::Email, kEmailField},
 };
-constexpr int kAddressFields[] = {0, 1, 2, 3, 4};  // lines and postcode
-constexpr int kDateField = 5;
+constexpr int kAddressFields[] = {kAddress1Field, kAddress2Field, kAddress3Field, kAddress4Field,
+                                  kPostcodeField};
 
 std::string Address(const Ledger& ledger) {
   std::vector<std::string> lines;
@@ -202,8 +202,8 @@ void AddDetails(const Ledger& ledger, Month month, FormFigures& figures) {
   for (const Detail& detail : kDetails)
     figures.texts[detail.item] = {std::string(Trim(MyDetail(ledger, detail.field)))};
   figures.texts[FormItem::Address] = {Address(ledger)};
-  const std::optional<Date> born = CellDate(MyDetail(ledger, kDateField));
-  figures.texts[FormItem::DateOfField5] = {born ? FormatDate(*born, "dd mm yyyy") : ""};
+  const std::optional<Date> date = CellDate(MyDetail(ledger, kGmcNumberField));
+  figures.texts[FormItem::DateOfField5] = {date ? FormatDate(*date, "dd mm yyyy") : ""};
   figures.texts[FormItem::MonthShort] = {month.Text("mmm")};
   figures.texts[FormItem::MonthLong] = {month.Text("mmmm")};
   figures.texts[FormItem::YearShort] = {month.Text("yy")};

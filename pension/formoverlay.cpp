@@ -14,8 +14,6 @@ namespace {
 // In the order of preference.
 constexpr std::string_view kSignatureFiles[] = {"signature.jpg", "signature.gif", "signature.bmp"};
 
-enum DetailField { kGmcNumber = 5, kInsuranceNumber = 13, kAuthority = 16 };
-
 std::string SignatureFile(const Ledger& ledger) {
   if (!OptionIsTrue(ledger, optSignatureOnForms)) return "";
   for (const std::string_view name : kSignatureFiles) {
@@ -28,16 +26,16 @@ std::string SignatureFile(const Ledger& ledger) {
 
 // For its boxes.
 std::string InsuranceNumber(const Ledger& ledger) {
-  return RemoveAny(ToUpper(MyDetail(ledger, kInsuranceNumber)), "-./\\, ");
+  return RemoveAny(ToUpper(MyDetail(ledger, kInsuranceNumberField)), "-./\\, ");
 }
 
 // Name, numbers, signature and today's date.
 void AddLocum(const Ledger& ledger, FormFigures& figures) {
   const Date today = ledger.platform.clock.Now();
   figures.texts[FormItem::TitleAndName] = {TitleAndName(ledger)};
-  figures.texts[FormItem::Authority] = {MyDetail(ledger, kAuthority)};
+  figures.texts[FormItem::Authority] = {MyDetail(ledger, kAuthorityField)};
   figures.texts[FormItem::InsuranceNumber] = {InsuranceNumber(ledger)};
-  figures.texts[FormItem::GmcNumber] = {MyDetail(ledger, kGmcNumber)};
+  figures.texts[FormItem::GmcNumber] = {MyDetail(ledger, kGmcNumberField)};
   figures.texts[FormItem::Signature] = {SignatureFile(ledger)};
   figures.texts[FormItem::Today] = {FormatDate(today, "dd mm yyyy")};
   figures.texts[FormItem::TodayInWords] = {FormatDate(today, "dd mmm yyyy")};

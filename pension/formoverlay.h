@@ -20,8 +20,6 @@ struct FormFigures {
   std::optional<Double> rate;  // percent, for the tier's tick
 };
 
-constexpr int kSchemeNumberField = 18;  // of My Details
-
 // Damaged cells read as 0 or as no date.
 FormFigures FiguresOf(const Ledger& ledger, SessionsByMonth& sessions, const FormRow& record);
 

@@ -5,11 +5,11 @@
 #include "core/messagebox.h"
 #include "core/rows.h"
 #include "core/text.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
 #include "pension/formlist.h"
 #include "pension/formpdf.h"
 #include "pension/forms.h"
-#include "pension/lists.h"
 #include "pension/locks.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
@@ -87,7 +87,7 @@ FormWindow::~FormWindow() = default;
 void FormWindow::BindDate(TextField& box, Button& button, std::string_view caption,
                           std::function<bool()> changed) {
   box.onEntered = [this, &box, changed] {
-    const auto date = EnterDate(ledger, box.Text(), "Please enter a valid date.");
+    const auto date = EnterDate(ledger, box.Text());
     if (!date) return false;
     box.SetText(*date);
     return !changed || changed();

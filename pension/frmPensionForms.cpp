@@ -5,6 +5,7 @@
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/platform.h"
+#include "entry/checks.h"
 #include "pension/forms.h"
 #include "records/sessionrules.h"
 
@@ -53,9 +54,8 @@ frmPensionForms::frmPensionForms(Ledger& theLedger)
 void frmPensionForms::BindMonth() {
   txtMonth.SetText(CellText(FirstOfMonth(ledger.platform.clock.Now())));
   txtMonth.onEntered = [this] {
-    constexpr std::string_view kInvalid = "Please enter a valid date.";
-    const auto date = EnterDate(ledger, txtMonth.Text(), kInvalid);
-    if (date && date->empty()) ShowMessage(ledger, kInvalid);
+    const auto date = EnterDate(ledger, txtMonth.Text());
+    if (date && date->empty()) ShowMessage(ledger, kInvalidDate);
     if (!date || date->empty()) return false;
     txtMonth.SetText(Month::OfCell(*date).Cell());
     ShowMonth();

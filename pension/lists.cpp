@@ -7,20 +7,16 @@
 #include "core/numbers.h"
 #include "core/platform.h"
 #include "core/rows.h"
-#include "core/text.h"
-#include "entry/money.h"
+#include "entry/checks.h"
 #include "pension/formpdf.h"
 #include "pension/forms.h"
 #include "pension/locks.h"
 #include "pension/windows.h"
-#include "records/sessionrules.h"
 
 namespace lm {
 namespace {
 
 constexpr std::string_view kReceived = "RCVDFROMPRACTICE";
-constexpr std::string_view kInvalidDate = "Please enter a valid date.";
-constexpr std::string_view kInvalidAmount = "Please enter a valid amount.";
 
 bool IsDate(const PensionForm& form, std::string_view key) {
   return std::ranges::find(form.sent->dates, key) != form.sent->dates.end();
@@ -49,7 +45,7 @@ class FormListRules : public GridRules {
     const std::string& key = table_.ColKey(col);
     if (form_.EditableFigure(key)) return EnterAmount(ledger_, text);
     if (!IsDate(form_, key)) return std::string(text);
-    std::optional<std::string> date = EnterDate(ledger_, text, kInvalidDate);
+    std::optional<std::string> date = EnterDate(ledger_, text);
     if (date && key == kReceived && !MaySetReceivedDate(ledger_, form_, *date, AskedFrom::List))
       return std::nullopt;
     return date;
@@ -121,7 +117,7 @@ class PaymentListRules : public GridRules {
 
   std::optional<std::string> Accept(int /*row*/, int col, std::string_view text) override {
     const std::string& key = table_.ColKey(col);
-    if (IsDate(key)) return EnterDate(ledger_, text, kInvalidDate);
+    if (IsDate(key)) return EnterDate(ledger_, text);
     return key == "AMOUNT" ? EnterAmount(ledger_, text) : std::string(text);
   }
 
@@ -155,14 +151,6 @@ class PaymentListRules : public GridRules {
 };
 
 }  // namespace
-
-std::optional<std::string> EnterAmount(Ledger& ledger, std::string_view typed) {
-  if (Trim(typed).empty()) return "";
-  std::string amount = MoneyCell(typed);
-  if (!amount.empty()) return amount;
-  ShowMessage(ledger, kInvalidAmount);
-  return std::nullopt;
-}
 
 std::unique_ptr<GridRules> PensionListRules(Ledger& ledger, Grid& table) {
   if (const PensionForm* form = FormOfTable(table))

@@ -3,9 +3,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
 
 #include "core/screen.h"
 
@@ -14,9 +11,6 @@ namespace lm {
 // Rules for one of fgPensionA, fgPensionB, fgPensionSolo, fgPensionC, fgPensionD and
 // fgPensionPayments.
 std::unique_ptr<GridRules> PensionListRules(Ledger& ledger, Grid& table);
-
-// A typed amount as it is stored, "" for blanks; empty after a message.
-std::optional<std::string> EnterAmount(Ledger& ledger, std::string_view typed);
 
 // A new payment of today; its row, or -1 after a message.
 int AddPayment(Ledger& ledger);

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "core/format.h"
-#include "core/text.h"
+#include "core/pounds.h"
 #include "pension/dateruns.h"
 #include "pension/forms.h"
 
@@ -23,9 +23,7 @@ struct PracticeLine {
   std::optional<Date> received;           // the latest
 };
 
-Currency Sum(const FormRow& formA, std::string_view key) {
-  return Currency::FromText(RemoveAny(formA.Cell(key), ","));
-}
+Currency Sum(const FormRow& formA, std::string_view key) { return CurrencyOf(formA.Cell(key)); }
 
 void Add(const Ledger& ledger, SessionsByMonth& sessions, const FormRow& formA,
          PracticeLine& line) {

@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/options.h"
 #include "core/rows.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"

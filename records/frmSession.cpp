@@ -14,6 +14,7 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/text.h"
+#include "entry/checks.h"
 #include "entry/pickers.h"
 #include "records/sessionrules.h"
 
@@ -197,8 +198,10 @@ void frmSession::Fill(int row) {
   const Grid& sessions = ledger.fgSessions;
   ForEachBoundColumn(*this,
                      [&](int col, Field& field) { field.SetText(sessions.TextMatrix(row, col)); });
-  cPractice.SelectData(sessions.TextMatrix(row, "PRACTICE"));
-  cSess_Type.SelectData(sessions.TextMatrix(row, "SESS_TYPE"));
+  storedPractice_ = sessions.TextMatrix(row, "PRACTICE");
+  storedType_ = sessions.TextMatrix(row, "SESS_TYPE");
+  cPractice.SelectData(storedPractice_);
+  cSess_Type.SelectData(storedType_);
   WriteMoneyFields();
 }
 
@@ -237,9 +240,14 @@ void frmSession::MarkTabs() {
   tabMain.SetTabMarked(kExpensesTab, expenses_.rows.HasRows());
 }
 
-// -1, which no rule takes for a type, when none is selected.
+std::string frmSession::ChosenOr(const ComboField& combo, const std::string& stored) {
+  return combo.ListIndex() >= 0 ? combo.ItemData() : stored;
+}
+
+// -1, which no rule takes for a type, when there is none.
 int frmSession::TypeCode() const {
-  return cSess_Type.ListIndex() < 0 ? -1 : ValInt(cSess_Type.ItemData());
+  const std::string code = ChosenOr(cSess_Type, storedType_);
+  return code.empty() ? -1 : ValInt(code);
 }
 
 void frmSession::CalculateFee() {
@@ -307,28 +315,13 @@ bool frmSession::TimesAreInOrder() {
 }
 
 bool frmSession::MayBeDuplicate() {
-  return !IsDuplicate() ||
+  return !StartsTogether(ledger, cSDate.Text(), cSTime.Text(), cID.Text()) ||
          Ask(ledger,
              "A session already exists with this date and time.\\nSave this session anyway?",
              "Click Yes to save this session with duplicate date and time.\\nClick No to return to "
              "the "
              "session and change its details.",
              "Duplicate Session");
-}
-
-bool frmSession::IsDuplicate() const {
-  if (cSDate.Text().empty() || cSTime.Text().empty()) return false;
-  const Grid& sessions = ledger.fgSessions;
-  const int id = sessions.ColIndex("ID");
-  const int date = sessions.ColIndex("SDATE");
-  const int time = sessions.ColIndex("STIME");
-  for (const int row : Records(sessions)) {
-    if (sessions.TextMatrix(row, date) != cSDate.Text() ||
-        sessions.TextMatrix(row, time) != cSTime.Text())
-      continue;
-    if (cID.Text().empty() || sessions.TextMatrix(row, id) != cID.Text()) return true;
-  }
-  return false;
 }
 
 bool frmSession::Save() {
@@ -367,8 +360,8 @@ void frmSession::WriteRow(int row) {
   Grid& sessions = ledger.fgSessions;
   ForEachBoundColumn(
       *this, [&](int col, Field& field) { sessions.SetTextMatrix(row, col, field.Text()); });
-  if (cPractice.ListIndex() >= 0) sessions.SetTextMatrix(row, "PRACTICE", cPractice.ItemData());
-  if (cSess_Type.ListIndex() >= 0) sessions.SetTextMatrix(row, "SESS_TYPE", cSess_Type.ItemData());
+  sessions.SetTextMatrix(row, "PRACTICE", ChosenOr(cPractice, storedPractice_));
+  sessions.SetTextMatrix(row, "SESS_TYPE", ChosenOr(cSess_Type, storedType_));
 }
 
 void frmSession::Delete() {

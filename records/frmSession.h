@@ -95,6 +95,7 @@ class frmSession : public Screen {
   void ApplyLock();
   void MarkTabs();
 
+  static std::string ChosenOr(const ComboField& combo, const std::string& stored);
   int TypeCode() const;
   bool OnForm() const { return !cForms.Text().empty(); }
   bool Invoiced() const { return !cInvoice.Text().empty(); }
@@ -111,7 +112,6 @@ class frmSession : public Screen {
   bool DatesAreInOrder();
   bool TimesAreInOrder();
   bool MayBeDuplicate();
-  bool IsDuplicate() const;
   bool Save();
   bool GiveId();
   void WriteRow(int row);
@@ -139,6 +139,10 @@ class frmSession : public Screen {
 
   ItemList extras_;
   ItemList expenses_;
+  // Of the session shown or copied, for what the lists no longer offer: a retired type, a practice
+  // that has lost its name.
+  std::string storedPractice_;
+  std::string storedType_;
 };
 
 }  // namespace lm

@@ -47,8 +47,8 @@ void frmSession::BindLinks() {
 
 void frmSession::FormLinkPressed() {
   constexpr std::string_view kTitle = "Pension Form Information";
-  const int type = TypeCode();
-  if (type == kTypeUnpensioned || type == kTypePrivate)
+  const SessionType* type = FindSessionType(TypeCode());
+  if (type && type->forms.empty())
     return ShowHelp(
         ledger, "This session is not pensionable",
         "The selected session type means this session will not appear on any pension forms. ",
@@ -67,11 +67,7 @@ void frmSession::FormLinkPressed() {
 
 // Row of the form of the session's practice and month; -1 when there is none.
 int frmSession::FormRow(const Grid& forms) const {
-  // A practice that has lost its name is in no list: then the stored ID tells.
-  const std::string practice =
-      cPractice.ListIndex() >= 0
-          ? cPractice.ItemData()
-          : ledger.fgSessions.TextMatrix(SessionRow(ledger, cID.Text()), "PRACTICE");
+  const std::string practice = ChosenOr(cPractice, storedPractice_);
   const auto date = CellDate(cSDate.Text());
   for (int row = FindRecord(forms, "PRACTICE", practice); row >= 0;
        row = FindRecord(forms, "PRACTICE", practice, row + 1))
@@ -148,23 +144,14 @@ void frmSession::RefreshPensionContribution() {
 }
 
 void frmSession::ShowSessionTypeHelp() {
-  const std::string intro =
-      "This is used to decide which pension forms the session appears on.\\n\\n";
-  const std::string others =
-      "NHS Unpensioned - No forms (no pension claim is made)\\nPrivate - No forms (not pensioned "
-      "by the NHS)";
-  if (OptionIsTrue(ledger, optHasRetiredForms))
-    ShowHelp(ledger, "Session Type",
-             intro +
-                 "NHS Normal - Forms A & B\\nNHS OOH Standard - Form SOLO\\nNHS OOH Deputising - "
-                 "Forms C & D\\n" +
-                 others +
-                 "\\n\\nThis cannot be changed after the session has been pensioned or invoiced.");
-  else
-    ShowHelp(ledger, "Session Type",
-             intro + "NHS Normal - Forms A & B\\nNHS OOH - Form SOLO\\n" + others +
-                 "\\n\\nThe session type cannot be changed after the session has been pensioned or "
-                 "invoiced.");
+  const bool withRetired = OffersRetiredTypes(ledger);
+  std::string text = "This is used to decide which pension forms the session appears on.\\n\\n";
+  for (const SessionType& type : kSessionTypes)
+    if (const std::string_view caption = CaptionOf(type, withRetired); !caption.empty())
+      text += std::string(caption) + " - " + std::string(type.formsHelp) + "\\n";
+  text += withRetired ? "\\nThis cannot" : "\\nThe session type cannot";
+  ShowHelp(ledger, "Session Type",
+           text + " be changed after the session has been pensioned or invoiced.");
 }
 
 void frmSession::ShowEmployerContribHelp() {

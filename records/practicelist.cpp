@@ -3,8 +3,7 @@
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/rows.h"
-#include "core/text.h"
-#include "entry/money.h"
+#include "entry/checks.h"
 #include "records/practices.h"
 #include "records/windows.h"
 
@@ -47,12 +46,7 @@ std::optional<std::string> PracticeListRules::Accept(int row, int col, std::stri
     return std::nullopt;
   }
   if (key == "MILEAGE") return MileageText(text);
-  if (IsRateColumn(key)) {
-    const std::string_view typed = Trim(text);
-    std::string amount = MoneyCell(typed);
-    if (amount.empty() && !typed.empty()) return std::nullopt;
-    return amount;
-  }
+  if (IsRateColumn(key)) return EnterAmount(ledger_, text, "");
   return std::string(text);
 }
 

@@ -1,9 +1,12 @@
 #include "records/practices.h"
 
+#include <algorithm>
+
 #include "core/change.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/rows.h"
+#include "core/sessiontypes.h"
 #include "core/text.h"
 
 namespace lm {
@@ -25,7 +28,9 @@ std::string PracticeName(const Ledger& ledger, std::string_view id) {
 
 std::string NameForFile(std::string_view name) { return RemoveAny(name, ":/\\?*<>\"|"); }
 
-bool IsRateColumn(std::string_view key) { return key.starts_with("RATE_"); }
+bool IsRateColumn(std::string_view key) {
+  return std::ranges::find(kSessionTypes, key, &SessionType::rateColumn) != kSessionTypes.end();
+}
 
 std::optional<std::string> MileageText(std::string_view typed) {
   const std::string_view text = Trim(typed);

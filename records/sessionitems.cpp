@@ -225,7 +225,7 @@ Picker SessionItems::PickerOf(int /*row*/, int col) {
 
 std::optional<std::string> SessionItems::Accept(int /*row*/, int col, std::string_view text) {
   if (!IsRate(col)) return std::string(text);
-  std::string amount = MoneyCell(Trim(text));
+  std::string amount = MoneyCell(text);
   if (amount.empty()) return std::nullopt;
   return amount;
 }

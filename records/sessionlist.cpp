@@ -7,8 +7,7 @@
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "core/rows.h"
-#include "core/text.h"
-#include "entry/money.h"
+#include "entry/checks.h"
 #include "records/sessionrules.h"
 #include "records/windows.h"
 
@@ -71,12 +70,8 @@ std::optional<std::string> SessionListRules::Accept(int /*row*/, int col, std::s
                                               : EnterTime(ledger_, typed, column->message);
   if (key != "RATE") return std::string(typed);
 
-  const std::string_view text = Trim(typed);
-  if (text.empty()) return "0";
-  std::string amount = MoneyCell(text);
-  if (!amount.empty()) return amount;
-  ShowMessage(ledger_, kInvalidRate);
-  return std::nullopt;
+  const auto amount = EnterAmount(ledger_, typed, kInvalidRate);
+  return amount && amount->empty() ? "0" : amount;
 }
 
 void SessionListRules::Edited(int row, int col) {

@@ -10,30 +10,15 @@
 #include "core/platform.h"
 #include "core/rows.h"
 #include "core/text.h"
-#include "entry/parsedate.h"
-#include "entry/parsetime.h"
 #include "records/practices.h"
 
 namespace lm {
 namespace {
 
-// Where each type's hourly rate stands: with the practice, and among the defaults.
-struct RatePlace {
-  int typeCode;
-  std::string_view column;
-  std::size_t defaultItem;
-};
-
-constexpr RatePlace kRatePlaces[] = {
-    {kTypeNormal, "RATE_NORMAL", 0},           {kTypeOohStandard, "RATE_OOHS", 1},
-    {kTypeOohDeputising, "RATE_OOHD", 2},      {kTypePrivate, "RATE_PRIVATE", 3},
-    {kTypeUnpensioned, "RATE_UNPENSIONED", 4},
-};
-
-const RatePlace& RatePlaceOf(int typeCode) {
-  for (const RatePlace& place : kRatePlaces)
-    if (place.typeCode == typeCode) return place;
-  return kRatePlaces[0];
+// 0 for a type on which the employer contributes nothing, and for codes that are no type.
+Single ContributionShare(int typeCode) {
+  const SessionType* type = FindSessionType(typeCode);
+  return type ? type->contributionShare : 0;
 }
 
 std::optional<Double> DaysWorked(const SessionTimes& times) {
@@ -59,22 +44,6 @@ Single SumAsSingle(std::string_view a, std::string_view b) {
   return static_cast<Single>(Val(a) + Val(b));
 }
 
-// A generic answer of a parser says no more than the field's own text.
-bool IsGenericReason(std::string_view reason) {
-  return EqualsIgnoreCase(reason, "Invalid date") || reason == "Please enter a valid time.";
-}
-
-std::optional<std::string> EnterWith(void (*parse)(std::string_view, Date, std::string&,
-                                                   std::string&),
-                                     Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage) {
-  std::string result, reason;
-  parse(typed, ledger.platform.clock.Now(), result, reason);
-  if (reason.empty()) return result;
-  ShowMessage(ledger, fieldMessage, IsGenericReason(reason) ? "" : reason);
-  return std::nullopt;
-}
-
 void RemoveRowsOf(Grid& grid, std::string_view sessionId) {
   const RedrawOff off(grid);
   const int sessId = grid.ColIndex("SESSID");
@@ -91,15 +60,14 @@ void SetForms(Ledger& ledger, int row, const std::string& forms) {
 
 }  // namespace
 
-std::string_view RateColumn(int typeCode) { return RatePlaceOf(typeCode).column; }
-
 std::optional<Single> HourlyRate(const Ledger& ledger, int typeCode, std::string_view practiceId) {
-  const RatePlace& place = RatePlaceOf(typeCode);
-  std::string rate = PracticeCell(ledger, practiceId, place.column);
+  const SessionType* type = FindSessionType(typeCode);
+  if (!type) type = FindSessionType(kTypeNormal);
+  std::string rate = PracticeCell(ledger, practiceId, type->rateColumn);
   if (rate.empty()) {
     const std::string option = GetOption(ledger, optDefaultRates);
     const auto defaults = Split(option, '|');
-    if (place.defaultItem < defaults.size()) rate = defaults[place.defaultItem];
+    if (type->defaultRate < defaults.size()) rate = defaults[type->defaultRate];
   }
   if (rate.empty()) return std::nullopt;
   return static_cast<Single>(Val(rate));
@@ -124,13 +92,13 @@ void GridFeeFromTimes(Ledger& ledger, int row) {
 SessionSums WindowRecalculation(int typeCode, std::string_view rate, std::string_view extras,
                                 std::string_view expenses, std::string_view contribRate) {
   SessionSums sums;
-  Single amount = SumAsSingle(extras, rate);
+  const Single amount = SumAsSingle(extras, rate);
   sums.pensionable = Money(amount);
-  if (typeCode == kTypeNormal) amount = amount * kPensionableShare;
-  if (typeCode == kTypeNormal || typeCode == kTypeOohStandard)
-    sums.employerContrib = Money(static_cast<Double>(amount) * Val(contribRate) / 100);
-  else
-    sums.employerContrib = "0.00";
+  sums.employerContrib = "0.00";
+  if (const Single share = ContributionShare(typeCode); share > 0) {
+    const Single base = amount * share;
+    sums.employerContrib = Money(static_cast<Double>(base) * Val(contribRate) / 100);
+  }
   sums.total = Money(Val(rate) + Val(extras) + Val(expenses) + Val(sums.employerContrib));
   return sums;
 }
@@ -138,14 +106,11 @@ SessionSums WindowRecalculation(int typeCode, std::string_view rate, std::string
 void GridRecalculation(Ledger& ledger, int row) {
   Grid& sessions = ledger.fgSessions;
   const auto cell = [&](std::string_view key) { return sessions.TextMatrix(row, key); };
-  const int type = SessionTypeOf(ledger, row);
-
   std::string contribution = "0";
-  if (type == kTypeNormal || type == kTypeOohStandard) {
+  if (const Single share = ContributionShare(SessionTypeOf(ledger, row)); share > 0) {
     const auto percentage = static_cast<Single>(Val(cell("EMPLOYERCONTRIBRATE")));
-    Single amount = SumAsSingle(cell("RATE"), cell("EXTRAS"));
-    if (type == kTypeNormal) amount = amount * kPensionableShare;
-    contribution = Money((percentage / 100) * amount);
+    const Single base = SumAsSingle(cell("RATE"), cell("EXTRAS")) * share;
+    contribution = Money((percentage / 100) * base);
   }
   sessions.SetTextMatrix(row, "EMPLOYERCONTRIB", contribution);
   sessions.SetTextMatrix(row, "TOTAL",
@@ -161,25 +126,6 @@ std::string SumOfItems(const Grid& items) {
   return Money(RoundMoney(sum));
 }
 
-std::optional<std::string> EnterDate(Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage) {
-  return EnterWith(ParseDate, ledger, typed, fieldMessage);
-}
-
-std::optional<std::string> EnterTime(Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage) {
-  return EnterWith(ParseTime, ledger, typed, fieldMessage);
-}
-
-std::optional<std::string> EnterRate(Ledger& ledger, std::string_view typed) {
-  const std::string signless = RemoveAny(typed, "£$+"_w);
-  const std::string_view text = Trim(signless);
-  if (text.empty()) return "";
-  if (IsNumeric(text)) return Money(NumericValue(text));
-  ShowMessage(ledger, kInvalidRate);
-  return std::nullopt;
-}
-
 int SessionRow(const Ledger& ledger, std::string_view id) {
   return RecordRow(ledger.fgSessions, id);
 }
@@ -191,6 +137,21 @@ int SessionTypeOf(const Ledger& ledger, int row) {
 bool IsSessionLocked(const Ledger& ledger, int row) {
   return IsLocked(ledger.fgSessions.TextMatrix(row, "FORMS"),
                   ledger.fgSessions.TextMatrix(row, "INVOICE"));
+}
+
+bool StartsTogether(const Ledger& ledger, std::string_view date, std::string_view time,
+                    std::string_view exceptId) {
+  if (date.empty() || time.empty()) return false;
+  const Grid& sessions = ledger.fgSessions;
+  const int idCol = sessions.ColIndex("ID");
+  const int dateCol = sessions.ColIndex("SDATE");
+  const int timeCol = sessions.ColIndex("STIME");
+  for (const int row : Records(sessions)) {
+    if (sessions.TextMatrix(row, dateCol) != date || sessions.TextMatrix(row, timeCol) != time)
+      continue;
+    if (exceptId.empty() || sessions.TextMatrix(row, idCol) != exceptId) return true;
+  }
+  return false;
 }
 
 std::optional<LockMessage> DeleteRefusal(std::string_view forms, std::string_view invoice) {
@@ -258,8 +219,7 @@ std::string InvoiceStatusText(const Ledger& ledger, int row) {
 }
 
 std::string_view UnpensionedText(int typeCode) {
-  return typeCode == kTypeNormal || typeCode == kTypeOohStandard ? "Not pensioned yet"
-                                                                 : "Not pensionable";
+  return ContributionShare(typeCode) > 0 ? "Not pensioned yet" : "Not pensionable";
 }
 
 bool ShowsEmployerContrib(const Ledger& ledger) {

@@ -12,24 +12,13 @@
 
 #include "core/ledger.h"
 #include "core/numbers.h"
+#include "core/sessiontypes.h"
 
 namespace lm {
 
-// Session types, as SESS_TYPE stores them.
-constexpr int kTypePrivate = 0;
-constexpr int kTypeNormal = 1;
-constexpr int kTypeOohStandard = 2;
-constexpr int kTypeOohDeputising = 3;
-constexpr int kTypeUnpensioned = 4;
-
-// The share of an NHS Normal fee that is pensionable: 0.9 as a Single has it.
-constexpr Single kPensionableShare = 0.899999976158142f;
-
-// The type's column of fgPractices. Codes that are no type have the column of NHS Normal.
-std::string_view RateColumn(int typeCode);
-
 // Pounds an hour: the practice's own rate for the type or, with no practice ("" or an unknown ID)
-// or an empty cell there, the default of option 64. Empty when neither is set.
+// or an empty cell there, the default of option 64. Empty when neither is set. Codes that are no
+// type have the rates of NHS Normal.
 std::optional<Single> HourlyRate(const Ledger& ledger, int typeCode, std::string_view practiceId);
 
 // The texts of the four date and time fields or cells; endDate is "" for a same-day session.
@@ -61,21 +50,11 @@ void GridRecalculation(Ledger& ledger, int row);
 // are deleted ones and do not count.
 std::string SumOfItems(const Grid& items);
 
-// What was typed as a session's date or time, as it is stored: dd/mm/yyyy, hh:nn, or "" for blanks.
-// Empty after a message: the field's own text, with the parser's reason where that says more.
+// What a date or time that cannot be read is told with.
 constexpr std::string_view kInvalidStartDate = "Please enter a valid start date.";
 constexpr std::string_view kInvalidEndDate = "Please enter a valid end date.";
 constexpr std::string_view kInvalidStartTime = "Please enter a valid start time.";
 constexpr std::string_view kInvalidEndTime = "Please enter a valid end time.";
-constexpr std::string_view kInvalidRate = "The rate must be blank or a number.";
-std::optional<std::string> EnterDate(Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage);
-std::optional<std::string> EnterTime(Ledger& ledger, std::string_view typed,
-                                     std::string_view fieldMessage);
-
-// What was typed as a rate in a window: two decimals ("1,000" gives "1000.00"), "" for blanks.
-// Empty after a message when it is no number. Signs of pounds do not matter.
-std::optional<std::string> EnterRate(Ledger& ledger, std::string_view typed);
 
 // Row of the session with this ID, never a group row; -1 when there is none.
 int SessionRow(const Ledger& ledger, std::string_view id);
@@ -86,6 +65,11 @@ inline bool IsLocked(std::string_view forms, std::string_view invoice) {
   return !forms.empty() || !invoice.empty();
 }
 bool IsSessionLocked(const Ledger& ledger, int row);
+
+// Whether another session than `exceptId` ("" for a new one) starts on this date at this time, by
+// the texts of the cells and wherever it is worked. False while either text is empty.
+bool StartsTogether(const Ledger& ledger, std::string_view date, std::string_view time,
+                    std::string_view exceptId = "");
 
 // Why a locked session cannot be deleted; the invoice is named first. Empty when it is not locked.
 struct LockMessage {

@@ -7,27 +7,31 @@
 namespace lm {
 
 const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs{{
-    {17, "Title:", MyDetailsTab::Personal},
-    {0, "Address:", MyDetailsTab::Personal},
-    {1, "Address line 2:", MyDetailsTab::Personal},
-    {2, "Address line 3:", MyDetailsTab::Personal},
-    {3, "Address line 4:", MyDetailsTab::Personal},
-    {4, "Postcode:", MyDetailsTab::Personal},
-    {7, "Telephone:", MyDetailsTab::Personal},
-    {11, "Mobile:", MyDetailsTab::Personal},
-    {6, "E-mail:", MyDetailsTab::Personal},
-    {15, "Date of Birth:", MyDetailsTab::Personal},
-    {10, "Qualifications:", MyDetailsTab::Professional},
-    {5, "GMC Number:", MyDetailsTab::Professional},
-    {12, "Performers List Number:", MyDetailsTab::Professional},
-    {8, "Indemnity Company:", MyDetailsTab::Professional},
-    {9, "Indemnity Number:", MyDetailsTab::Professional},
-    {14, "Tax Reference (UTR):", MyDetailsTab::Professional},
-    {19, "Bank Details:", MyDetailsTab::Professional},
-    {13, "National Insurance Number:", MyDetailsTab::Pension},
-    {18, "Pension Scheme Number:", MyDetailsTab::Pension},
-    {16, "Authority for Pension Forms:", MyDetailsTab::Pension},
-    {20, "ODS Code:", MyDetailsTab::Pension},
+    {kMyTitleField, "Title:", MyDetailsTab::Personal},
+    {kAddress1Field, "Address:", MyDetailsTab::Personal},
+    {kAddress2Field, "Address line 2:", MyDetailsTab::Personal},
+    {kAddress3Field, "Address line 3:", MyDetailsTab::Personal},
+    {kAddress4Field, "Address line 4:", MyDetailsTab::Personal},
+    {kPostcodeField, "Postcode:", MyDetailsTab::Personal},
+    {kTelephoneField, "Telephone:", MyDetailsTab::Personal},
+    {kMobileField, "Mobile:", MyDetailsTab::Personal},
+    {kEmailField, "E-mail:", MyDetailsTab::Personal},
+    {kBirthDateField, "Date of Birth:", MyDetailsTab::Personal},
+    {kQualificationsField, "Qualifications:", MyDetailsTab::Professional},
+    {kGmcNumberField, "GMC Number:", MyDetailsTab::Professional, "9999999",
+     "A GMC number has seven figures."},
+    {kPerformersNumberField, "Performers List Number:", MyDetailsTab::Professional},
+    {kIndemnityCompanyField, "Indemnity Company:", MyDetailsTab::Professional},
+    {kIndemnityNumberField, "Indemnity Number:", MyDetailsTab::Professional},
+    {kTaxReferenceField, "Tax Reference (UTR):", MyDetailsTab::Professional},
+    {kBankDetailsField, "Bank Details:", MyDetailsTab::Professional},
+    {kInsuranceNumberField, "National Insurance Number:", MyDetailsTab::Pension, "AA999999A",
+     "A National Insurance number has two letters, six figures and a letter; the boxes of the "
+     "forms take no more."},
+    {kSchemeNumberField, "Pension Scheme Number:", MyDetailsTab::Pension, "99999999",
+     "A pension scheme number has eight figures; Form SOLO prints the last eight characters."},
+    {kAuthorityField, "Authority for Pension Forms:", MyDetailsTab::Pension},
+    {kOdsCodeField, "ODS Code:", MyDetailsTab::Pension},
 }};
 
 std::string_view MyDetailCaption(int field) {
@@ -38,7 +42,6 @@ std::string_view MyDetailCaption(int field) {
 
 namespace {
 
-// A = a letter, 9 = a digit.
 bool HasShape(std::string_view text, std::string_view shape) {
   return text.size() == shape.size() &&
          std::equal(text.begin(), text.end(), shape.begin(), [](char c, char place) {
@@ -46,28 +49,14 @@ bool HasShape(std::string_view text, std::string_view shape) {
          });
 }
 
-struct Shape {
-  int field;
-  std::string_view shape;
-  std::string_view hint;
-};
-
-constexpr Shape kShapes[] = {
-    {13, "AA999999A",
-     "A National Insurance number has two letters, six figures and a letter; the boxes of the "
-     "forms take no more."},
-    {5, "9999999", "A GMC number has seven figures."},
-    {18, "99999999",
-     "A pension scheme number has eight figures; Form SOLO prints the last eight characters."},
-};
-
 }  // namespace
 
 std::string MyDetailHint(int field, std::string_view text) {
   const std::string typed = ToUpper(RemoveAny(text, "-./\\, "));
   if (typed.empty()) return "";
-  for (const Shape& shape : kShapes)
-    if (shape.field == field && !HasShape(typed, shape.shape)) return std::string(shape.hint);
+  for (const MyDetailSpec& spec : kMyDetailSpecs)
+    if (spec.field == field && !spec.shape.empty() && !HasShape(typed, spec.shape))
+      return std::string(spec.hint);
   return "";
 }
 

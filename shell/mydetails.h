@@ -1,5 +1,5 @@
 // The My Details page, as data: what each of the 21 numbered fields holds and on which tab it
-// stands. Documents and pension forms ask for the fields by these numbers.
+// stands.
 #pragma once
 
 #include <array>
@@ -14,9 +14,11 @@ enum class MyDetailsTab { Personal, Professional, Pension };
 constexpr std::array<std::string_view, 3> kMyDetailsTabs{"Personal", "Professional", "Pension"};
 
 struct MyDetailSpec {
-  int field;
+  MyDetailField field;
   std::string_view caption;
   MyDetailsTab tab;
+  std::string_view shape = "";  // A a letter, 9 a digit; "" has no fixed one
+  std::string_view hint = "";   // what to look at when the text cannot fit
 };
 
 // In the order in which they stand on the page.

@@ -75,6 +75,10 @@ TEST(Format, TheKindDecidesWhereAHalfLies) {
   EXPECT_EQ(Format(static_cast<Double>(36.665f), "0.00"), "36.67");
   EXPECT_EQ(Format(36.664996f, "0.00"), "36.67");  // seven digits: 36.66500
   EXPECT_EQ(Format(36.664996, "0.00"), "36.66");
+  EXPECT_EQ(Format(34727.625f, "0.00"), "34727.63");
+  EXPECT_EQ(Format(34727.125f, "#,##0.00"), "34,727.13");
+  EXPECT_EQ(Format(-34727.625f, "0.00"), "-34727.63");
+  EXPECT_EQ(Format(34727.62f, "0.00"), "34727.62");
   EXPECT_EQ(Format(Currency::FromTenThousandths(-26750), "0.00"), "-2.68");
   EXPECT_EQ(Format(Currency::FromTenThousandths(9223372036854775807), "#,##0.0000"),
             "922,337,203,685,477.5807");

@@ -49,6 +49,7 @@ TEST(Formatting, WhatTheCellsShow) {
       {"fgPensionPayments", "MONTH", "01/02/2026", "Sun 01 Feb 2026"},
       {"fgPensionSolo", "MONTH", "01/02/2026", "Feb 2026"},
       {"fgPensionC", "SESSIONS", "1234", "1,234"},
+      {"fgPensionD", "AVC", "1234.5", "1,234.50"},
       {"fgExpenses", "CATEGORY", "0", "Mileage"},
       {"fgSessionExpenses", "CATEGORY", "3", "Other"},
       {"fgEvents", "CATEGORY", "-2", "Vacation"},

@@ -74,7 +74,7 @@ TEST(GridSubtotal, Functions) {
     Lines cells;  // of group A, with one more record of 60 behind it
     std::string figure;
   } cases[] = {
-      {SubtotalFunction::Sum, {"0.1", "0.2", "", "12,3x"}, "12.3"},
+      {SubtotalFunction::Sum, {"0.1", "0.2", "", "12,3x"}, "123.3"},
       {SubtotalFunction::Sum, {"1,000", "-0.01"}, "999.99"},
       {SubtotalFunction::Sum, {"banana", ""}, "0"},
       {SubtotalFunction::Percent, {"10", "10"}, "25"},

@@ -148,6 +148,10 @@ TEST(Numbers, PlainTextShowsSignificantDigits) {
   EXPECT_EQ(PlainText(36.665f), "36.665");
   EXPECT_EQ(PlainText(16777217.0f), "16777220");
   EXPECT_EQ(PlainText(99999.995f), "99999.99");  // the single lies below the half
+  EXPECT_EQ(PlainText(34727.625f), "34727.63");
+  EXPECT_EQ(PlainText(-34727.625f), "-34727.63");
+  EXPECT_EQ(PlainText(1000000.5f), "1000001");
+  EXPECT_EQ(PlainText(std::numeric_limits<Single>::max()).substr(0, 8), "34028230");
   EXPECT_EQ(PlainText(-1), "-1");
 }
 
@@ -174,6 +178,8 @@ TEST(Numbers, RoundMoneyIsHalfToEvenOnDecimalDigits) {
   for (const auto& c : cases) EXPECT_EQ(RoundMoney(c.value), c.rounded) << c.value;
   EXPECT_EQ(RoundMoney(36.665f), 36.66f);
   EXPECT_EQ(RoundMoney(36.675f), 36.68f);
+  EXPECT_EQ(RoundMoney(34727.625f), 34727.62f);
+  EXPECT_EQ(RoundMoney(34727.875f), 34727.88f);
 }
 
 TEST(Numbers, CurrencyRoundsAtTheFourthDecimal) {
@@ -183,14 +189,17 @@ TEST(Numbers, CurrencyRoundsAtTheFourthDecimal) {
   } cases[] = {
       {0, 0},
       {1.5, 15000},
-      {0.00005, 0},
-      {0.00015, 2},
-      {0.00025, 2},
-      {-0.00015, -2},
-      {2.67545, 26754},
-      {2.67555, 26756},
+      {0.00005, 1},  // of the decimal halves, those that binary can only come near
+      {0.00015, 1},  // go where they lie
+      {-0.00015, -1},
+      {2.67545, 26755},
+      {2.67555, 26755},
+      {0.03125, 312},  // an exact half
+      {0.09375, 938},
+      {-0.03125, -312},
       {112.94, 1129400},
-      {-0.00005, 0},
+      {99999.99994999999, 999999999},
+      {999999999999.0001, 9999999999990001},
       {922337203685477.0, 9223372036854770000},
       {922337203685478.0, 0},
       {1e300, 0},
@@ -200,7 +209,9 @@ TEST(Numbers, CurrencyRoundsAtTheFourthDecimal) {
   };
   for (const auto& c : cases)
     EXPECT_EQ(Currency::From(c.value).TenThousandths(), c.count) << c.value;
-  EXPECT_EQ(Currency::From(73.33f).TenThousandths(), 733300);  // not the 73.33000183 behind it
+  EXPECT_EQ(Currency::From(73.33f).TenThousandths(), 733300);      // 73.33000183
+  EXPECT_EQ(Currency::From(8863.65f).TenThousandths(), 88636504);  // 8863.650390625
+  EXPECT_EQ(Currency::From(-8863.65f).TenThousandths(), -88636504);
   EXPECT_EQ(Currency::FromText("1,234.50").TenThousandths(), 10000);
   EXPECT_EQ(Currency::FromText("banana").TenThousandths(), 0);
 }

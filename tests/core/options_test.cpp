@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <set>
 
 #include "core/datafile.h"
+#include "core/numbers.h"
+#include "core/optioncheck.h"
+#include "core/optiontable.h"
 #include "core/shortcuts.h"
 #include "core/text.h"
 #include "tests/support/scripted_platform.h"
@@ -41,6 +46,82 @@ TEST(Options, DefaultsFillEmptyCellsOnly) {
       {kOptionCount, ""},
   };
   for (const auto& [option, text] : cases) EXPECT_EQ(GetOption(ledger, option), text) << option;
+}
+
+TEST(Options, TheTableHoldsEachNumberOnceAndNothingThatItsKindRefuses) {
+  std::set<int> unused;
+  for (int number = 0; number < kOptionCount; ++number) unused.insert(number);
+  int last = -1;
+  for (const OptionSpec& option : OptionSpecs()) {
+    EXPECT_GT(option.number, last) << option.name;
+    last = option.number;
+    unused.erase(last);
+    EXPECT_EQ(FindOption(last), &option);
+    EXPECT_EQ(FindOption(ToUpper(option.name)), &option);
+    const auto choices = ChoicesOf(option);
+    EXPECT_EQ(option.kind == OptionKind::Choice, choices.size() > 1) << option.name;
+    for (const std::string_view text : {option.text, option.firstValue}) {
+      if (text.empty()) continue;
+      const auto isText = [&](const OptionChoice& choice) { return choice.value == text; };
+      bool fits = true;
+      if (option.kind == OptionKind::Boolean) fits = text == "TRUE" || text == "FALSE";
+      if (option.kind == OptionKind::Number || option.kind == OptionKind::Money ||
+          option.kind == OptionKind::Percentage)
+        fits = IsNumeric(text);
+      if (option.kind == OptionKind::Colour) fits = AllDigits(text) && ValInt(text) <= 0xFFFFFF;
+      if (option.kind == OptionKind::Choice) fits = std::ranges::any_of(choices, isText);
+      EXPECT_TRUE(fits) << option.name;
+      const bool whole = option.kind != OptionKind::Packed;
+      EXPECT_TRUE(!whole || CheckOption(option, text).text == text) << option.name;
+    }
+  }
+  EXPECT_EQ(unused, (std::set<int>{0, 4, 8, 15, 16, 17, 23, 35, 36, 37}));
+  EXPECT_EQ(FindOption(-1), nullptr);
+  EXPECT_EQ(FindOption("opt"), nullptr);
+}
+
+TEST(Options, WhatMayBeTyped) {
+  const struct {
+    Option option;
+    std::string typed, stored, reason;
+  } cases[] = {
+      {optAutoBackupDays, "", "", ""},
+      {optAutoBackupDays, "1,000", "1000", ""},
+      {optAutoBackupDays, "soon", "", "Enter a number or leave blank."},
+      {optDefaultAVC, "£12.5"_w.data(), "12.50", ""},
+      {optDefaultAVC, " ", "", ""},
+      {optDefaultAVC, "10%", "10%", ""},
+      {optDefaultAVC, "250", "250.00", ""},
+      {optDefaultAVC, "150%", "", "Percentage figures must be between 0 and 100."},
+      {optDefaultAVC, "%", "", "This figure must be a valid number or blank."},
+      {optMandatoryContribution, "7.1%", "7.1", ""},
+      {optMandatoryContribution, "-100", "100", ""},
+      {optMandatoryContribution, "100.1", "", "Percentage figures must be between 0 and 100."},
+      {optMandatoryContribution, "", "", "This figure must be a valid number."},
+      {optEmployerContribRate, "=14.3", "14.30", ""},
+      {optMileageRate, "1000", "1000.00", ""},
+      {optMileageRate, "1000.01", "", "This figure cannot be more than 1000."},
+      {optUpcomingDays, "179.5", "179.5", ""},
+      {optUpcomingDays, "180", "", "This figure must be less than 180."},
+      {optFinancePeriod, "x", "", "This figure must be a number."},
+      {optRecentExpensePeriod, "999", "999", ""},
+      {optRecentExpensePeriod, "-1", "", "This figure must be a number between 0 and 999."},
+      {optInvoiceStartNumber, "no 12", "12", ""},
+      {optInvoiceStartNumber, "0", "1", ""},
+      {optInvoiceNumberFormat, "0a0#0", "000", ""},
+      {optDefaultRates, "", "", ""},
+      {optDefaultRates, "+£85"_w.data(), "85", ""},
+      {optEventCategories, "A;B", "", "Category Names cannot contain the characters '|' or ';'."},
+      {optEventCategories, "Half day", "Half day", ""},
+      {optInvoiceNote, "any;|%", "any;|%", ""},
+  };
+  for (const auto& each : cases) {
+    const CheckedOption checked = CheckOption(*FindOption(each.option), each.typed);
+    EXPECT_EQ(checked.text.value_or(""), each.stored) << each.option << " " << each.typed;
+    EXPECT_EQ(checked.text.has_value(), each.reason.empty()) << each.option << " " << each.typed;
+    EXPECT_EQ(checked.reason, each.reason) << each.option << " " << each.typed;
+  }
+  EXPECT_EQ(CheckOption(*FindOption(optMileageRate), "x").prompt, "Inavlid Value");
 }
 
 TEST(Options, DefaultRatesOfFourFieldsGetTheFirst) {

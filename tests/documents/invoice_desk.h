@@ -19,6 +19,7 @@
 #include "core/files.h"
 #include "core/formatting.h"
 #include "core/options.h"
+#include "core/pounds.h"
 #include "documents/invoicepdf.h"
 #include "documents/invoices.h"
 #include "documents/prepareinvoices.h"
@@ -165,8 +166,8 @@ inline void ExpectSoundBooks(const Ledger& ledger) {
     const std::string id = sessions.TextMatrix(row, "INVOICE");
     if (sessions.IsSubtotal(row) || id.empty()) continue;
     EXPECT_GE(InvoiceRow(ledger, id), 0) << "no invoice " << id;
-    sums[id].amount += Pounds(sessions.TextMatrix(row, "TOTAL"));
-    sums[id].employerContrib += Pounds(sessions.TextMatrix(row, "EMPLOYERCONTRIB"));
+    sums[id].amount += CurrencyOf(sessions.TextMatrix(row, "TOTAL"));
+    sums[id].employerContrib += CurrencyOf(sessions.TextMatrix(row, "EMPLOYERCONTRIB"));
   }
   for (int row = invoices.FixedRows(); row < invoices.Rows(); ++row) {
     if (invoices.IsSubtotal(row)) continue;

@@ -9,7 +9,6 @@
 namespace lm::test {
 namespace {
 
-constexpr int kSchemeNumberField = 18;
 
 }  // namespace
 
@@ -18,9 +17,9 @@ void FillDemo(TestLedger& test) {
   SetMyDetail(ledger, kMyTitleField, "Dr");
   SetMyDetail(ledger, kFirstNameField, "Frances");
   SetMyDetail(ledger, kLastNameField, "Okafor");
-  SetMyDetail(ledger, 0, "14 Linden Terrace");
-  SetMyDetail(ledger, 4, "BS6 5QA");
-  SetMyDetail(ledger, 6, "f.okafor@example.org");
+  SetMyDetail(ledger, kAddress1Field, "14 Linden Terrace");
+  SetMyDetail(ledger, kPostcodeField, "BS6 5QA");
+  SetMyDetail(ledger, kEmailField, "f.okafor@example.org");
 
   const std::vector<std::vector<std::string>> practices{
       {"NAME=Riverside Surgery", "PCODE=F84003", "ODS_CODE=L81007", "ADDR1=2 Quay Street",

@@ -91,6 +91,21 @@ TEST(SessionItemsAndLinks, CopyOfALockedSessionIsFree) {
       "7 2 Taxi 2 7");
 }
 
+TEST(SessionItemsAndLinks, CopyKeepsWhatTheListsNoLongerOffer) {
+  Surgery surgery;
+  surgery.AddRow(surgery.ledger.fgPractices, {"ID=3", "RATE_OOHD=50"});
+  surgery.AddSession({"PRACTICE=3", "SESS_TYPE=3"});
+  SetOption(surgery, optDefaultRates, "|70|80|90|100");
+  frmSession window(surgery);
+  ASSERT_TRUE(window.Copy("1"));
+  EXPECT_EQ(window.cPractice.ListIndex(), -1);
+  EXPECT_EQ(window.cSess_Type.ListIndex(), -1);
+  window.Enter(window.cSDate, "9/2/2026");
+  EXPECT_EQ(window.cRate.Text(), "240.00");  // the type's default
+  window.Press(window.cmdOk);
+  EXPECT_EQ(Cells(surgery.ledger.fgSessions, 3, {"ID", "PRACTICE", "SESS_TYPE"}), "2 3 3");
+}
+
 TEST(SessionItemsAndLinks, WorkingRowsReachTheTableOnOkOnly) {
   for (const bool ok : {false, true}) {
     Surgery surgery;

@@ -162,25 +162,21 @@ TEST_F(SessionRules, HiddenItemsDoNotCountInTheSum) {
   EXPECT_EQ(SumOfItems(Grid("noColumns")), "0.00");
 }
 
-TEST_F(SessionRules, TypedDatesTimesAndRatesAreReadOrRefusedWithAReason) {
-  EXPECT_EQ(EnterDate(ledger, "tom", kInvalidStartDate), "04/02/2026");
-  EXPECT_EQ(EnterDate(ledger, "", kInvalidStartDate), "");
-  EXPECT_EQ(EnterTime(ledger, "3", kInvalidStartTime), "15:00");
-  EXPECT_EQ(EnterRate(ledger, " "), "");
-  EXPECT_EQ(EnterRate(ledger, "1,000"), "1000.00");
-  EXPECT_EQ(EnterRate(ledger, std::string("£1,234.5"_w)), "1234.50");
-  EXPECT_TRUE(t.shown.messages.empty());
-
-  EXPECT_EQ(EnterDate(ledger, "banana", kInvalidEndDate), std::nullopt);
-  EXPECT_EQ(t.shown.messages.back().mainPrompt, "Please enter a valid end date.");
-  EXPECT_EQ(t.shown.messages.back().minorPrompt, "");
-  EXPECT_EQ(EnterTime(ledger, "half past", kInvalidEndTime), std::nullopt);
-  EXPECT_EQ(t.shown.messages.back().mainPrompt, "Please enter a valid end time.");
-  EXPECT_EQ(t.shown.messages.back().minorPrompt, "");
-  EXPECT_EQ(EnterTime(ledger, "2515", kInvalidEndTime), std::nullopt);
-  EXPECT_EQ(t.shown.messages.back().minorPrompt, "The hour must be 00 to 23.");
-  EXPECT_EQ(EnterRate(ledger, "12,3x"), std::nullopt);
-  EXPECT_EQ(t.shown.TakeMessage(), "The rate must be blank or a number.");
+TEST_F(SessionRules, SessionsThatStartTogether) {
+  t.AddRow(sessions, {"ID=1", "SDATE=02/02/2026", "STIME=09:00", "PRACTICE=1"});
+  sessions.SetRowOutlineLevel(t.AddRow(sessions, {"ID=9", "SDATE=02/02/2026", "STIME=10:00"}), 1);
+  t.AddRow(sessions, {"ID=2", "SDATE=02/02/2026", "STIME=11:00"});
+  t.AddRow(sessions, {"ID=", "SDATE=", "STIME="});
+  const struct {
+    const char *date, *time, *exceptId;
+    bool found;
+  } cases[] = {{"02/02/2026", "09:00", "", true},  {"02/02/2026", "09:00", "1", false},
+               {"02/02/2026", "11:00", "1", true}, {"02/02/2026", "10:00", "", false},
+               {"2/2/2026", "09:00", "", false},   {"02/02/2026", "12:00", "", false},
+               {"02/02/2026", "", "", false},      {"", "", "", false}};
+  for (const auto& each : cases)
+    EXPECT_EQ(StartsTogether(ledger, each.date, each.time, each.exceptId), each.found)
+        << each.date << each.time << each.exceptId;
 }
 
 TEST_F(SessionRules, FormLettersGoInOnceAndComeOut) {
