@@ -140,9 +140,9 @@ bool frmSession::New(std::string_view date, std::string_view time, std::string_v
   SetCaption("New Session");
   cSDate.SetText(date);
   cSTime.SetText(time);
-  cSess_Type.SetListIndex(0);
+  cSess_Type.SetSelected(0);
   if (cPractice.Items().size() == 1)
-    cPractice.SetListIndex(0);
+    cPractice.SetSelected(0);
   else
     cPractice.SelectData(practiceId);
   for (Field* amount : std::initializer_list<Field*>{&cRate, &cExtras, &cPensionable, &cExpenses,
@@ -239,7 +239,7 @@ void frmSession::MarkTabs() {
 
 // -1, which no rule takes for a type, when none is selected.
 int frmSession::TypeCode() const {
-  return cSess_Type.ListIndex() < 0 ? -1 : ValInt(cSess_Type.ItemData());
+  return cSess_Type.Selected() < 0 ? -1 : ValInt(cSess_Type.ItemData());
 }
 
 void frmSession::CalculateFee() {
@@ -367,8 +367,8 @@ void frmSession::WriteRow(int row) {
   Grid& sessions = ledger.fgSessions;
   ForEachBoundColumn(
       *this, [&](int col, Field& field) { sessions.SetTextMatrix(row, col, field.Text()); });
-  if (cPractice.ListIndex() >= 0) sessions.SetTextMatrix(row, "PRACTICE", cPractice.ItemData());
-  if (cSess_Type.ListIndex() >= 0) sessions.SetTextMatrix(row, "SESS_TYPE", cSess_Type.ItemData());
+  if (cPractice.Selected() >= 0) sessions.SetTextMatrix(row, "PRACTICE", cPractice.ItemData());
+  if (cSess_Type.Selected() >= 0) sessions.SetTextMatrix(row, "SESS_TYPE", cSess_Type.ItemData());
 }
 
 void frmSession::Delete() {

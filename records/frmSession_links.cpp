@@ -69,7 +69,7 @@ void frmSession::FormLinkPressed() {
 int frmSession::FormRow(const Grid& forms) const {
   // A practice that has lost its name is in no list: then the stored ID tells.
   const std::string practice =
-      cPractice.ListIndex() >= 0
+      cPractice.Selected() >= 0
           ? cPractice.ItemData()
           : ledger.fgSessions.TextMatrix(SessionRow(ledger, cID.Text()), "PRACTICE");
   const auto date = CellDate(cSDate.Text());

@@ -56,7 +56,7 @@ struct InvoiceWindow : testing::Test {
       for (int row = 0; row < month.Rows(); ++row)
         for (int col = 0; col < month.Cols() && !picker.Closed(); ++col)
           if (month.TextMatrix(row, col) == day)
-            picker.CellClicked(*picker.Grids().front().grid, row, col);
+            picker.Click(*picker.Grids().front().grid, row, col);
     });
   }
 };
