@@ -1,6 +1,7 @@
 #include "shell/qt/griddelegate.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -290,8 +291,12 @@ bool GridDelegate::Commit() {
   return true;
 }
 
-// A list that has dropped down takes the focus, and is still the editor.
+// A list that has dropped down takes the focus, and is still the editor; and what was left may be
+// the editor of the cell before.
 void GridDelegate::CommitWhenLeft() {
+  if (!editor_) return;
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus && (focus == editor_ || editor_->isAncestorOf(focus))) return;
   const auto* combo = qobject_cast<const QComboBox*>(editor_.data());
   if (!combo || !combo->view()->isVisible()) Commit();
 }
@@ -313,7 +318,9 @@ bool GridDelegate::LeavesDroppedList(const QEvent& event) {
   const int key = static_cast<const QKeyEvent&>(event).key();
   if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;
   const QModelIndex highlighted = list->view()->currentIndex();
-  if (highlighted.isValid()) list->setCurrentIndex(highlighted.row());
+  // A list that shows none of its entries has a current one all the same.
+  if (list->view()->selectionModel()->isSelected(highlighted))
+    list->setCurrentIndex(highlighted.row());
   list->hidePopup();
   EditNeighbour(key == Qt::Key_Tab ? +1 : -1);
   return true;

@@ -271,5 +271,18 @@ TEST_F(InvoiceWindow, GroupedListsDoNotMatter) {
   }
 }
 
+// Two working copies of one invoice would overwrite each other.
+TEST_F(InvoiceWindow, AnInvoiceStandsInOneWindow) {
+  desk.shown.modal = {[&](Screen& outer) {
+                        EXPECT_FALSE(OpenInvoice(desk, "1"));
+                        EXPECT_EQ(desk.Messages(), "The invoice window is already open.");
+                        EXPECT_TRUE(OpenInvoice(desk, "2")) << "another one";
+                        outer.Close();
+                      },
+                      [](Screen& inner) { inner.Close(); }};
+  EXPECT_TRUE(OpenInvoice(desk, "1"));
+  EXPECT_TRUE(OpenInvoice(desk, "1")) << "it has closed";
+}
+
 }  // namespace
 }  // namespace lm
