@@ -193,11 +193,13 @@ void Script::DoOpen(Words words) {
 void Script::DoSet(Words words) {
   Field& field = NamedField(words[0], false);
   if (!field.Enabled() || !field.Visible()) throw ScriptError("disabled: " + field.Name());
-  const bool chosen = field.Kind() == FieldKind::Combo || field.Kind() == FieldKind::Tabs;
-  std::string text = words[1];
-  if (field.Kind() == FieldKind::Check) text = ToUpper(text);
-  field.Owner().Enter(field, text);
-  if (chosen && field.Text() != text) throw ScriptError("no such item: " + text);
+  if (const auto* choice = dynamic_cast<const ChoiceField*>(&field);
+      choice && EntryNamed(*choice, words[1]) < 0)
+    throw ScriptError("no such item: " + words[1]);
+  if (field.Kind() == FieldKind::Label || field.Kind() == FieldKind::Button)
+    throw ScriptError("not to be set: " + field.Name());
+  const bool ticked = field.Kind() == FieldKind::Check;
+  field.Owner().Enter(field, ticked ? ToUpper(words[1]) : words[1]);
   EmitField(field);
 }
 
@@ -224,7 +226,7 @@ void Script::DoCell(Words words) {
   const int idCol = grid->FindCol("ID");
   const std::string id = grid->TextMatrix(row, idCol);
   const EditOutcome outcome =
-      rules ? EditCell(*grid, *rules, row, col, words[3]) : EditOutcome::NotAllowed;
+      owner ? owner->Edit(*grid, row, col, words[3]) : EditOutcome::NotAllowed;
   // What follows an edit may have moved the row: a grouped list sorts itself anew.
   const int now = id.empty() ? row : grid->FindRow(id, -1, idCol);
   EmitRow(*grid, now < 0 ? row : now, {}, NameOf(outcome));
@@ -234,7 +236,7 @@ void Script::DoClick(Words words) {
   Screen* owner = nullptr;
   const auto [grid, rules] = NamedGrid(words[0], &owner);
   if (!owner) throw ScriptError("no window shows " + words[0]);
-  owner->CellClicked(*grid, ValInt(words[1]), ValInt(words[2]));
+  owner->Click(*grid, ValInt(words[1]), ValInt(words[2]));
 }
 
 void Script::DoSort(Words words) {
@@ -263,7 +265,7 @@ void Script::DoOption(Words words) {
   const int option = named ? named->number : ValInt(words[0]);
   if (!named && (!AllDigits(words[0]) || option >= kOptionCount))
     throw ScriptError("no such option: " + words[0]);
-  if (words.size() > 1) SetOption(ledger_, option, words[1]);
+  if (words.size() > 1) SetOption(ledger_, option, WithCrLf(words[1]));
   EmitResult(GetOption(ledger_, option));
 }
 

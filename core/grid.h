@@ -42,7 +42,7 @@ enum class Alignment { General, Left, Centre, Right };
 
 enum class SortSetting {
   GenericAscending,  // as the column's data type says; a column that stores ids sorts by what it
-                     // shows
+                     // shows, and among equal texts by id
   GenericDescending,
   NumericAscending,
   NumericDescending,
@@ -212,12 +212,15 @@ class Grid {
 
   // Group rows. The rows must be sorted on the group column. groupOn -1 is the grand total. Calls
   // with the same level and group column put further sums into the rows already there. A group ends
-  // where the shown value changes, without regard to case, and at a group row of an outer level.
-  // Count counts rows; Average, Maximum and Minimum pass over empty cells; Percent is the share of
-  // the total of all records. A totalOn of -1 makes the rows without a figure. Hidden rows take no
-  // part, and a group of nothing but hidden rows gets no group row.
+  // where the id changes, or in a column without ids the shown value, without regard to case; and
+  // at a group row of an outer level. Count counts rows; Average, Maximum and Minimum pass over
+  // empty cells; Percent is the share of the total of all records. A totalOn of -1 makes the rows
+  // without a figure. Hidden rows take no part, and a group of nothing but hidden rows gets no
+  // group row.
   void Subtotal(SubtotalFunction function, int groupOn, int totalOn, const SubtotalStyle& style);
   void ClearSubtotals();
+  // What the records of a group row hold in the group column; "" for other rows.
+  std::string GroupValue(int row) const;
   void SetSubtotalPosition(SubtotalPosition position);
   // Collapses every group of this level and below, and opens those above; 0 opens all.
   void Outline(int level);

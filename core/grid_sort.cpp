@@ -43,6 +43,13 @@ SortKey KeyOf(std::string_view text, Reading reading) {
   return {kDamaged, 0, ToUpper(text)};
 }
 
+std::vector<SortKey> KeysOf(const std::vector<std::string_view>& texts, Reading reading) {
+  std::vector<SortKey> keys;
+  keys.reserve(texts.size());
+  for (const std::string_view text : texts) keys.push_back(KeyOf(text, reading));
+  return keys;
+}
+
 Reading ReadingFor(SortSetting setting, DataType type, const std::vector<std::string_view>& texts) {
   switch (setting) {
     case SortSetting::NumericAscending:
@@ -85,9 +92,10 @@ void Grid::Sort(SortSetting setting, int col1, int col2) {
       texts[i] = column.comboList.empty() ? cell : column.ComboText(cell);
     }
     const Reading reading = ReadingFor(setting, column.type, texts);
-    std::vector<SortKey>& columnKeys = keys.emplace_back();
-    columnKeys.reserve(count);
-    for (const std::string_view text : texts) columnKeys.push_back(KeyOf(text, reading));
+    keys.push_back(KeysOf(texts, reading));
+    if (!column.comboHasIds) continue;
+    for (std::size_t i = 0; i < count; ++i) texts[i] = rows_[first + i]->Text(column.slot);
+    keys.push_back(KeysOf(texts, Reading::Number));
   }
 
   std::vector<std::size_t> order(count);

@@ -33,6 +33,7 @@ struct Grid::Properties {
 struct Grid::GroupRow {
   int groupSlot = -1;  // -1 for the grand total
   int captionSlot = -1;
+  std::string value;  // what its first record holds in the group column
   Colour backColour = kNoColour;
   Colour foreColour = kNoColour;
   bool bold = true;

@@ -109,6 +109,10 @@ void Grid::SetSubtotalPosition(SubtotalPosition position) {
   coverStale_ = true;
 }
 
+std::string Grid::GroupValue(int row) const {
+  return IsRow(row) && RowAt(row).group ? RowAt(row).group->value : "";
+}
+
 bool Grid::RowVisible(int row) const {
   if (!IsRow(row) || RowAt(row).hidden) return false;
   if (coverStale_) FindCoveredRows();
@@ -171,9 +175,9 @@ bool Grid::SameGroup(const RowData& a, const RowData& b, int groupOn, int matchF
   const int first = matchFrom < 0 ? groupOn : std::min(matchFrom, groupOn);
   for (int col = std::max(first, 0); col <= groupOn; ++col) {
     const Column& column = ColAt(col);
-    if (a.Text(column.slot) != b.Text(column.slot) &&
-        !EqualsIgnoreCase(Shown(a, column), Shown(b, column)))
-      return false;
+    if (a.Text(column.slot) == b.Text(column.slot)) continue;
+    // Two records may bear one name.
+    if (column.comboHasIds || !EqualsIgnoreCase(Shown(a, column), Shown(b, column))) return false;
   }
   return true;
 }
@@ -193,7 +197,10 @@ std::unique_ptr<Grid::RowData> Grid::MakeGroupRow(const RowData& record, int gro
   row->group->backColour = style.backColour;
   row->group->foreColour = style.foreColour;
   row->group->bold = style.bold;
-  if (groupOn != kGrandTotal) row->group->groupSlot = ColAt(groupOn).slot;
+  if (groupOn != kGrandTotal) {
+    row->group->groupSlot = ColAt(groupOn).slot;
+    row->group->value = record.Text(row->group->groupSlot);
+  }
   if (captionCol < 0) return row;
   const Column& column = ColAt(captionCol);
   const std::string value = groupOn == kGrandTotal ? "Total" : Shown(record, column);

@@ -1,6 +1,7 @@
 #include "core/screen.h"
 
 #include "core/change.h"
+#include "core/messagebox.h"
 #include "core/platform.h"
 #include "core/tables.h"
 #include "core/text.h"
@@ -15,7 +16,7 @@ Field::Field(Screen* screen, std::string name, FieldKind kind)
 void Field::SetText(std::string_view text) {
   if (text_ == text) return;
   text_ = text;
-  Changed();
+  TextChanged();
 }
 
 void Field::SetEnabled(bool enabled) {
@@ -40,56 +41,72 @@ void Field::Changed() {
   if (ScreenObserver* observer = screen_->Observer()) observer->FieldChanged(*this);
 }
 
+void Field::TextChanged() {
+  screen_->ForgetRefusal(*this);
+  Changed();
+}
+
+void TextField::SetText(std::string_view text) { Field::SetText(WithCrLf(text)); }
+
+namespace {
+
+int EntryWithText(const ChoiceField& field, std::string_view text) {
+  if (field.Selected() >= 0 && field.Text() == text) return field.Selected();
+  for (int i = 0; i < field.Count(); ++i)
+    if (field.EntryText(i) == text) return i;
+  return -1;
+}
+
+}  // namespace
+
+int EntryNamed(const ChoiceField& field, std::string_view word) {
+  int entry = EntryWithText(field, word);
+  const std::string_view id = word.substr(word.starts_with('#') ? 1 : word.size());
+  for (int i = 0; entry < 0 && !id.empty() && i < field.Count(); ++i)
+    if (field.EntryId(i) == id) entry = i;
+  return entry >= 0 && field.MayChoose(entry) ? entry : -1;
+}
+
+void ChoiceField::SetText(std::string_view text) { SetSelected(EntryWithText(*this, text)); }
+
 void ComboField::SetItems(std::vector<ComboItem> items) {
   const std::string selected = ItemData();
-  const bool had = listIndex_ >= 0;
+  const bool had = Selected() >= 0;
   items_ = std::move(items);
-  listIndex_ = -1;
+  selected_ = -1;
   text_.clear();
   if (had) SelectData(selected);
-  Changed();
+  TextChanged();
 }
 
-void ComboField::SetListIndex(int index) {
-  if (index < 0 || index >= static_cast<int>(items_.size())) index = -1;
-  listIndex_ = index;
-  text_ = index < 0 ? "" : items_[static_cast<std::size_t>(index)].text;
-  Changed();
+void ComboField::SetSelected(int index) {
+  selected_ = index < 0 || index >= Count() ? -1 : index;
+  text_ = selected_ < 0 ? "" : EntryText(selected_);
+  TextChanged();
 }
 
-void ComboField::SetText(std::string_view text) {
-  const auto item = std::find_if(items_.begin(), items_.end(),
-                                 [&](const ComboItem& each) { return each.text == text; });
-  SetListIndex(item == items_.end() ? -1 : static_cast<int>(item - items_.begin()));
-}
-
-std::string ComboField::ItemData() const {
-  return listIndex_ < 0 ? "" : items_[static_cast<std::size_t>(listIndex_)].data;
-}
+std::string ComboField::ItemData() const { return Selected() < 0 ? "" : At(Selected()).data; }
 
 bool ComboField::SelectData(std::string_view data) {
   const auto item = std::find_if(items_.begin(), items_.end(),
                                  [&](const ComboItem& each) { return each.data == data; });
-  SetListIndex(item == items_.end() ? -1 : static_cast<int>(item - items_.begin()));
-  return listIndex_ >= 0;
+  SetSelected(item == items_.end() ? -1 : static_cast<int>(item - items_.begin()));
+  return Selected() >= 0;
 }
 
 TabField::TabField(Screen* screen, std::string name, std::vector<std::string> captions)
-    : Field(screen, std::move(name), FieldKind::Tabs) {
+    : ChoiceField(screen, std::move(name), FieldKind::Tabs) {
   for (std::string& caption : captions) tabs_.push_back({std::move(caption)});
-  if (!tabs_.empty()) text_ = tabs_.front().caption;
+  if (tabs_.empty()) return;
+  selected_ = 0;
+  text_ = tabs_.front().caption;
 }
 
 void TabField::SetSelected(int index) {
   if (index < 0 || index >= Count()) return;
   selected_ = index;
   text_ = TabCaption(index);
-  Changed();
-}
-
-void TabField::SetText(std::string_view text) {
-  for (int i = 0; i < Count(); ++i)
-    if (EqualsIgnoreCase(TabCaption(i), text)) return SetSelected(i);
+  TextChanged();
 }
 
 void TabField::SetTabVisible(int index, bool visible) {
@@ -107,15 +124,6 @@ void TabField::SetTabMarked(int index, bool marked) {
   Changed();
 }
 
-void TabField::Step(int direction) {
-  for (int i = selected_ + direction; i >= 0 && i < Count(); i += direction) {
-    if (!TabEnabled(i) || !TabVisible(i)) continue;
-    SetSelected(i);
-    if (onEntered) onEntered();
-    return;
-  }
-}
-
 std::string GridRules::EditList(const Grid& grid, int /*row*/, int col) {
   return grid.ColComboList(col);
 }
@@ -126,52 +134,60 @@ std::optional<std::string> GridRules::Accept(int /*row*/, int /*col*/, std::stri
 
 namespace {
 
-bool MayEditCell(const Grid& grid, GridRules& rules, int row, int col) {
-  const bool isCell = row >= grid.FixedRows() && row < grid.Rows() && col >= 0 && col < grid.Cols();
-  return isCell && rules.MayEdit(row, col);
-}
-
 std::string RecordName(const Grid& grid) {
   const TableSpec* table = FindTable(grid.Name());
   return std::string(table ? table->record : "");
 }
 
-EditOutcome StoreEdit(Grid& grid, GridRules& rules, int row, int col, const std::string& text) {
-  if (text == grid.TextMatrix(row, col)) return EditOutcome::Unchanged;
+EditOutcome Store(Grid& grid, GridRules& rules, int row, int col, std::string_view text) {
+  const std::string stored = WithCrLf(text);
+  if (stored == WithCrLf(grid.TextMatrix(row, col))) return EditOutcome::Unchanged;
   const Change change(grid, "Edit " + RecordName(grid));
-  grid.SetTextMatrix(row, col, text);
+  grid.SetTextMatrix(row, col, stored);
   rules.Edited(row, col);
   return EditOutcome::Accepted;
 }
 
+// The id that a word names in the list of a cell; nothing when it names none.
+std::optional<std::string> IdNamed(const Grid& grid, int row, int col, std::string_view list,
+                                   std::string_view word) {
+  const std::string shown = grid.DisplayText(row, col);
+  if (!Trim(shown).empty() && Trim(shown) == Trim(word)) return grid.TextMatrix(row, col);
+  const auto entries = ComboEntries(list);
+  auto entry = std::find_if(entries.begin(), entries.end(),
+                            [&](const auto& each) { return Trim(each.second) == Trim(word); });
+  if (entry == entries.end() && word.starts_with('#'))
+    entry = std::find_if(entries.begin(), entries.end(),
+                         [&](const auto& each) { return each.first == word.substr(1); });
+  if (entry == entries.end()) return std::nullopt;
+  return std::string(Trim(entry->first));
+}
+
 }  // namespace
 
-EditOutcome EditCell(Grid& grid, GridRules& rules, int row, int col, std::string_view text) {
-  if (!MayEditCell(grid, rules, row, col)) return EditOutcome::NotAllowed;
-  return FinishEdit(grid, rules, row, col, text);
+bool OpenCell(const Grid& grid, GridRules& rules, int row, int col) {
+  const bool isCell = row >= grid.FixedRows() && row < grid.Rows() && col >= 0 && col < grid.Cols();
+  return isCell && rules.MayEdit(row, col);
 }
 
-EditOutcome FinishEdit(Grid& grid, GridRules& rules, int row, int col, std::string_view text) {
-  std::string value(text);
+EditOutcome FinishEdit(Grid& grid, GridRules& rules, int row, int col, const CellInput& input) {
+  using How = CellInput::How;
+  if (input.how == How::Picked) return Store(grid, rules, row, col, input.text);
+  const std::string held = grid.TextMatrix(row, col);
+  if (WithCrLf(input.text) == WithCrLf(held)) return EditOutcome::Unchanged;
+  if (input.how == How::Typed && input.text == grid.DisplayText(row, col))
+    return EditOutcome::Unchanged;
+  const std::optional<std::string> accepted = rules.Accept(row, col, input.text);
+  return accepted ? Store(grid, rules, row, col, *accepted) : EditOutcome::Refused;
+}
+
+EditOutcome EditCell(Grid& grid, GridRules& rules, int row, int col, std::string_view word) {
+  using How = CellInput::How;
+  if (!OpenCell(grid, rules, row, col)) return EditOutcome::NotAllowed;
   const std::string list = rules.EditList(grid, row, col);
-  if (!list.empty()) {
-    const auto entries = ComboEntries(list);
-    const auto entry = std::find_if(entries.begin(), entries.end(), [&](const auto& each) {
-      return Trim(each.second) == Trim(text);
-    });
-    if (entry == entries.end()) return EditOutcome::Refused;
-    value = Trim(entry->first);
-  }
-  if (value == grid.TextMatrix(row, col)) return EditOutcome::Unchanged;
-  if (list.empty() && value == grid.DisplayText(row, col)) return EditOutcome::Unchanged;
-
-  const std::optional<std::string> accepted = rules.Accept(row, col, value);
-  return accepted ? StoreEdit(grid, rules, row, col, *accepted) : EditOutcome::Refused;
-}
-
-EditOutcome WritePicked(Grid& grid, GridRules& rules, int row, int col, std::string_view text) {
-  if (!MayEditCell(grid, rules, row, col)) return EditOutcome::NotAllowed;
-  return StoreEdit(grid, rules, row, col, std::string(text));
+  if (list.empty()) return FinishEdit(grid, rules, row, col, {How::Typed, std::string(word)});
+  const std::optional<std::string> id = IdNamed(grid, row, col, list, word);
+  return id ? FinishEdit(grid, rules, row, col, {How::Chosen, *id}) : EditOutcome::Refused;
 }
 
 Screen::Screen(Ledger& theLedger, std::string name, std::string_view caption)
@@ -198,42 +214,110 @@ Screen::ListedGrid Screen::FindGrid(std::string_view name) const {
   return grid == grids_.end() ? ListedGrid{nullptr, nullptr} : *grid;
 }
 
+GridRules* Screen::RulesOf(const Grid& grid) const {
+  for (const ListedGrid& each : grids_)
+    if (each.grid == &grid) return each.rules;
+  return nullptr;
+}
+
 void Screen::AddGrid(Grid& grid, GridRules* rules) { grids_.push_back({&grid, rules}); }
 
+namespace {
+
+bool Reachable(const Field& field) { return field.Enabled() && field.Visible(); }
+
+}  // namespace
+
 bool Screen::Enter(Field& field, std::string_view text) {
-  if (!field.Enabled() || !field.Visible()) return false;
-  const std::pair<Field*, std::string> asRefused(&field, text);
-  const bool wasRefused = std::find(refused_.begin(), refused_.end(), asRefused) != refused_.end();
-  if (field.Text() == text && !wasRefused) return true;
-  field.SetText(text);
-  if (field.Text() != text && field.Kind() != FieldKind::Text) return false;
+  switch (field.Kind()) {
+    case FieldKind::Text:
+      return Type(static_cast<TextField&>(field), text);
+    case FieldKind::Combo:
+    case FieldKind::Tabs: {
+      auto& choice = static_cast<ChoiceField&>(field);
+      return Choose(choice, EntryNamed(choice, text));
+    }
+    case FieldKind::Check:
+      return (text == "TRUE" || text == "FALSE") &&
+             Tick(static_cast<CheckField&>(field), text == "TRUE");
+    case FieldKind::Label:
+    case FieldKind::Button:
+      break;
+  }
+  return false;
+}
+
+bool Screen::Type(TextField& box, std::string_view text) {
+  if (!Reachable(box)) return false;
+  const std::string typed = WithCrLf(text);
+  if (box.Text() == typed && !Refused(box)) return true;
+  box.SetText(typed);
+  return Check(box);
+}
+
+bool Screen::Choose(ChoiceField& field, int index) {
+  if (!Reachable(field) || index < 0 || index >= field.Count() || !field.MayChoose(index))
+    return false;
+  if (field.Selected() == index && !Refused(field)) return true;
+  field.SetSelected(index);
   return Check(field);
 }
 
+bool Screen::Step(TabField& tabs, int direction) {
+  int next = tabs.Selected() + direction;
+  while (next >= 0 && next < tabs.Count() && !tabs.MayChoose(next)) next += direction;
+  return Choose(tabs, next);
+}
+
+bool Screen::Tick(CheckField& box, bool ticked) {
+  if (!Reachable(box)) return false;
+  if (box.Checked() == ticked && !Refused(box)) return true;
+  box.SetChecked(ticked);
+  return Check(box);
+}
+
+bool Screen::Refused(const Field& field) const {
+  return std::find(refused_.begin(), refused_.end(), &field) != refused_.end();
+}
+
+void Screen::ForgetRefusal(const Field& field) { std::erase(refused_, &field); }
+
 bool Screen::Check(Field& field) {
-  std::erase_if(refused_, [&](const auto& each) { return each.first == &field; });
+  ForgetRefusal(field);
   if (!field.onEntered || field.onEntered()) return true;
-  refused_.emplace_back(&field, field.Text());
+  refused_.push_back(&field);
   Focus(field);
   return false;
 }
 
 bool Screen::RefusedTextStands() {
   const auto refused = refused_;
-  for (const auto& [field, text] : refused)
-    if (field->Text() == text && !Check(*field)) return true;
-  return false;
+  return !std::all_of(refused.begin(), refused.end(), [&](Field* each) { return Check(*each); });
 }
 
 void Screen::Press(Field& field) {
-  if (!field.Enabled() || !field.Visible() || !field.onPressed) return;
+  if (!Reachable(field) || !field.onPressed) return;
   if (&field == defaultButton && RefusedTextStands()) return;
   field.onPressed();
 }
 
-EditOutcome Screen::Edit(Grid& grid, int row, int col, std::string_view text) {
-  GridRules* rules = FindGrid(grid.Name()).rules;
-  return rules ? EditCell(grid, *rules, row, col, text) : EditOutcome::NotAllowed;
+bool Screen::OpenCell(const Grid& grid, int row, int col) {
+  GridRules* rules = RulesOf(grid);
+  return rules && lm::OpenCell(grid, *rules, row, col);
+}
+
+EditOutcome Screen::FinishEdit(Grid& grid, int row, int col, const CellInput& input) {
+  GridRules* rules = RulesOf(grid);
+  return rules ? lm::FinishEdit(grid, *rules, row, col, input) : EditOutcome::NotAllowed;
+}
+
+EditOutcome Screen::Edit(Grid& grid, int row, int col, std::string_view word) {
+  GridRules* rules = RulesOf(grid);
+  return rules ? EditCell(grid, *rules, row, col, word) : EditOutcome::NotAllowed;
+}
+
+void Screen::Click(Grid& grid, int row, int col) {
+  if (!closed_) CellClicked(grid, row, col);
 }
 
 void Screen::CloseRequested() {
@@ -265,6 +349,20 @@ void ShowModal(Screen& screen) {
   std::erase(open, &screen);
 }
 
+bool ShowRecord(Screen& window, std::string_view record, std::string_view openAlready,
+                const std::function<bool()>& fill) {
+  Ledger& ledger = window.ledger;
+  window.SetRecord(record);
+  for (const Screen* open : ledger.openScreens) {
+    if (open->Name() != window.Name() || open->Record() != record) continue;
+    ShowMessage(ledger, openAlready);
+    return false;
+  }
+  if (!fill()) return false;
+  ShowModal(window);
+  return true;
+}
+
 Screen* OpenScreen(const Ledger& ledger, std::string_view name) {
   for (auto screen = ledger.openScreens.rbegin(); screen != ledger.openScreens.rend(); ++screen)
     if ((*screen)->Name() == name) return *screen;
@@ -278,6 +376,12 @@ void WindowCatalogue::Add(std::string_view name, WindowOpener opener) {
 bool WindowCatalogue::Has(std::string_view name) const {
   return std::any_of(openers_.begin(), openers_.end(),
                      [&](const auto& each) { return each.first == name; });
+}
+
+std::vector<std::string> WindowCatalogue::Names() const {
+  std::vector<std::string> names;
+  for (const auto& [window, opener] : openers_) names.push_back(window);
+  return names;
 }
 
 bool WindowCatalogue::Open(Ledger& ledger, std::string_view name,

@@ -70,6 +70,7 @@ class Field {
 
  protected:
   void Changed();
+  void TextChanged();  // also forgets that a text was refused here
   std::string text_;
 
  private:
@@ -84,6 +85,7 @@ class Field {
 class TextField : public Field {
  public:
   TextField(Screen* screen, std::string name) : Field(screen, std::move(name), FieldKind::Text) {}
+  void SetText(std::string_view text) override;  // line breaks become CR LF
   bool multiLine = false;
   bool password = false;
 };
@@ -107,39 +109,56 @@ class Button : public Field {
   Button(Screen* screen, std::string name) : Field(screen, std::move(name), FieldKind::Button) {}
 };
 
-class ComboField : public Field {
+// A field that shows one of several entries. The user points at an entry; two may bear one text.
+class ChoiceField : public Field {
  public:
-  ComboField(Screen* screen, std::string name) : Field(screen, std::move(name), FieldKind::Combo) {}
-  const std::vector<ComboItem>& Items() const { return items_; }
-  void SetItems(std::vector<ComboItem> items);  // keeps the selected data where it is still there
-  int ListIndex() const { return listIndex_; }  // -1 for none
-  void SetListIndex(int index);
-  void SetText(std::string_view text) override;  // selects the item with this text, or none
-  std::string ItemData() const;                  // "" when none is selected
-  bool SelectData(std::string_view data);        // false, with none selected, when it is not there
+  using Field::Field;
+  virtual int Count() const = 0;
+  virtual const std::string& EntryText(int index) const = 0;
+  virtual std::string_view EntryId(int index) const = 0;  // "" where entries have none
+  virtual bool MayChoose(int /*index*/) const { return true; }
+  int Selected() const { return selected_; }  // -1 for none
+  virtual void SetSelected(int index) = 0;
+  // Selects the entry with this text: the selected one where it bears it, else the first.
+  void SetText(std::string_view text) override;
 
- private:
-  std::vector<ComboItem> items_;
-  int listIndex_ = -1;
+ protected:
+  int selected_ = -1;
 };
 
-class TabField : public Field {
+class ComboField : public ChoiceField {
+ public:
+  ComboField(Screen* screen, std::string name)
+      : ChoiceField(screen, std::move(name), FieldKind::Combo) {}
+  const std::vector<ComboItem>& Items() const { return items_; }
+  void SetItems(std::vector<ComboItem> items);  // keeps the selected data where it is still there
+  int Count() const override { return static_cast<int>(items_.size()); }
+  const std::string& EntryText(int index) const override { return At(index).text; }
+  std::string_view EntryId(int index) const override { return At(index).data; }
+  void SetSelected(int index) override;    // none for what is no entry
+  std::string ItemData() const;            // "" when none is selected
+  bool SelectData(std::string_view data);  // false, with none selected, when it is not there
+
+ private:
+  const ComboItem& At(int index) const { return items_[static_cast<std::size_t>(index)]; }
+  std::vector<ComboItem> items_;
+};
+
+class TabField : public ChoiceField {
  public:
   TabField(Screen* screen, std::string name, std::vector<std::string> captions);
-  int Count() const { return static_cast<int>(tabs_.size()); }
-  int Selected() const { return selected_; }
-  void SetSelected(int index);
-  void SetText(std::string_view text) override;  // by caption
-  const std::string& TabCaption(int index) const {
-    return tabs_[static_cast<std::size_t>(index)].caption;
-  }
-  bool TabVisible(int index) const { return tabs_[static_cast<std::size_t>(index)].visible; }
+  int Count() const override { return static_cast<int>(tabs_.size()); }
+  const std::string& EntryText(int index) const override { return TabCaption(index); }
+  std::string_view EntryId(int /*index*/) const override { return {}; }
+  bool MayChoose(int index) const override { return TabVisible(index) && TabEnabled(index); }
+  void SetSelected(int index) override;  // nothing for what is no tab
+  const std::string& TabCaption(int index) const { return At(index).caption; }
+  bool TabVisible(int index) const { return At(index).visible; }
   void SetTabVisible(int index, bool visible);
-  bool TabEnabled(int index) const { return tabs_[static_cast<std::size_t>(index)].enabled; }
+  bool TabEnabled(int index) const { return At(index).enabled; }
   void SetTabEnabled(int index, bool enabled);
-  bool TabMarked(int index) const { return tabs_[static_cast<std::size_t>(index)].marked; }
+  bool TabMarked(int index) const { return At(index).marked; }
   void SetTabMarked(int index, bool marked);
-  void Step(int direction);  // +1 or -1, skipping tabs that are disabled or hidden
 
  private:
   struct Tab {
@@ -148,9 +167,14 @@ class TabField : public Field {
     bool enabled = true;
     bool marked = false;
   };
+  const Tab& At(int index) const { return tabs_[static_cast<std::size_t>(index)]; }
   std::vector<Tab> tabs_;
-  int selected_ = 0;
 };
+
+// The entry that a word names, for those who cannot point at one: the selected entry where it
+// bears this text, else the first that does, else "#" and an id. -1 when there is none that the
+// user may choose.
+int EntryNamed(const ChoiceField& field, std::string_view word);
 
 struct MenuEntry {
   std::string caption;  // "" is a separator
@@ -179,15 +203,25 @@ class GridRules {
 
 enum class EditOutcome { Unchanged, Accepted, Refused, NotAllowed };
 
-// One edit of a cell through the rules, for every driver. `text` is what was typed, or the shown
-// text of the entry chosen; a text equal to what the cell holds or shows, or read as that, is no
-// edit.
-EditOutcome EditCell(Grid& grid, GridRules& rules, int row, int col, std::string_view text);
-// The same for a cell that was opened for editing already, so that MayEdit is not asked again.
-EditOutcome FinishEdit(Grid& grid, GridRules& rules, int row, int col, std::string_view text);
-// The same with what a picker wrote: it is stored as it stands, for "06:30" from the clock is not
-// half past six in the evening.
-EditOutcome WritePicked(Grid& grid, GridRules& rules, int row, int col, std::string_view text);
+// What the user put into a cell.
+struct CellInput {
+  enum class How {
+    Typed,   // the rules read it; what the cell holds or shows is no edit
+    Chosen,  // the id of an entry of the cell's list, "" for a blank one
+    Picked,  // by a picker: stored as it stands, for "06:30" from the clock is not half past six in
+             // the evening
+  };
+  How how;
+  std::string text;
+};
+
+// May the cell be opened for editing? Asked once, before anything is typed.
+bool OpenCell(const Grid& grid, GridRules& rules, int row, int col);
+// Stores what was put into a cell that was opened.
+EditOutcome FinishEdit(Grid& grid, GridRules& rules, int row, int col, const CellInput& input);
+// Both, for a cell told by a word: what is typed there, or in a cell with a list the text of an
+// entry, or "#" and its id. The text that the cell shows already names the entry that it holds.
+EditOutcome EditCell(Grid& grid, GridRules& rules, int row, int col, std::string_view word);
 
 class Screen {
  public:
@@ -210,15 +244,27 @@ class Screen {
   };
   const std::vector<ListedGrid>& Grids() const { return grids_; }
   ListedGrid FindGrid(std::string_view name) const;  // {null, null} when there is none
+  GridRules* RulesOf(const Grid& grid) const;        // null: not editable, or not one of its grids
 
-  // The user's acts. Each does nothing on a field that is disabled or not visible.
-  bool Enter(Field& field, std::string_view text);  // false: refused, or no such item
+  // The user's acts, for every driver: the desktop, the command line, tests. Each does nothing on a
+  // field that is disabled or not visible. What changes nothing runs no check; false: refused, or
+  // there is nothing of the kind to take.
+
+  // Types into a text box and leaves it. What can only be written down says by a word what the
+  // user points at: an entry, see EntryNamed, or TRUE and FALSE of a box to tick.
+  bool Enter(Field& field, std::string_view text);
+  bool Choose(ChoiceField& field, int index);
+  // On to the next tab, +1, or the one before, -1, over those that are closed.
+  bool Step(TabField& tabs, int direction);
+  bool Tick(CheckField& box, bool ticked);
   // The default button checks again what was refused and still stands, and is not pressed then.
   void Press(Field& field);
-  EditOutcome Edit(Grid& grid, int row, int col, std::string_view text);
+  // A cell of a grid; see the functions of the same names above.
+  bool OpenCell(const Grid& grid, int row, int col);
+  EditOutcome FinishEdit(Grid& grid, int row, int col, const CellInput& input);
+  EditOutcome Edit(Grid& grid, int row, int col, std::string_view word);
+  void Click(Grid& grid, int row, int col);
 
-  // A cell of one of its grids was clicked, where a click itself means something (a picker's day).
-  virtual void CellClicked(Grid& /*grid*/, int /*row*/, int /*col*/) {}
   // A key that the screen takes for itself; false passes it on. `key` is a virtual key code as
   // in the shortcut table, `character` what it types (0 for none).
   virtual bool KeyPressed(int /*key*/, char /*character*/) { return false; }
@@ -236,23 +282,33 @@ class Screen {
   Field* Focused() const { return focused_; }
   void RequestCellEdit(Grid& grid, int row, int col);
 
+  // The id of the record that it shows, where several windows of its name may be open at once.
+  const std::string& Record() const { return record_; }
+  void SetRecord(std::string_view id) { record_ = id; }
+
   void SetObserver(ScreenObserver* observer) { observer_ = observer; }
   ScreenObserver* Observer() const { return observer_; }
 
  protected:
   void AddGrid(Grid& grid, GridRules* rules = nullptr);
+  // A cell of one of its grids was clicked, where a click itself means something (a picker's day).
+  virtual void CellClicked(Grid& /*grid*/, int /*row*/, int /*col*/) {}
 
  private:
   friend class Field;
   void Register(Field* field) { fields_.push_back(field); }
+  bool Type(TextField& box, std::string_view text);
+  bool Refused(const Field& field) const;
+  void ForgetRefusal(const Field& field);
   bool Check(Field& field);
   bool RefusedTextStands();
 
   std::string name_;
   std::string caption_;
+  std::string record_;
   std::vector<Field*> fields_;
   std::vector<ListedGrid> grids_;
-  std::vector<std::pair<Field*, std::string>> refused_;  // fields and the texts refused there
+  std::vector<Field*> refused_;  // what stands in them was refused
   Field* focused_ = nullptr;
   ScreenObserver* observer_ = nullptr;
   bool closed_ = false;
@@ -261,6 +317,11 @@ class Screen {
 // Shows a screen through the port and returns when it has closed; it stands in
 // ledger.openScreens meanwhile.
 void ShowModal(Screen& screen);
+// Fills and shows the window of a record; "" for a window that is open only once, whatever it
+// shows. False when `fill` would not, or when the record stands in a window already: two working
+// copies would overwrite each other. Then the message `openAlready` tells.
+bool ShowRecord(Screen& window, std::string_view record, std::string_view openAlready,
+                const std::function<bool()>& fill);
 // The open screen of this name, the topmost first; null when it is not open.
 Screen* OpenScreen(const Ledger& ledger, std::string_view name);
 
@@ -272,6 +333,7 @@ class WindowCatalogue {
  public:
   void Add(std::string_view name, WindowOpener opener);
   bool Has(std::string_view name) const;
+  std::vector<std::string> Names() const;
   // False when there is no such window or it would not open.
   bool Open(Ledger& ledger, std::string_view name, const std::vector<std::string>& words) const;
 

@@ -147,6 +147,20 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
   }
 }
 
+std::string WithCrLf(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r' && text[i] != '\n') {
+      result += text[i];
+      continue;
+    }
+    result += "\r\n";
+    if (text.substr(i, 2) == "\r\n") ++i;
+  }
+  return result;
+}
+
 std::string RemoveAny(std::string_view text, std::string_view characters) {
   std::string result(text);
   std::erase_if(result, [characters](char c) { return characters.find(c) != characters.npos; });

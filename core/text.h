@@ -33,6 +33,9 @@ std::string_view Trim(std::string_view text);
 // put in. An empty `from` changes nothing.
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 
+// Every line break as CR LF, whether it came as that, as a lone LF or as a lone CR.
+std::string WithCrLf(std::string_view text);
+
 // Every character that stands in `characters` removed.
 std::string RemoveAny(std::string_view text, std::string_view characters);
 

@@ -64,7 +64,7 @@ std::string Parameter(std::string_view key, std::string_view text) {
 }
 
 std::string TextPart(std::string_view body) {
-  const std::string lines = Replace(Replace(body, "\r\n", "\n"), "\n", "\r\n");
+  const std::string lines = WithCrLf(body);
   return "Content-Type: text/plain; charset=utf-8\r\nContent-Transfer-Encoding: base64\r\n\r\n" +
          InLines(clsRC4().Encode64(ToUtf8(lines)));
 }

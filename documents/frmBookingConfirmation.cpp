@@ -37,7 +37,7 @@ bool IsTicked(const Grid& grid, int row) {
   return grid.Cell(CellSetting::flexcpChecked, row, kTickColumn) == "TRUE";
 }
 
-void Tick(Grid& grid, int row, bool on) {
+void SetTick(Grid& grid, int row, bool on) {
   grid.SetCell(CellSetting::flexcpChecked, row, kTickColumn, on ? "TRUE" : "FALSE");
 }
 
@@ -57,7 +57,7 @@ frmBookingConfirmation::frmBookingConfirmation(Ledger& theLedger)
   AddGrid(fgUpcomingSessions);
 
   cboPractice.SetItems(PracticeItems(ledger));
-  cboPractice.SetListIndex(0);
+  cboPractice.SetSelected(0);
   cboPractice.onEntered = [this] {
     FillSessions();
     return true;
@@ -101,13 +101,13 @@ void frmBookingConfirmation::FillSessions() {
   const RedrawOff redrawOff(fgUpcomingSessions);
   fgUpcomingSessions.ClearData();
   for (const Upcoming& session : upcoming)
-    Tick(fgUpcomingSessions, AddSessionLine(fgUpcomingSessions, sessions, session.row), false);
+    SetTick(fgUpcomingSessions, AddSessionLine(fgUpcomingSessions, sessions, session.row), false);
   lblNoSessions.SetVisible(upcoming.empty());
 }
 
 void frmBookingConfirmation::CellClicked(Grid& grid, int row, int col) {
   if (&grid == &fgUpcomingSessions && row >= grid.FixedRows() && col == kTickColumn)
-    Tick(grid, row, !IsTicked(grid, row));
+    SetTick(grid, row, !IsTicked(grid, row));
 }
 
 std::string frmBookingConfirmation::Confirmation() {

@@ -31,6 +31,7 @@ class frmBookingConfirmation : public Screen {
   Button cmdSaveTemplate{this, "cmdSaveTemplate"};
   Button cmdClose{this, "cmdClose"};
 
+ protected:
   void CellClicked(Grid& grid, int row, int col) override;
 
  private:

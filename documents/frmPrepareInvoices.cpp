@@ -22,7 +22,7 @@ frmPrepareInvoices::frmPrepareInvoices(Ledger& theLedger)
   std::vector<ComboItem> practices = PracticeItems(ledger);
   practices.insert(practices.begin(), {"<ALL PRACTICES>", ""});
   cboPractice.SetItems(std::move(practices));
-  cboPractice.SetListIndex(0);
+  cboPractice.SetSelected(0);
 
   for (CheckField* option : {&optCreateInvoices0, &optCreateInvoices1, &optCreateInvoices2})
     option->onEntered = [this, option] {

@@ -248,7 +248,8 @@ void InvoicePages::DrawItem(const TemplateItem& item, Growth& growth) {
 }
 
 std::string InvoicePages::MergedCaption(const TemplateItem& item) const {
-  return fields_.Merge(Replace(item.Text("caption"), "\n", "\r\n"), context_);
+  // The lines of an old file's note may be parted by line feeds alone, at which no line ends here.
+  return WithCrLf(fields_.Merge(Replace(item.Text("caption"), "\n", "\r\n"), context_));
 }
 
 void InvoicePages::ChooseFont(const TemplateItem& item) {

@@ -40,9 +40,8 @@ bool OpenPrepareInvoices(Ledger& ledger) {
 
 bool OpenInvoice(Ledger& ledger, std::string_view id) {
   frmInvoice window(ledger);
-  if (!window.Open(id)) return false;
-  ShowModal(window);
-  return true;
+  return ShowRecord(window, id, "The invoice window is already open.",
+                    [&] { return window.Open(id); });
 }
 
 void AddDocumentWindows(WindowCatalogue& catalogue) {

@@ -79,7 +79,7 @@ void frmPopupCalendar::StepMonth(int direction) {
   ShowDay(AddMonths(day_, MonthsOpen() ? 12 * direction : direction));
 }
 
-void frmPopupCalendar::Choose() { CloseWith(CellText(day_)); }
+void frmPopupCalendar::TakeDay() { CloseWith(CellText(day_)); }
 
 void frmPopupCalendar::OpenMonths(bool open) {
   const RedrawOff redraw(fgMonths);
@@ -138,7 +138,7 @@ bool frmPopupCalendar::KeyPressed(int key, char /*character*/) {
       StepMonth(+1);
       return true;
     case kEnter:
-      Choose();
+      TakeDay();
       return true;
     default:
       return false;

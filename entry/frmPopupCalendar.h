@@ -30,12 +30,12 @@ class frmPopupCalendar : public PopupPicker {
 
   // The keyboard: moves the marked day, and takes it.
   void MoveDay(int days);
-  void Choose();
+  void TakeDay();
 
-  void CellClicked(Grid& grid, int row, int col) override;
   bool KeyPressed(int key, char character) override;
 
  protected:
+  void CellClicked(Grid& grid, int row, int col) override;
   void StartFrom(std::string_view text) override;
 
  private:

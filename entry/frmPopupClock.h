@@ -28,10 +28,10 @@ class frmPopupClock : public PopupPicker {
   void MoveHour(int hours);
   void MoveMinutes(int minutes);
 
-  void CellClicked(Grid& grid, int row, int col) override;
   bool KeyPressed(int key, char character) override;
 
  protected:
+  void CellClicked(Grid& grid, int row, int col) override;
   // hh:nn; 09:00 when the text is no time.
   void StartFrom(std::string_view text) override;
 

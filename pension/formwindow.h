@@ -46,12 +46,11 @@ class FormWindow : public Screen {
   // The working copy.
   FormRow Record() const { return {form_, working_, kWorkingRow}; }
 
-  // A press on the ICON cell of a line with a help mark shows its help.
-  void CellClicked(Grid& grid, int row, int col) override;
-
  protected:
   FormWindow(Ledger& ledger, const PensionForm& form, std::vector<std::string> tabs);
 
+  // A press on the ICON cell of a line with a help mark shows its help.
+  void CellClicked(Grid& grid, int row, int col) override;
   // A date with its popup; `changed` runs after another date was typed or picked, and false there
   // refuses it.
   void BindDate(TextField& box, Button& button, std::string_view caption,

@@ -23,7 +23,7 @@ frmPensionForms::frmPensionForms(Ledger& theLedger)
   std::vector<ComboItem> practices = PracticeItems(ledger);
   practices.insert(practices.begin(), {"<ALL PRACTICES>", ""});
   cboPractice.SetItems(std::move(practices));
-  cboPractice.SetListIndex(0);
+  cboPractice.SetSelected(0);
 
   for (CheckField* option : {&optForm0, &optForm1, &optForm2, &optForm3})
     option->onEntered = [this, option] {

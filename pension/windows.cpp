@@ -17,19 +17,14 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-// One window of a kind at a time: two working copies would overwrite each other's rows.
+// One window of a kind at a time, whichever form it shows.
 template <typename Window>
 bool ShowForm(Ledger& ledger, int row) {
   Window window(ledger);
-  if (OpenScreen(ledger, window.Name())) {
-    ShowMessage(ledger, "The pension form window is already open.");
-    return false;
-  }
-  const FormRow record{window.Form(), ledger.*window.Form().table, row};
-  if (IsRecord(record.cells, row) && !HasMonth(ledger, record)) return false;
-  if (!window.Open(row)) return false;
-  ShowModal(window);
-  return true;
+  return ShowRecord(window, "", "The pension form window is already open.", [&] {
+    const FormRow record{window.Form(), ledger.*window.Form().table, row};
+    return (!IsRecord(record.cells, row) || HasMonth(ledger, record)) && window.Open(row);
+  });
 }
 
 // What follows "open", whether it came as one word or as several; "" for anything else.

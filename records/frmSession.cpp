@@ -141,9 +141,9 @@ bool frmSession::New(std::string_view date, std::string_view time, std::string_v
   SetCaption("New Session");
   cSDate.SetText(date);
   cSTime.SetText(time);
-  cSess_Type.SetListIndex(0);
+  cSess_Type.SetSelected(0);
   if (cPractice.Items().size() == 1)
-    cPractice.SetListIndex(0);
+    cPractice.SetSelected(0);
   else
     cPractice.SelectData(practiceId);
   for (Field* amount : std::initializer_list<Field*>{&cRate, &cExtras, &cPensionable, &cExpenses,
@@ -241,7 +241,7 @@ void frmSession::MarkTabs() {
 }
 
 std::string frmSession::ChosenOr(const ComboField& combo, const std::string& stored) {
-  return combo.ListIndex() >= 0 ? combo.ItemData() : stored;
+  return combo.Selected() >= 0 ? combo.ItemData() : stored;
 }
 
 // -1, which no rule takes for a type, when there is none.

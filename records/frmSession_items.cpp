@@ -87,7 +87,7 @@ void frmSession::AddMileageCharge() {
   const auto refuse = [this](std::string_view reason) {
     ShowMessage(ledger, "Unable to add mileage charge", reason);
   };
-  if (cPractice.ListIndex() < 0)
+  if (cPractice.Selected() < 0)
     return refuse(
         "The Practice has not been specified for this Session. The Practice must be specified so "
         "the mileage "

@@ -1,6 +1,5 @@
 #include "records/windows.h"
 
-#include "core/messagebox.h"
 #include "records/frmPractice.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
@@ -14,17 +13,11 @@ std::string Word(const Words& words, std::size_t index) {
   return index < words.size() ? words[index] : "";
 }
 
-// One session window at a time: two working copies would overwrite each other's rows.
+// One session window at a time, whatever it shows.
 template <typename Fill>
 bool ShowSession(Ledger& ledger, Fill fill) {
-  if (OpenScreen(ledger, "frmSession")) {
-    ShowMessage(ledger, "The session window is already open");
-    return false;
-  }
   frmSession window(ledger);
-  if (!fill(window)) return false;
-  ShowModal(window);
-  return true;
+  return ShowRecord(window, "", "The session window is already open", [&] { return fill(window); });
 }
 
 bool PracticeByWords(Ledger& ledger, const Words& words) {
@@ -56,9 +49,8 @@ bool NewPractice(Ledger& ledger) {
 
 bool OpenPractice(Ledger& ledger, std::string_view id) {
   frmPractice window(ledger);
-  if (!window.Open(id)) return false;
-  ShowModal(window);
-  return true;
+  return ShowRecord(window, id, "The practice window is already open.",
+                    [&] { return window.Open(id); });
 }
 
 bool NewSession(Ledger& ledger, std::string_view date, std::string_view time,

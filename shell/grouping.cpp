@@ -82,13 +82,12 @@ void ListGrouping::Apply(int choice) {
 
 void ListGrouping::Remove() {
   const RedrawOff redrawOff(grid_);
-  const int title = grid_.ColIndex(Choice().key);
   for (int row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
     if (!grid_.IsSubtotal(row)) continue;
     if (grid_.RowCollapsed(row))
-      collapsed_.insert(grid_.TextMatrix(row, title));
+      collapsed_.insert(grid_.GroupValue(row));
     else
-      collapsed_.erase(grid_.TextMatrix(row, title));
+      collapsed_.erase(grid_.GroupValue(row));
   }
   grid_.ClearSubtotals();
   RemoveMonthColumn(grid_);
@@ -114,7 +113,7 @@ void ListGrouping::Restore() {
   for (int row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
     if (!grid_.IsSubtotal(row)) continue;
     if (grid_.TextMatrix(row, column).empty()) grid_.SetTextMatrix(row, column, kNoTitle);
-    grid_.SetRowCollapsed(row, collapsed_.contains(grid_.TextMatrix(row, column)));
+    grid_.SetRowCollapsed(row, collapsed_.contains(grid_.GroupValue(row)));
   }
 }
 

@@ -56,7 +56,7 @@ class ListGrouping {
   const GroupedList& list_;
   Grid& grid_;
   int choice_ = 0;
-  std::set<std::string> collapsed_;  // titles, kept between Remove and Restore
+  std::set<std::string> collapsed_;  // values of groups, kept between Remove and Restore
 };
 
 // The list without its groups for a scope: around saving and whatever else goes over the rows.

@@ -18,7 +18,7 @@ ListPage::ListPage(Ledger& ledger, const GroupedList& list, Controls controls,
   for (const std::string& caption : GroupCaptions(list))
     groups.push_back({caption, PlainText(static_cast<int>(groups.size()))});
   controls_.group.SetItems(std::move(groups));
-  controls_.group.SetListIndex(0);
+  controls_.group.SetSelected(0);
   controls_.group.onEntered = [this] {
     ChooseGroup();
     return true;
@@ -39,7 +39,7 @@ ListPage::ListPage(Ledger& ledger, const GroupedList& list, Controls controls,
 
 void ListPage::ChooseGroup() {
   if (ledger_.starting) return;
-  grouping_.Apply(std::max(controls_.group.ListIndex(), 0));
+  grouping_.Apply(std::max(controls_.group.Selected(), 0));
   controls_.expand.SetVisible(grouping_.IsOn());
   controls_.collapse.SetVisible(grouping_.IsOn());
 }

@@ -44,15 +44,6 @@ QString ShownText(const QWidget& box) {
   return static_cast<const QPlainTextEdit&>(box).toPlainText();
 }
 
-// Line breaks are CR LF inside.
-std::string TypedText(const QWidget& box) {
-  return Replace(Replace(FromQt(ShownText(box)), "\r", ""), "\n", "\r\n");
-}
-
-bool SameText(const std::string& typed, const std::string& held) {
-  return typed == held || typed == Replace(Replace(held, "\r", ""), "\n", "\r\n");
-}
-
 // A box to tick, or one of several choices; null for other widgets.
 QAbstractButton* TickOf(QWidget* widget) {
   if (auto* box = qobject_cast<QCheckBox*>(widget)) return box;
@@ -87,7 +78,7 @@ Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
     return found == widgets.end() ? nullptr : found->second;
   };
   for (Field* field : screen.Fields())
-    if (QWidget* widget = find(field->Name())) bound_.push_back({field, widget, {}, false});
+    if (QWidget* widget = find(field->Name())) bound_.push_back({field, widget, {}});
   for (QLabel* label : view.findChildren<QLabel*>())
     if (Bound* bound = Of(label->buddy())) bound->captions.push_back(label);
   for (Bound& bound : bound_) {
@@ -99,7 +90,7 @@ Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
     auto* gridView = qobject_cast<GridView*>(find(listed.grid->Name()));
     if (!gridView) continue;
     grids_.push_back(gridView);
-    gridView->Bind(screen, *listed.grid, listed.rules);
+    gridView->Bind(screen, *listed.grid);
     if (gridView->accessibleName().isEmpty())
       gridView->setAccessibleName(ToQt(listed.grid->Name().substr(2)));
   }
@@ -143,10 +134,11 @@ void Binder::Connect(Bound& bound) {
     bound.widget->installEventFilter(this);
   } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
     connect(combo, &QComboBox::activated, this,
-            [this, &field](int index) { ComboChosen(static_cast<ComboField&>(field), index); });
+            [this, &field](int index) { Choose(static_cast<ChoiceField&>(field), index); });
   } else if (QAbstractButton* tick = TickOf(bound.widget)) {
-    connect(tick, &QAbstractButton::clicked, this,
-            [this, &field](bool checked) { screen_.Enter(field, checked ? "TRUE" : "FALSE"); });
+    connect(tick, &QAbstractButton::clicked, this, [this, &field](bool checked) {
+      if (!screen_.Tick(static_cast<CheckField&>(field), checked)) FieldChanged(field);
+    });
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
     connect(button, &QAbstractButton::clicked, this, [this, &field] { Press(field); });
     if (auto* push = qobject_cast<QPushButton*>(button))
@@ -159,12 +151,11 @@ void Binder::Connect(Bound& bound) {
 }
 
 void Binder::ConnectTabs(Bound& bound, QTabBar& bar) {
-  Field& field = *bound.field;
-  connect(&bar, &QTabBar::currentChanged, this, [this, &field](int index) {
-    auto& tabs = static_cast<TabField&>(field);
+  auto& tabs = static_cast<TabField&>(*bound.field);
+  connect(&bar, &QTabBar::currentChanged, this, [this, &tabs](int index) {
     if (showing_ || index < 0 || index >= tabs.Count()) return;
-    if (!CommitPending()) return FieldChanged(field);
-    screen_.Enter(field, tabs.TabCaption(index));
+    if (!CommitPending()) return FieldChanged(tabs);
+    Choose(tabs, index);
   });
 }
 
@@ -175,25 +166,15 @@ void Binder::ConnectShortcuts() {
     for (const auto& [key, step] : {std::pair{Qt::Key_Left, -1}, std::pair{Qt::Key_Right, 1}}) {
       auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), &view_);
       connect(shortcut, &QShortcut::activated, this, [this, &tabs, step] {
-        if (CommitPending()) tabs.Step(step);
+        if (CommitPending()) screen_.Step(tabs, step);
       });
     }
   }
 }
 
-void Binder::ComboChosen(ComboField& combo, int index) {
-  const auto place = static_cast<std::size_t>(index);
-  if (index < 0 || place >= combo.Items().size()) return;
-  const std::string text = combo.Items()[place].text;
-  const auto first = std::find_if(combo.Items().begin(), combo.Items().end(),
-                                  [&](const ComboItem& item) { return item.text == text; });
-  if (first == combo.Items().begin() + index) {
-    screen_.Enter(combo, text);
-    return;
-  }
-  // Two entries with one text: the name alone would choose the first of them.
-  combo.SetListIndex(index);
-  if (combo.onEntered) combo.onEntered();
+// What the screen does not take the view shows no longer.
+void Binder::Choose(ChoiceField& field, int index) {
+  if (!screen_.Choose(field, index)) FieldChanged(field);
 }
 
 QAbstractButton* Binder::PickerOf(const QWidget& box) const {
@@ -247,18 +228,9 @@ bool Binder::CommitPending() {
 bool Binder::Commit(Bound& bound) {
   Field& field = *bound.field;
   if (screen_.Closed() || !field.Enabled() || !field.Visible()) return true;
-  const std::string typed = TypedText(*bound.widget);
-  if (SameText(typed, field.Text()) && !bound.refused) return true;
   const QScopedValueRollback guard(committing_, true);
-  // A text refused before is the field's own by now, and is asked about again.
-  const bool taken = SameText(typed, field.Text()) ? !field.onEntered || field.onEntered()
-                                                   : screen_.Enter(field, typed);
-  bound.refused = !taken;
-  if (screen_.Closed()) return taken;
-  if (taken)
-    Show(bound);
-  else
-    FocusRequested(field);
+  const bool taken = screen_.Enter(field, FromQt(ShownText(*bound.widget)));
+  if (taken && !screen_.Closed()) Show(bound);
   return taken;
 }
 
@@ -275,10 +247,7 @@ void Binder::Press(Field& field) {
 // From the screen to the view
 
 void Binder::FieldChanged(Field& field) {
-  if (Bound* bound = Of(field)) {
-    Show(*bound);
-    if (!committing_) bound->refused = false;
-  }
+  if (Bound* bound = Of(field)) Show(*bound);
 }
 
 void Binder::Show(const Bound& bound) {
@@ -303,7 +272,7 @@ void Binder::ShowText(const Bound& bound) {
       if (whole) line->selectAll();
     }
   } else if (auto* edit = qobject_cast<QPlainTextEdit*>(bound.widget)) {
-    if (!SameText(TypedText(*edit), field.Text())) edit->setPlainText(text);
+    if (WithCrLf(FromQt(edit->toPlainText())) != field.Text()) edit->setPlainText(text);
   } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
     const auto& items = static_cast<const ComboField&>(field).Items();
     QStringList texts;
@@ -314,7 +283,7 @@ void Binder::ShowText(const Bound& bound) {
       combo->clear();
       combo->addItems(texts);
     }
-    combo->setCurrentIndex(static_cast<const ComboField&>(field).ListIndex());
+    combo->setCurrentIndex(static_cast<const ComboField&>(field).Selected());
   } else if (QAbstractButton* tick = TickOf(bound.widget)) {
     tick->setChecked(static_cast<const CheckField&>(field).Checked());
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {

@@ -50,7 +50,6 @@ class Binder : public QObject, private ScreenObserver {
     Field* field = nullptr;
     QWidget* widget = nullptr;
     std::vector<QLabel*> captions;  // the labels that name it; hidden with it
-    bool refused = false;           // the typed text stands, and the field has not taken it
   };
 
   void FieldChanged(Field& field) override;
@@ -67,7 +66,7 @@ class Binder : public QObject, private ScreenObserver {
   void ShowText(const Bound& bound);
   void ShowLabel(const Bound& bound, QLabel& label) const;
   void ShowTabs(const TabField& tabs, QTabBar& bar) const;
-  void ComboChosen(ComboField& combo, int index);
+  void Choose(ChoiceField& field, int index);
   bool Commit(Bound& bound);
   void CommitLater();
   QAbstractButton* PickerOf(const QWidget& box) const;

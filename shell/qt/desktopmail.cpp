@@ -1,5 +1,6 @@
 #include "shell/qt/desktopmail.h"
 
+#include <QCursor>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>

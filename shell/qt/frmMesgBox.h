@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QPushButton;
+class QVBoxLayout;
 
 namespace lm {
 
@@ -32,8 +33,8 @@ class frmMesgBox : public QDialog {
   void reject() override;
 
  private:
-  void AddTexts(const MessageBoxText& message, class QVBoxLayout& column);
-  void AddButtons(const MessageBoxText& message, class QVBoxLayout& column);
+  void AddTexts(const MessageBoxText& message, QVBoxLayout& column);
+  void AddButtons(const MessageBoxText& message, QVBoxLayout& column);
 
   Answer safe_;
   Answer pressed_;

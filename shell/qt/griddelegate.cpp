@@ -1,6 +1,7 @@
 #include "shell/qt/griddelegate.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -8,6 +9,7 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "core/text.h"
 #include "entry/pickers.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
@@ -157,8 +159,14 @@ void GridDelegate::PaintExpander(QPainter& painter, const QStyleOptionViewItem& 
 
 QWidget* GridDelegate::ListEditor(QWidget* parent, const std::string& list) const {
   auto* combo = new QComboBox(parent);
-  for (const auto& [id, text] : ComboEntries(list)) combo->addItem(ToQt(text));
-  combo->setCurrentIndex(combo->findText(ToQt(view_->Shown()->DisplayText(editRow_, editCol_))));
+  const std::string held = view_->Shown()->TextMatrix(editRow_, editCol_);
+  int shown = -1;
+  for (const auto& [id, text] : ComboEntries(list)) {
+    if (shown < 0 && Trim(id) == held) shown = combo->count();
+    combo->addItem(ToQt(text), ToQt(Trim(id)));
+  }
+  combo->setCurrentIndex(shown);
+  combo->view()->installEventFilter(const_cast<GridDelegate*>(this));
   connect(combo, &QComboBox::activated, this,
           [this] { const_cast<GridDelegate*>(this)->Commit(); });
   return combo;
@@ -213,7 +221,11 @@ void GridDelegate::setEditorData(QWidget* editor, const QModelIndex&) const {
     // A letter chooses the first entry that begins with it.
     const int entry = typed_ ? combo->findText(*typed_, Qt::MatchStartsWith) : -1;
     if (entry >= 0) combo->setCurrentIndex(entry);
-    QMetaObject::invokeMethod(combo, &QComboBox::showPopup, Qt::QueuedConnection);
+    // It may be left before its turn comes.
+    const auto drop = [this, combo] {
+      if (combo == editor_) combo->showPopup();
+    };
+    QMetaObject::invokeMethod(combo, drop, Qt::QueuedConnection);
     return;
   }
   auto* line = editor->findChild<QLineEdit*>();
@@ -232,10 +244,12 @@ void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewI
   editor->setGeometry(place);
 }
 
-std::optional<QString> GridDelegate::EditorText() const {
-  if (const auto* combo = qobject_cast<const QComboBox*>(editor_.data()))
-    return combo->currentIndex() < 0 ? std::nullopt : std::optional(combo->currentText());
-  return editor_->findChild<QLineEdit*>()->text();
+std::optional<CellInput> GridDelegate::Input() const {
+  using How = CellInput::How;
+  const auto* list = qobject_cast<const QComboBox*>(editor_.data());
+  if (!list) return CellInput{How::Typed, FromQt(editor_->findChild<QLineEdit*>()->text())};
+  if (list->currentIndex() < 0) return std::nullopt;
+  return CellInput{How::Chosen, FromQt(list->currentData().toString())};
 }
 
 void GridDelegate::CloseEditor() {
@@ -251,25 +265,22 @@ void GridDelegate::Pick(QWidget& button, Picker picker) {
   SetPickerAnchor(button);
   committing_ = true;
   const auto chosen =
-      PickForCell(view_->screen_->ledger, picker, FromQt(*EditorText()), grid.TextMatrix(0, col));
+      PickForCell(view_->screen_->ledger, picker, Input()->text, grid.TextMatrix(0, col));
   committing_ = false;
   if (!editor_) return;
   editor_->setFocus();
   if (!chosen) return;
   CloseEditor();
-  if (*chosen == grid.TextMatrix(row, col)) return;
-  grid.SetTextMatrix(row, col, *chosen);
-  view_->rules_->Edited(row, col);
+  view_->screen_->FinishEdit(grid, row, col, {CellInput::How::Picked, *chosen});
 }
 
 bool GridDelegate::Commit() {
   if (!editor_) return true;
   if (committing_) return false;
-  const std::optional<QString> text = EditorText();
-  if (text) {
+  if (const std::optional<CellInput> input = Input()) {
     committing_ = true;
     const EditOutcome outcome =
-        FinishEdit(*view_->Shown(), *view_->rules_, editRow_, editCol_, FromQt(*text));
+        view_->screen_->FinishEdit(*view_->Shown(), editRow_, editCol_, *input);
     committing_ = false;
     if (outcome == EditOutcome::Refused && editor_) {
       editor_->setFocus();
@@ -280,8 +291,12 @@ bool GridDelegate::Commit() {
   return true;
 }
 
-// A list that has dropped down takes the focus, and is still the editor.
+// A list that has dropped down takes the focus, and is still the editor; and what was left may be
+// the editor of the cell before.
 void GridDelegate::CommitWhenLeft() {
+  if (!editor_) return;
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus && (focus == editor_ || editor_->isAncestorOf(focus))) return;
   const auto* combo = qobject_cast<const QComboBox*>(editor_.data());
   if (!combo || !combo->view()->isVisible()) Commit();
 }
@@ -296,8 +311,24 @@ void GridDelegate::EditNeighbour(int step) {
   if (col >= view_->Model().FirstColumn() && col < grid.Cols()) view_->EditCellAt(row, col);
 }
 
+// A list that has dropped down keeps the keys for itself: Tab takes what is highlighted there.
+bool GridDelegate::LeavesDroppedList(const QEvent& event) {
+  auto* list = qobject_cast<QComboBox*>(editor_.data());
+  if (!list || event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;
+  const QModelIndex highlighted = list->view()->currentIndex();
+  // A list that shows none of its entries has a current one all the same.
+  if (list->view()->selectionModel()->isSelected(highlighted))
+    list->setCurrentIndex(highlighted.row());
+  list->hidePopup();
+  EditNeighbour(key == Qt::Key_Tab ? +1 : -1);
+  return true;
+}
+
 bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
   if (!editor_) return false;
+  if (qobject_cast<QAbstractItemView*>(watched)) return LeavesDroppedList(*event);
   if (event->type() == QEvent::FocusOut) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
     const bool passing = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;

@@ -54,10 +54,12 @@ class GridDelegate : public QStyledItemDelegate {
   // Where the cell's text begins behind the box; a box alone stands in the middle.
   int PaintTick(QPainter& painter, const QStyleOptionViewItem& cell, bool alone) const;
   void PaintExpander(QPainter& painter, const QStyleOptionViewItem& option, int gridRow) const;
-  std::optional<QString> EditorText() const;
+  // What the open editor holds; nothing where no entry of a list is chosen.
+  std::optional<CellInput> Input() const;
   void CloseEditor();
   void CommitWhenLeft();
   void EditNeighbour(int step);
+  bool LeavesDroppedList(const QEvent& event);
   void Pick(QWidget& button, Picker picker);
 
   GridView* view_;

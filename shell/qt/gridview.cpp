@@ -63,11 +63,11 @@ GridView::GridView(QWidget* parent)
   connect(model_, &GridModel::cursorMoved, this, &GridView::ReadCursor);
 }
 
-void GridView::Bind(Screen& screen, Grid& grid, GridRules* rules) {
+void GridView::Bind(Screen& screen, Grid& grid) {
   screen_ = &screen;
-  rules_ = rules;
+  rules_ = screen.RulesOf(grid);
   measured_.clear();
-  model_->SetEditable(rules != nullptr);
+  model_->SetEditable(rules_ != nullptr);
   model_->SetGrid(&grid);
 }
 
@@ -280,7 +280,7 @@ void GridView::SetGroupOpen(int gridRow, bool open) {
 void GridView::OpenRow(int gridRow) {
   if (gridRow < 0) return;
   if (choice_)
-    screen_->CellClicked(*Shown(), gridRow, currentIndex().column());
+    screen_->Click(*Shown(), gridRow, currentIndex().column());
   else if (IsGroup(gridRow))
     ToggleGroup(gridRow);
   else if (rules_)
@@ -304,7 +304,8 @@ void GridView::EditCellAt(int gridRow, int col, const std::optional<QString>& ty
   const QModelIndex cell = model_->index(shown, col);
   setCurrentIndex(cell);
   scrollTo(cell);
-  if (!(model_->flags(cell) & Qt::ItemIsEditable) || !rules_->MayEdit(gridRow, col)) return;
+  if (!(model_->flags(cell) & Qt::ItemIsEditable) || !screen_->OpenCell(*Shown(), gridRow, col))
+    return;
   setFocus();
   delegate_->StartWith(typed);
   edit(model_->index(model_->ModelRow(gridRow), col));
@@ -351,7 +352,7 @@ bool GridView::HandleKey(const QKeyEvent& event) {
       return true;
     case Qt::Key_Space:
       if (const int pressed = model_->PressedColumn(row); pressed >= 0) {
-        screen_->CellClicked(*Shown(), row, pressed);
+        screen_->Click(*Shown(), row, pressed);
         return true;
       }
       if (choice_ || IsGroup(row)) {
@@ -401,7 +402,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (choice_)
     OpenRow(CurrentRow());
   else if (model_->IsPressed(CurrentRow(), currentIndex().column()))
-    screen_->CellClicked(*Shown(), CurrentRow(), currentIndex().column());
+    screen_->Click(*Shown(), CurrentRow(), currentIndex().column());
   else if (wasCurrent_ && rules_ && !IsGroup(CurrentRow()))
     slowClick_.start(QApplication::doubleClickInterval(), this);
 }

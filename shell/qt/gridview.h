@@ -38,8 +38,8 @@ class GridView : public QTableView {
  public:
   explicit GridView(QWidget* parent = nullptr);
 
-  // Both outlive the view or are taken back with Unbind.
-  void Bind(Screen& screen, Grid& grid, GridRules* rules);
+  // Shows a grid of the screen. Both outlive the view or are taken back with Unbind.
+  void Bind(Screen& screen, Grid& grid);
   void Unbind();
   Grid* Shown() const { return model_->Shown(); }
   GridModel& Model() { return *model_; }

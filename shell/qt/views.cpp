@@ -16,20 +16,6 @@
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/virtualkeys.h"
-#include "ui_frmBookingConfirmation.h"
-#include "ui_frmGetPassword.h"
-#include "ui_frmInvoice.h"
-#include "ui_frmPensionA.h"
-#include "ui_frmPensionB.h"
-#include "ui_frmPensionForms.h"
-#include "ui_frmPensionSOLO.h"
-#include "ui_frmPopupCalendar.h"
-#include "ui_frmPopupClock.h"
-#include "ui_frmPopupNumbers.h"
-#include "ui_frmPractice.h"
-#include "ui_frmPrepareInvoices.h"
-#include "ui_frmSession.h"
-#include "ui_frmWelcome.h"
 
 namespace lm {
 namespace {
@@ -50,35 +36,10 @@ void LevelButtons(const QWidget& dialog) {
   }
 }
 
-// The widgets belong to the dialog; the generated class only names them.
-template <typename Ui>
-void Build(QDialog& dialog) {
-  Ui().setupUi(&dialog);
-}
-
-constexpr ViewSpec kViews[] = {
-    {"frmSession", Build<Ui::frmSession>},
-    {"frmPractice", Build<Ui::frmPractice>},
-    {"frmWelcome", Build<Ui::frmWelcome>},
-    {"frmPrepareInvoices", Build<Ui::frmPrepareInvoices>},
-    {"frmInvoice", Build<Ui::frmInvoice>},
-    {"frmBookingConfirmation", Build<Ui::frmBookingConfirmation>},
-    {"frmPensionForms", Build<Ui::frmPensionForms>},
-    {"frmPensionA", Build<Ui::frmPensionA>},
-    {"frmPensionB", Build<Ui::frmPensionB>},
-    {"frmPensionSOLO", Build<Ui::frmPensionSOLO>},
-    {"frmGetPassword", Build<Ui::frmGetPassword>},
-    {"frmPopupCalendar", Build<Ui::frmPopupCalendar>, ViewKind::Popup},
-    {"frmPopupClock", Build<Ui::frmPopupClock>, ViewKind::Popup},
-    {"frmPopupNumbers", Build<Ui::frmPopupNumbers>, ViewKind::Popup},
-};
-
 }  // namespace
 
-std::span<const ViewSpec> Views() { return kViews; }
-
 const ViewSpec* FindView(std::string_view screen) {
-  for (const ViewSpec& view : kViews)
+  for (const ViewSpec& view : Views())
     if (EqualsIgnoreCase(view.screen, screen)) return &view;
   return nullptr;
 }
@@ -88,17 +49,18 @@ void SetPickerAnchor(QWidget& widget) {
 }
 
 ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent)
-    : QDialog(parent), screen_(screen), kind_(view.kind) {
-  if (kind_ == ViewKind::Popup) setWindowFlags(Qt::Popup);
+    : QDialog(parent), screen_(screen) {
   view.build(*this);
+  popup_ = property("popup").toBool();
+  if (popup_) setWindowFlags(Qt::Popup);
   ApplyLineIcons(*this);
-  if (kind_ == ViewKind::Dialog) LevelButtons(*this);
+  if (!popup_) LevelButtons(*this);
   binder_ = std::make_unique<Binder>(*this, screen);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   binder_->onCaptionChanged = showCaption;
   binder_->onClosed = [this] { done(0); };
   showCaption();
-  if (kind_ != ViewKind::Popup) return;
+  if (!popup_) return;
   installEventFilter(this);
   for (QWidget* widget : findChildren<QWidget*>()) widget->installEventFilter(this);
 }
@@ -114,7 +76,7 @@ void ScreenDialog::closeEvent(QCloseEvent* event) {
 
 void ScreenDialog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (kind_ == ViewKind::Dialog) {
+  if (!popup_) {
     CentreWindow(*this);
     binder_->TakeFirstFocus();
     return;
@@ -131,7 +93,7 @@ void ScreenDialog::showEvent(QShowEvent* event) {
 
 void ScreenDialog::paintEvent(QPaintEvent* event) {
   QDialog::paintEvent(event);
-  if (kind_ != ViewKind::Popup) return;
+  if (!popup_) return;
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::Dark));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));

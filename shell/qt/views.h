@@ -12,21 +12,18 @@ namespace lm {
 
 class Binder;
 
-enum class ViewKind {
-  Dialog,
-  Popup,  // drops without a frame below what opened it, and closes when the user clicks elsewhere
-};
-
 struct ViewSpec {
   std::string_view screen;
   void (*build)(QDialog& dialog);  // fills the dialog from its .ui
-  ViewKind kind = ViewKind::Dialog;
 };
 
+// Every .ui file of this folder; the build writes them down.
 std::span<const ViewSpec> Views();
 const ViewSpec* FindView(std::string_view screen);  // null when no view is registered
 
-// A screen in its window. Closing the frame and Escape ask the screen, which closes or not.
+// A screen in its window. Closing the frame and Escape ask the screen, which closes or not. A view
+// with the property "popup" drops without a frame below what opened it, and closes when the user
+// clicks elsewhere.
 class ScreenDialog : public QDialog {
   Q_OBJECT
  public:
@@ -45,7 +42,7 @@ class ScreenDialog : public QDialog {
   void DropBelow(const QWidget* anchor);
 
   Screen& screen_;
-  ViewKind kind_;
+  bool popup_ = false;
   std::unique_ptr<Binder> binder_;
 };
 

@@ -135,6 +135,26 @@ TEST(GridSubtotal, WhereAGroupEnds) {
   }
 }
 
+// Two practices of one name are two groups, whatever order the records came in.
+TEST(GridSubtotal, GroupsGoByIdWhereTheColumnHasIds) {
+  Grid grid("fgTest");
+  Fill(grid, {"2\t\t1", "10\t\t2", "3\t\t4", "2\t\t8", "10\t\t16", "9\t\t32"});
+  grid.SetColComboList(0, "#2;Same|#10;Same|#3;Other");
+  grid.Sort(SortSetting::GenericAscending, 0);
+  grid.Subtotal(SubtotalFunction::Sum, 0, 2, {});
+  EXPECT_EQ(Table(grid), (Lines{"[1] ||32|", "9||32|", "[1] Other||4|", "3||4|", "[1] Same||9|",
+                                "2||1|", "2||8|", "[1] Same||18|", "10||2|", "10||16|"}));
+  EXPECT_EQ(grid.GroupValue(5), "2");
+  EXPECT_EQ(grid.GroupValue(8), "10");
+  EXPECT_EQ(grid.GroupValue(9), "") << "a record";
+
+  grid.SetColComboList(0, "Same|same");
+  grid.ClearSubtotals();
+  for (int row = 1; row < grid.Rows(); ++row) grid.SetTextMatrix(row, 0, row % 2 ? "Same" : "same");
+  grid.Subtotal(SubtotalFunction::Sum, 0, 2, {});
+  EXPECT_EQ(grid.Rows(), 8) << "entries without ids are the same without regard to case";
+}
+
 TEST(GridSubtotal, CaptionsAndFiguresAreShownAsTheyAre) {
   Grid grid("fgTest");
   Fill(grid, {"1\t01/02/2026\t1234.5\t7", "2\t01/02/2026\t1\t7"});

@@ -74,6 +74,15 @@ TEST(Text, SplitAndJoinAreInverse) {
   }
 }
 
+TEST(Text, LineBreaksBecomeCrLf) {
+  const std::pair<const char*, const char*> kCases[] = {
+      {"", ""},           {"a b", "a b"},       {"a\nb", "a\r\nb"},
+      {"a\rb", "a\r\nb"}, {"a\r\nb", "a\r\nb"}, {"\n\r\r\n\n", "\r\n\r\n\r\n\r\n"},
+      {"a\r", "a\r\n"},
+  };
+  for (const auto& [text, expected] : kCases) EXPECT_EQ(WithCrLf(text), expected);
+}
+
 TEST(Text, ComparisonsIgnoreCase) {
   EXPECT_TRUE(EqualsIgnoreCase("Riverside", "RIVERSIDE"));
   EXPECT_TRUE(EqualsIgnoreCase("\xE9", "\xC9"));

@@ -38,7 +38,7 @@ struct Booking : testing::Test {
     return text;
   }
   void Tick(std::initializer_list<int> rows) {
-    for (const int row : rows) window->CellClicked(window->fgUpcomingSessions, row, 0);
+    for (const int row : rows) window->Click(window->fgUpcomingSessions, row, 0);
   }
 };
 
@@ -80,7 +80,7 @@ TEST_F(Booking, NothingTicked) {
   EXPECT_EQ(desk.shown.clipboard, "");
   EXPECT_TRUE(desk.shown.mails.empty());
   Tick({0, 1, 99});
-  window->CellClicked(window->fgUpcomingSessions, 2, 3);
+  window->Click(window->fgUpcomingSessions, 2, 3);
   window->Press(window->cmdCreateConfirmation);
   EXPECT_EQ(desk.Messages(), "No sessions have been selected");
 }

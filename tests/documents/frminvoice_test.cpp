@@ -56,7 +56,7 @@ struct InvoiceWindow : testing::Test {
       for (int row = 0; row < month.Rows(); ++row)
         for (int col = 0; col < month.Cols() && !picker.Closed(); ++col)
           if (month.TextMatrix(row, col) == day)
-            picker.CellClicked(*picker.Grids().front().grid, row, col);
+            picker.Click(*picker.Grids().front().grid, row, col);
     });
   }
 };
@@ -269,6 +269,19 @@ TEST_F(InvoiceWindow, GroupedListsDoNotMatter) {
       EXPECT_NE(sessions.TextMatrix(row, "INVOICE"), "1");
     }
   }
+}
+
+// Two working copies of one invoice would overwrite each other.
+TEST_F(InvoiceWindow, AnInvoiceStandsInOneWindow) {
+  desk.shown.modal = {[&](Screen& outer) {
+                        EXPECT_FALSE(OpenInvoice(desk, "1"));
+                        EXPECT_EQ(desk.Messages(), "The invoice window is already open.");
+                        EXPECT_TRUE(OpenInvoice(desk, "2")) << "another one";
+                        outer.Close();
+                      },
+                      [](Screen& inner) { inner.Close(); }};
+  EXPECT_TRUE(OpenInvoice(desk, "1"));
+  EXPECT_TRUE(OpenInvoice(desk, "1")) << "it has closed";
 }
 
 }  // namespace

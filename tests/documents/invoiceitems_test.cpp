@@ -142,6 +142,21 @@ TEST(InvoiceItems, TextsGrowAndTakeTheirSectionAlong) {
   }
 }
 
+// Height and drawing agree on where a line ends, whatever an old file parts its lines by.
+TEST(InvoiceItems, EveryLineOfANoteIsDrawn) {
+  for (const char* note : {"one\ntwo\nthree", "one\rtwo\rthree", "one\r\ntwo\r\nthree"}) {
+    Paper paper(2);
+    paper.ledger.fgSessions.SetTextMatrix(2, "PUBLICNOTE", note);
+    const auto words = paper.Write(
+        Section("session", Text("{Session Note}", {{"allowexpansion", "DOWN"}, {"height", "1"}}) +
+                               Text("S{Session Total}", {{"left", "150"}, {"top", "0"}})));
+    const double first = FindWord(words, "one").top;
+    EXPECT_NEAR(FindWord(words, "two").top - first, kLine, kNear);
+    EXPECT_NEAR(FindWord(words, "three").top - first, 2 * kLine, kNear);
+    EXPECT_GT(FindWord(words, "S2").top, FindWord(words, "three").top);
+  }
+}
+
 TEST(InvoiceItems, HiddenTextsLeaveNoGap) {
   Paper paper(2);
   const auto words = paper.Write(

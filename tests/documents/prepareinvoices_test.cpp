@@ -317,7 +317,7 @@ TEST_F(PrepareWindow, OpensOnThisMonthAndAllPractices) {
   for (const ComboItem& item : window.cboPractice.Items())
     practices += item.text + "=" + item.data + ";";
   EXPECT_EQ(practices, "<ALL PRACTICES>=;Abbey=2;Abbey Annexe=3;Mill=4;Riverside=1;");
-  EXPECT_EQ(window.cboPractice.ListIndex(), 0);
+  EXPECT_EQ(window.cboPractice.Selected(), 0);
   EXPECT_EQ(window.txtIDate.Text(), "03/02/2026");
   EXPECT_EQ(Dates(), "01/02/2026 - 28/02/2026");
   EXPECT_EQ(Options(), "..x");

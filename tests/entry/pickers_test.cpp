@@ -101,8 +101,7 @@ TEST_F(Pickers, CalendarShowsTheMonthAndMarksToday) {
 }
 
 TEST_F(Pickers, CalendarWritesWhatIsChosenAndNothingElse) {
-  EXPECT_EQ(Calendar("15/06/2017", [](auto& shown) { shown.CellClicked(shown.fg, 1, 3); }),
-            "01/06/2017");
+  EXPECT_EQ(Calendar("15/06/2017", [](auto& shown) { shown.Click(shown.fg, 1, 3); }), "01/06/2017");
   EXPECT_EQ(Calendar("tom", [](auto& shown) { shown.Press(shown.cmdToday); }), "03/02/2026");
   EXPECT_EQ(Calendar("15/06/2017", [](auto& shown) { shown.Press(shown.cmdClear); }), "");
   EXPECT_EQ(Calendar("", [](auto& shown) { shown.Press(shown.cmdClear); }), "");
@@ -110,10 +109,10 @@ TEST_F(Pickers, CalendarWritesWhatIsChosenAndNothingElse) {
 
   EXPECT_EQ(Calendar("15/06/2017", [](auto& shown) { shown.CloseRequested(); }), "15/06/2017");
   const std::string unchanged = Calendar("15/06/2017", [](auto& shown) {
-    shown.CellClicked(shown.fg, 0, 3);  // the headings, a day of May, outside, a list not open
-    shown.CellClicked(shown.fg, 1, 0);
-    shown.CellClicked(shown.fg, 99, -1);
-    shown.CellClicked(shown.fgMonths, 0, 0);
+    shown.Click(shown.fg, 0, 3);  // the headings, a day of May, outside, a list not open
+    shown.Click(shown.fg, 1, 0);
+    shown.Click(shown.fg, 99, -1);
+    shown.Click(shown.fgMonths, 0, 0);
     EXPECT_FALSE(shown.Closed());
     ExpectMonth(shown, 2017, 6);
   });
@@ -134,7 +133,7 @@ TEST_F(Pickers, CalendarMovesByMonthAndByYear) {
     EXPECT_EQ(shown.fgMonths.TextMatrix(2, 3), "Dec");
     shown.Press(shown.cmdMonthDown);
     EXPECT_EQ(shown.lblMonth.Text(), "December 2024");
-    shown.CellClicked(shown.fgMonths, 0, 1);
+    shown.Click(shown.fgMonths, 0, 1);
     EXPECT_FALSE(shown.MonthsOpen());
     ExpectMonth(shown, 2024, 2);
 
@@ -198,11 +197,11 @@ TEST_F(Pickers, ClockTakesHoursMinutesAndHalves) {
     std::string text, expected;
     std::function<void(frmPopupClock&)> acts;
   } cases[] = {
-      {"13:07", "15:07", [](auto& clock) { clock.CellClicked(clock.fg, 0, 3); }},
-      {"13:07", "13:55", [](auto& clock) { clock.CellClicked(clock.fg, 3, 5); }},
-      {"13:07", "12:07", [](auto& clock) { clock.CellClicked(clock.fg, 0, 0); }},
-      {"13:07", "23:07", [](auto& clock) { clock.CellClicked(clock.fg, 1, 5); }},
-      {"13:07", "13:07", [](auto& clock) { clock.CellClicked(clock.fg, 4, -1); }},
+      {"13:07", "15:07", [](auto& clock) { clock.Click(clock.fg, 0, 3); }},
+      {"13:07", "13:55", [](auto& clock) { clock.Click(clock.fg, 3, 5); }},
+      {"13:07", "12:07", [](auto& clock) { clock.Click(clock.fg, 0, 0); }},
+      {"13:07", "23:07", [](auto& clock) { clock.Click(clock.fg, 1, 5); }},
+      {"13:07", "13:07", [](auto& clock) { clock.Click(clock.fg, 4, -1); }},
       {"13:07", "01:07", [](auto& clock) { clock.Press(clock.lblAM); }},
       {"00:30", "12:30", [](auto& clock) { clock.Press(clock.lblPM); }},
       {"13:07", "13:08", [](auto& clock) { clock.Press(clock.lblMins); }},

@@ -37,7 +37,7 @@ struct WindowDesk : RulesDesk {
       Grid& month = *picker.Grids().front().grid;
       for (int row = 0; row < month.Rows(); ++row)
         for (int col = 0; col < month.Cols() && !picker.Closed(); ++col)
-          if (month.TextMatrix(row, col) == day) picker.CellClicked(month, row, col);
+          if (month.TextMatrix(row, col) == day) picker.Click(month, row, col);
     });
   }
 };
@@ -69,7 +69,7 @@ inline EditOutcome Type(FormWindow& window, int line, const std::string& text) {
 
 // Lines count from 1, as on the screen.
 inline void PressHelp(FormWindow& window, int line) {
-  window.CellClicked(window.fgDetails, line + 1, window.fgDetails.ColIndex("ICON"));
+  window.Click(window.fgDetails, line + 1, window.fgDetails.ColIndex("ICON"));
 }
 
 }  // namespace lm::test

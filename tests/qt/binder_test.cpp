@@ -148,9 +148,13 @@ TEST(Binder, TextsCrossTheEdge) {
   v.note->appendPlainText("three");
   EXPECT_TRUE(v.binder.CommitPending());
   EXPECT_EQ(v.screen.tNote.Text(), "one\r\ntwo\r\nthree");
-  v.screen.tNote.SetText("a\nb");  // a lone line feed of an old file is no change of the user
+  v.screen.tNote.SetText("a\nb");  // of an old file
+  v.screen.tNote.onEntered = [] {
+    ADD_FAILURE() << "no change of the user";
+    return true;
+  };
   EXPECT_TRUE(v.binder.CommitPending());
-  EXPECT_EQ(v.screen.tNote.Text(), "a\nb");
+  EXPECT_EQ(v.screen.tNote.Text(), "a\r\nb");
 }
 
 TEST(Binder, ChoosesTheSecondOfTwoEntriesWithOneText) {

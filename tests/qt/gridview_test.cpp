@@ -59,15 +59,18 @@ class ListScreen : public Screen {
     grid.SetColComboList(3, "#1;First|#2;Second");
     grid.SetColDataType(4, DataType::Money);
     grid.SetColFormat(4, "#,##0.00");
+    AddGrid(grid, &rules);
   }
   int AddRow(int id) {
     return grid.AddItem("\t" + std::to_string(id) + "\tName " + std::to_string(id) + "\t1\t" +
                         std::to_string(id * 10));
   }
-  void CellClicked(Grid&, int row, int col) override { clicked.emplace_back(row, col); }
   Grid grid{"fgList"};
   Rules rules;
   std::vector<std::pair<int, int>> clicked;
+
+ protected:
+  void CellClicked(Grid&, int row, int col) override { clicked.emplace_back(row, col); }
 };
 
 struct ShownList {
@@ -77,7 +80,7 @@ struct ShownList {
 
   explicit ShownList(int rows = 3) {
     for (int id = 1; id <= rows; ++id) screen.AddRow(id);
-    view.Bind(screen, screen.grid, &screen.rules);
+    view.Bind(screen, screen.grid);
     view.resize(600, 400);
     view.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
@@ -206,6 +209,72 @@ TEST(GridView, AListThatDroppedDownIsStillTheEditor) {
   QTest::keyClick(combo->view(), Qt::Key_Return);
   EXPECT_EQ(list.screen.grid.TextMatrix(3, 3), "2");
   EXPECT_TRUE(list.view.hasFocus());
+}
+
+TEST(GridView, TabInADroppedListTakesWhatIsHighlightedAndGoesOn) {
+  const struct {
+    const char* what;
+    const char* held;
+    int highlighted;
+    int key;
+    const char* stored;
+    int next;  // the column that is open for typing afterwards
+  } kCases[] = {
+      {"another entry", "1", 1, Qt::Key_Tab, "2", 4},
+      {"the same entry", "1", 0, Qt::Key_Tab, "1", 4},
+      {"nothing highlighted", "9", -1, Qt::Key_Tab, "9", 4},
+      {"backwards", "1", 1, Qt::Key_Backtab, "2", 2},
+  };
+  for (const auto& each : kCases) {
+    ShownList list;
+    list.screen.grid.SetTextMatrix(2, 3, each.held);
+    list.view.EditCellAt(2, 3);
+    QApplication::processEvents();
+    auto* combo = list.view.viewport()->findChild<QComboBox*>();
+    ASSERT_NE(combo, nullptr) << each.what;
+    ASSERT_TRUE(combo->view()->isVisible()) << each.what;
+    EXPECT_EQ(combo->currentIndex(), *each.held == '1' ? 0 : -1) << each.what;
+    if (each.highlighted >= 0)
+      combo->view()->setCurrentIndex(combo->model()->index(each.highlighted, 0));
+    QTest::keyClick(combo->view(), static_cast<Qt::Key>(each.key));
+    QApplication::processEvents();
+    EXPECT_EQ(list.screen.grid.TextMatrix(2, 3), each.stored) << each.what;
+    ASSERT_NE(list.Editor(), nullptr) << each.what;
+    EXPECT_EQ(list.view.currentIndex().column(), each.next) << each.what;
+    QTest::keyClicks(list.Editor(), "35");
+    QTest::keyClick(list.Editor(), Qt::Key_Return);
+    EXPECT_EQ(list.screen.grid.TextMatrix(2, each.next), "35") << each.what;
+  }
+}
+
+TEST(GridView, TheSecondOfTwoEntriesWithOneTextIsChosenByItsId) {
+  ShownList list;
+  list.screen.grid.SetColComboList(3, "#1;Same|#2;Same|#3;Other");
+  list.screen.grid.SetTextMatrix(2, 3, "2");
+  list.view.EditCellAt(2, 3);
+  auto* combo = list.view.viewport()->findChild<QComboBox*>();
+  ASSERT_NE(combo, nullptr);
+  EXPECT_EQ(combo->currentIndex(), 1);
+  EXPECT_TRUE(list.view.CommitEditor());
+  EXPECT_TRUE(list.screen.rules.edited.empty()) << "opened and left";
+  list.view.EditCellAt(3, 3);
+  combo = list.view.viewport()->findChildren<QComboBox*>().last();
+  combo->hidePopup();
+  combo->setCurrentIndex(1);
+  emit combo->activated(1);
+  EXPECT_EQ(list.screen.grid.TextMatrix(3, 3), "2");
+}
+
+TEST(GridView, ACellOfSeveralLinesIsOpenedAndLeftAsItWas) {
+  ShownList list;
+  for (const char* lines : {"a\r\nb", "a\nb"}) {
+    list.screen.grid.SetTextMatrix(2, 2, lines);
+    list.view.EditCellAt(2, 2);
+    ASSERT_NE(list.Editor(), nullptr);
+    QTest::keyClick(list.Editor(), Qt::Key_Return);
+    EXPECT_EQ(list.screen.grid.TextMatrix(2, 2), lines);
+  }
+  EXPECT_TRUE(list.screen.rules.edited.empty());
 }
 
 TEST(GridView, NoCursorOnTheMarkers) {

@@ -13,19 +13,9 @@
 #include <set>
 
 #include "core/frmGetPassword.h"
-#include "documents/frmBookingConfirmation.h"
-#include "documents/frmInvoice.h"
-#include "documents/frmPrepareInvoices.h"
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
-#include "pension/frmPensionA.h"
-#include "pension/frmPensionB.h"
-#include "pension/frmPensionForms.h"
-#include "pension/frmPensionSOLO.h"
-#include "records/frmPractice.h"
-#include "records/frmSession.h"
-#include "records/frmWelcome.h"
 #include "shell/frmMain.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/gridview.h"
@@ -38,34 +28,63 @@
 namespace lm::test {
 namespace {
 
-using ScreenMaker = std::function<std::unique_ptr<Screen>(Ledger&)>;
+using Visit = std::function<void(Screen&)>;
 
 template <typename S, typename... Rest>
-ScreenMaker Make(Rest... rest) {
-  return [=](Ledger& ledger) -> std::unique_ptr<Screen> {
-    return std::make_unique<S>(ledger, rest...);
+std::function<void(Ledger&, const Visit&)> Make(Rest... rest) {
+  return [=](Ledger& ledger, const Visit& visit) {
+    S screen(ledger, rest...);
+    visit(screen);
   };
 }
 
-const std::map<std::string, ScreenMaker>& Screens() {
-  static const std::map<std::string, ScreenMaker> screens{
-      {"frmSession", Make<frmSession>()},
-      {"frmPractice", Make<frmPractice>()},
-      {"frmWelcome", Make<frmWelcome>()},
-      {"frmPrepareInvoices", Make<frmPrepareInvoices>()},
-      {"frmInvoice", Make<frmInvoice>()},
-      {"frmBookingConfirmation", Make<frmBookingConfirmation>()},
-      {"frmPensionForms", Make<frmPensionForms>()},
-      {"frmPensionA", Make<frmPensionA>()},
-      {"frmPensionB", Make<frmPensionB>()},
-      {"frmPensionSOLO", Make<frmPensionSOLO>()},
-      {"frmGetPassword", Make<frmGetPassword>("LedgerMinder.dat")},
-      {"frmPopupCalendar", Make<frmPopupCalendar>("Date")},
-      {"frmPopupClock", Make<frmPopupClock>("Time")},
-      {"frmPopupNumbers", Make<frmPopupNumbers>("Amount")},
-  };
-  return screens;
-}
+// The windows that the program opens itself, and never by their name.
+const std::map<std::string, std::function<void(Ledger&, const Visit&)>> kOwnWindows{
+    {"frmGetPassword", Make<frmGetPassword>("LedgerMinder.dat")},
+    {"frmPopupCalendar", Make<frmPopupCalendar>("Date")},
+    {"frmPopupClock", Make<frmPopupClock>("Time")},
+    {"frmPopupNumbers", Make<frmPopupNumbers>("Amount")},
+};
+
+// Shows every window of the program once, each with what it can be opened for.
+struct Windows {
+  TestLedger test;
+  WindowCatalogue catalogue;
+
+  Windows() {
+    FillDemo(test);
+    FillPensionDemo(test);
+    AddWindows(catalogue);
+  }
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names = catalogue.Names();
+    for (const auto& [name, make] : kOwnWindows) names.push_back(name);
+    return names;
+  }
+  void Show(const std::string& name, const Visit& visit) {
+    if (const auto own = kOwnWindows.find(name); own != kOwnWindows.end())
+      return own->second(test, visit);
+    bool shown = false;
+    test.shown.modal = {[&](Screen& screen) {
+      shown = true;
+      EXPECT_EQ(screen.Name(), name);
+      visit(screen);
+      screen.Close();
+    }};
+    const std::vector<std::string> kWords[] = {
+        {"new"}, {"open", "1"}, {"open", "1 012026"}, {"open", "022026"}, {"open", "3 012026"}};
+    for (const auto& words : kWords)
+      if (!shown) catalogue.Open(test, name, words);
+    EXPECT_TRUE(shown) << name;
+  }
+  void ShowEach(const std::function<void(Screen&, const ViewSpec&)>& visit) {
+    for (const std::string& name : Names()) {
+      const ViewSpec* view = FindView(name);
+      ASSERT_NE(view, nullptr) << name << " has no view";
+      Show(name, [&](Screen& screen) { visit(screen, *view); });
+    }
+  }
+};
 
 bool MayShowField(const QWidget& widget) {
   return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
@@ -96,26 +115,20 @@ std::set<std::string> NamesOf(const Screen& screen) {
 }
 
 TEST(Views, EveryNameStandsOnBothSides) {
-  TestLedger test;
-  FillDemo(test);
-  for (const ViewSpec& view : Views()) {
-    const auto maker = Screens().find(std::string(view.screen));
-    ASSERT_NE(maker, Screens().end()) << view.screen << " has no screen in this test";
-    const auto screen = maker->second(test);
+  Windows windows;
+  windows.ShowEach([](Screen& screen, const ViewSpec& view) {
     QDialog dialog;
     view.build(dialog);
-    EXPECT_EQ(NamesOf(*screen), NamesOf(dialog)) << view.screen;
-  }
-  EXPECT_EQ(Views().size(), Screens().size());
+    EXPECT_EQ(NamesOf(screen), NamesOf(dialog)) << view.screen;
+  });
+  EXPECT_EQ(Views().size(), windows.Names().size()) << "a view without a window";
 }
 
 TEST(Views, EveryFieldHasANameForReaders) {
-  TestLedger test;
-  FillDemo(test);
-  for (const ViewSpec& view : Views()) {
-    const auto screen = Screens().at(std::string(view.screen))(test);
-    ScreenDialog dialog(view, *screen, nullptr);
-    for (const Field* field : screen->Fields()) {
+  Windows windows;
+  windows.ShowEach([](Screen& screen, const ViewSpec& view) {
+    ScreenDialog dialog(view, screen, nullptr);
+    for (const Field* field : screen.Fields()) {
       const QWidget* widget = dialog.Bindings().WidgetOf(*field);
       ASSERT_NE(widget, nullptr) << view.screen << " " << field->Name();
       if (widget->focusPolicy() == Qt::NoFocus) continue;
@@ -126,13 +139,12 @@ TEST(Views, EveryFieldHasANameForReaders) {
       EXPECT_TRUE(speaksForItself || widget->accessibleName() != ToQt(field->Name()))
           << view.screen << " " << field->Name();
     }
-  }
+  });
 }
 
 TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
-  TestLedger test;
-  FillDemo(test);
-  const std::pair<const char*, const char*> starts[] = {
+  Windows windows;
+  const std::map<std::string, std::string> starts{
       {"frmSession", "cPractice"},        {"frmPractice", "txtName"},
       {"frmWelcome", "txtTitle"},         {"frmPrepareInvoices", "cboPractice"},
       {"frmInvoice", "cIDate"},           {"frmBookingConfirmation", "cboPractice"},
@@ -140,22 +152,21 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmPensionB", "cSentToHA"},       {"frmPensionSOLO", "cSentToHA"},
       {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
       {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"}};
-  for (const auto& [name, first] : starts) {
-    const auto screen = Screens().at(name)(test);
-    ScreenDialog dialog(*FindView(name), *screen, nullptr);
+  std::map<std::string, std::string> focused;
+  windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
+    ScreenDialog dialog(view, screen, nullptr);
     dialog.show();
-    ASSERT_NE(dialog.focusWidget(), nullptr) << name;
-    EXPECT_EQ(dialog.focusWidget()->objectName().toStdString(), first) << name;
-  }
+    const QWidget* focus = dialog.focusWidget();
+    focused[screen.Name()] = focus ? focus->objectName().toStdString() : "";
+  });
+  EXPECT_EQ(focused, starts);
 }
 
 // Two Alt letters alike on one page would each need a second press.
 TEST(Views, NoAltLetterStandsTwiceOnAPage) {
-  TestLedger test;
-  FillDemo(test);
-  for (const ViewSpec& view : Views()) {
-    const auto screen = Screens().at(std::string(view.screen))(test);
-    ScreenDialog dialog(view, *screen, nullptr);
+  Windows windows;
+  windows.ShowEach([](Screen& screen, const ViewSpec& view) {
+    ScreenDialog dialog(view, screen, nullptr);
     auto* tabs = dialog.findChild<QTabWidget*>();
     const int pages = tabs ? tabs->count() : 1;
     for (int page = 0; page < pages; ++page) {
@@ -178,7 +189,7 @@ TEST(Views, NoAltLetterStandsTwiceOnAPage) {
       for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
         if (onThisPage(button)) take(button->text());
     }
-  }
+  });
 }
 
 TEST(Views, MainWindowShowsEveryFieldAndCommand) {

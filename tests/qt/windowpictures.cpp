@@ -95,12 +95,12 @@ void GrabMain(test::TestLedger& test) {
   screen.ShowPage(Page::Sessions);
   screen.tabSessions.SetSelected(screen.tabSessions.Count() - 1);
   screen.tabSessions.onEntered();
-  screen.cboGroupSessions.SetListIndex(1);
+  screen.cboGroupSessions.SetSelected(1);
   screen.cboGroupSessions.onEntered();
   screen.HeaderClicked(test.ledger.fgSessions, test.ledger.fgSessions.ColIndex("SDATE"));
   test.ledger.fgSessions.Select(4, 4);
   Grab(window, "main-sessions-grouped");
-  screen.cboGroupSessions.SetListIndex(0);
+  screen.cboGroupSessions.SetSelected(0);
   screen.cboGroupSessions.onEntered();
   QApplication::processEvents();
   window.CurrentList()->EditCellAt(test.ledger.fgSessions.FixedRows() + 7,
@@ -153,7 +153,7 @@ void GrabInvoices(test::TestLedger& test) {
   frmBookingConfirmation booking(test);
   booking.ChoosePractice("1");
   Grid& sessions = booking.fgUpcomingSessions;
-  for (int row : {0, 2}) booking.CellClicked(sessions, sessions.FixedRows() + row, 0);
+  for (int row : {0, 2}) booking.Click(sessions, sessions.FixedRows() + row, 0);
   for (int tab = 0; tab < booking.tabMessage.Count(); ++tab) {
     booking.tabMessage.SetSelected(tab);
     GrabScreen(booking, QString("frmBookingConfirmation-%1").arg(tab));

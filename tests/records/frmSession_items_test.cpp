@@ -178,7 +178,7 @@ TEST(SessionItemsAndLinks, MileageRefusalsInTheirOrder) {
   SetOption(surgery, optMileageRate, "nothing");
   frmSession window(surgery);
   window.OpenSession("1");
-  window.cPractice.SetListIndex(-1);
+  window.cPractice.SetSelected(-1);
   window.cInvoice.SetText("5");
   window.cForms.SetText("A");
   const auto refusal = [&] {

@@ -28,7 +28,7 @@ TEST(SessionWindow, NewSessionStartsEmpty) {
 
   frmSession unplaced(surgery);
   ASSERT_TRUE(unplaced.New("03/02/2026", "", ""));
-  EXPECT_EQ(unplaced.cPractice.ListIndex(), -1);
+  EXPECT_EQ(unplaced.cPractice.Selected(), -1);
 
   surgery.ledger.fgPractices.RemoveItem(2);
   frmSession onlyOne(surgery);
@@ -262,8 +262,8 @@ TEST(SessionWindow, OkKeepsWhatItDoesNotEdit) {
   const Grid& sessions = surgery.ledger.fgSessions;
   frmSession window(surgery);
   ASSERT_TRUE(window.OpenSession("1"));
-  EXPECT_EQ(window.cSess_Type.ListIndex(), -1);
-  EXPECT_EQ(window.cPractice.ListIndex(), -1);
+  EXPECT_EQ(window.cSess_Type.Selected(), -1);
+  EXPECT_EQ(window.cPractice.Selected(), -1);
   EXPECT_EQ(window.cExtras.Text(), "0.00");
   window.Press(window.cmdOk);
   ASSERT_TRUE(window.Closed());

@@ -224,6 +224,20 @@ TEST_F(Practices, TheCatalogueOpensByWords) {
   ledger.openScreens.clear();
 }
 
+TEST_F(Practices, APracticeStandsInOneWindow) {
+  t.shown.modal = {[&](Screen& outer) {
+                     outer.Enter(*outer.FindField("txtNotes"), "typed here");
+                     EXPECT_FALSE(OpenPractice(ledger, "4"));
+                     EXPECT_EQ(t.shown.TakeMessage(), "The practice window is already open.");
+                     EXPECT_TRUE(OpenPractice(ledger, "9")) << "another one";
+                     outer.Press(*outer.FindField("cmdOk"));
+                   },
+                   [](Screen& inner) { inner.Close(); }};
+  EXPECT_TRUE(OpenPractice(ledger, "4"));
+  EXPECT_EQ(practices.TextMatrix(Row("4"), "NOTES"), "typed here");
+  EXPECT_TRUE(OpenPractice(ledger, "4")) << "it has closed";
+}
+
 TEST_F(Practices, TheWelcomeWindowStoresTheName) {
   SetMyDetail(ledger, kLastNameField, "Grey");
   frmWelcome later(ledger);

@@ -157,5 +157,45 @@ TEST_F(SessionList, ASessionWithoutAnIdIsToldAndCanBeDeleted) {
   EXPECT_TRUE(ledger.fgExtras.HasData() && ledger.fgSessionExpenses.HasData());
 }
 
+TEST_F(SessionList, APracticeIsChosenByItsIdWhereTwoBearOneName) {
+  t.AddRow(ledger.fgPractices, {"ID=12", "NAME=Riverside"});
+  t.AddRow(ledger.fgPractices, {"ID=3", "NAME=Abbey"});
+  FormatTables(ledger);
+  const struct {
+    const char *held, *word;
+    EditOutcome outcome;
+    const char* stored;
+  } kCases[] = {
+      {"1", "Riverside", EditOutcome::Unchanged, "1"},
+      {"12", "Riverside", EditOutcome::Unchanged, "12"},  // shows that text already
+      {"12", "#1", EditOutcome::Accepted, "1"},
+      {"1", "#12", EditOutcome::Accepted, "12"},
+      {"12", "#12", EditOutcome::Unchanged, "12"},
+      {"3", " Riverside ", EditOutcome::Accepted, "1"},  // the first
+      {"3", "#99", EditOutcome::Refused, "3"},
+      {"3", "#", EditOutcome::Refused, "3"},
+      {"3", "", EditOutcome::Refused, "3"},
+      {"99", "", EditOutcome::Refused, "99"},  // a practice that is gone shows nothing
+      {"99", "Abbey", EditOutcome::Accepted, "3"},
+  };
+  for (const auto& each : kCases) {
+    sessions.SetTextMatrix(row, "PRACTICE", each.held);
+    EXPECT_EQ(Edit("PRACTICE", each.word), each.outcome) << each.held << " " << each.word;
+    EXPECT_EQ(Cell("PRACTICE"), each.stored) << each.held << " " << each.word;
+  }
+}
+
+TEST_F(SessionList, LineBreaksOfANoteAreOfOneKind) {
+  for (const char* typed : {"a\nb", "a\rb", "a\r\nb"}) {
+    sessions.SetTextMatrix(row, "NOTES", "");
+    EXPECT_EQ(Edit("NOTES", typed), EditOutcome::Accepted);
+    EXPECT_EQ(Cell("NOTES"), "a\r\nb");
+    EXPECT_EQ(Edit("NOTES", "a\nb"), EditOutcome::Unchanged);
+  }
+  sessions.SetTextMatrix(row, "NOTES", "a\nb");  // of an old file
+  EXPECT_EQ(Edit("NOTES", "a\r\nb"), EditOutcome::Unchanged);
+  EXPECT_EQ(Cell("NOTES"), "a\nb");
+}
+
 }  // namespace
 }  // namespace lm

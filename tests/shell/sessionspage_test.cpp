@@ -127,6 +127,22 @@ TEST_F(SessionsPage, GroupsByEachColumn) {
   EXPECT_EQ(sessions.Rows(), 6);
 }
 
+TEST_F(SessionsPage, TwoPracticesOfOneNameAreTwoGroups) {
+  const int riverside = ledger.fgPractices.FindRow("1", "ID");
+  const int abbey = ledger.fgPractices.FindRow("2", "ID");
+  ledger.fgPractices.SetTextMatrix(abbey, "NAME", ledger.fgPractices.TextMatrix(riverside, "NAME"));
+  RefreshPracticeLists(ledger);
+  Session("01/02/2026", "2", "20");
+  Session("02/02/2026", "1", "100");
+  Session("03/02/2026", "2", "3");
+  Open();
+  window->Enter(window->cboGroupSessions, "Practice");
+  EXPECT_EQ(Shown(), (Ids{"Riverside=100.00", "2", "Riverside=23.00", "1", "3"}));
+  sessions.SetRowCollapsed(4, true);
+  window->RefreshLists();
+  EXPECT_EQ(Shown(), (Ids{"Riverside=100.00", "2", "Riverside=23.00"})) << "the other stays open";
+}
+
 TEST_F(SessionsPage, SumsTakeOnlyTheSessionsInSight) {
   Session("01/02/2026", "1", "100");
   Session("01/02/2020", "1", "7");
