@@ -90,7 +90,7 @@ struct Loaded {
       plain.push_back(lm::clsRC4().DecryptString(section, Key(ledger), true));
   }
   static std::string Key(const lm::Ledger& ledger) {
-    return std::string(lm::TableKey(ledger, "fgSessions"));
+    return lm::TableKey("fgSessions", ledger.dataPassword);
   }
 };
 

@@ -12,11 +12,13 @@
 #include "cli/script.h"
 #include "cli/templatecommands.h"
 #include "cli/terminal.h"
+#include "core/files.h"
 #include "core/options.h"
 #include "core/startup.h"
 #include "core/text.h"
 #include "documents/shippedtemplates.h"
 #include "pension/shippedforms.h"
+#include "shell/native.h"
 #include "shell/windows.h"
 
 namespace {
@@ -36,11 +38,14 @@ constexpr std::string_view kUsage =
     "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
     "  --now TIME  the clock's time\n"
     "  --answer    answers for the message boxes to come\n"
-    "  --force     goes on where another instance runs or the directory already holds data\n";
+    "  --force     goes on where another instance runs; demo adds its month to the data there\n"
+    "  --help      tells this\n"
+    "  --version   tells the program's version\n";
 
 struct Settings {
   std::string directory;
   bool force = false;
+  std::string answer;  // what was asked of the program itself: nothing else is done then
   std::vector<std::string> command;
 };
 
@@ -61,6 +66,12 @@ std::string ReadArguments(const std::vector<std::string>& arguments, Settings& s
     if (word == "--force") {
       settings.force = true;
       continue;
+    }
+    if (word == "--help" || word == "--version") {
+      settings.answer = word == "--help"
+                            ? std::string(kUsage)
+                            : "LedgerMinder " + std::string(lm::ProgramVersion()) + "\n";
+      return "";
     }
     if (i + 1 == arguments.size()) return "a value is missing behind " + word;
     const std::string& value = arguments[++i];
@@ -87,9 +98,10 @@ std::filesystem::path ProgramDirectory(const Settings& settings, lm::Terminal& t
 bool HoldsData(const lm::Ledger& ledger) { return !lm::IsFirstStart(ledger); }
 
 int Init(lm::Ledger& ledger, const Settings& settings) {
+  if (lm::MayExist(ledger.DataFile()))
+    return Fail("the directory already holds a data file, which init never replaces");
   if (HoldsData(ledger) && !settings.force)
-    return Fail("the directory already holds data; --force replaces it");
-  lm::SetFirstInstallOptions(ledger);
+    return Fail("the directory already holds options; --force replaces them");
   if (!lm::MakeProgramDirectory(ledger) || !lm::PlaceShippedTemplates(ledger) ||
       !lm::PlaceShippedForms(ledger))
     return 1;
@@ -139,12 +151,17 @@ int FormCommand(lm::Ledger& ledger, const Settings& settings) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  lm::native::OutliveFileSizeLimit();
   Settings settings;
   lm::Terminal terminal(std::cout);
   const std::string fault = ReadArguments({argv + 1, argv + argc}, settings, terminal);
   if (!fault.empty()) {
     std::cerr << kUsage;
     return Fail(fault);
+  }
+  if (!settings.answer.empty()) {
+    std::cout << settings.answer;
+    return 0;
   }
   terminal.ignoreOtherInstances = settings.force;
   const std::string& command = settings.command[0];

@@ -80,7 +80,7 @@ bool Terminal::AddAnswer(std::string_view word) {
 }
 
 Answer Terminal::Show(const MessageBoxText& message) {
-  Answer answer = SafeAnswer(message.buttons);
+  Answer answer = message.unattended.value_or(SafeAnswer(message.buttons));
   if (message.buttons != Buttons::Ok && !answers_.empty()) {
     if (Offers(message.buttons, answers_.front())) answer = answers_.front();
     answers_.pop_front();

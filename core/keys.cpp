@@ -16,9 +16,9 @@ std::string DefaultDataKey() {
 
 }  // namespace
 
-std::string TableKey(const Ledger& ledger, std::string_view table) {
+std::string TableKey(std::string_view table, std::string_view password) {
   if (EqualsIgnoreCase(table, "fgOptions")) return OptionsKey();
-  return ledger.dataPassword.empty() ? DefaultDataKey() : ledger.dataPassword;
+  return password.empty() ? DefaultDataKey() : std::string(password);
 }
 
 std::string HeaderKey() { return "Rook4Tidal!"; }

@@ -5,13 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "core/ledger.h"
-
 namespace lm {
 
 // The key of a table's section, by the table's name, ignoring case: fgOptions has its own, every
-// other goes by the data password, or by the default data key while there is none.
-std::string TableKey(const Ledger& ledger, std::string_view table);
+// other goes by the data password, or by the default data key while that is empty.
+std::string TableKey(std::string_view table, std::string_view password);
 
 std::string HeaderKey();       // of the data file's header, whatever the password
 std::string TemplateKey();     // of the document templates

@@ -66,11 +66,14 @@ class Ledger {
   bool dataIncomplete = false;  // a load broke off: what is in the tables must not replace the file
   std::string dataPassword;     // in clear, empty when there is none
   std::string dataFileVersion;  // from the loaded file's header
+  std::string dataFileStamp;    // of DataFile() as this run last loaded or saved it, else ""
   std::set<std::string> shownTips;  // texts of the one-time messages shown in this run
   std::filesystem::path programDirectory;
   std::vector<Screen*> openScreens;  // the windows on the screen, the topmost last
 
   std::filesystem::path File(std::string_view name) const { return programDirectory / name; }
+  std::filesystem::path DataFile() const { return File("LedgerMinder.dat"); }
+  std::filesystem::path OptionsFile() const { return File("Options.dat"); }
 };
 
 }  // namespace lm

@@ -11,8 +11,8 @@ std::string WithBreaks(std::string_view prompt) { return Replace(prompt, "\\n", 
 }  // namespace
 
 Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt,
-                   Buttons buttons, Icon icon, std::string_view windowTitle,
-                   std::string_view link) {
+                   Buttons buttons, Icon icon, std::string_view windowTitle, std::string_view link,
+                   std::optional<Answer> unattended) {
   MessageBoxText message;
   message.mainPrompt = WithBreaks(mainPrompt);
   message.minorPrompt = WithBreaks(minorPrompt);
@@ -20,15 +20,16 @@ Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view
   message.icon = icon;
   message.title = windowTitle.empty() ? kProductName : windowTitle;
   message.link = link;
+  message.unattended = unattended;
   message.sound =
       icon != Icon::Done && icon != Icon::Tip && !OptionIsTrue(ledger, optSilentMessages);
   return ledger.platform.messages.Show(message);
 }
 
 bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt,
-         std::string_view windowTitle) {
-  return ShowMessage(ledger, mainPrompt, minorPrompt, Buttons::YesNo, Icon::Question,
-                     windowTitle) == Answer::Yes;
+         std::string_view windowTitle, std::optional<Answer> unattended) {
+  return ShowMessage(ledger, mainPrompt, minorPrompt, Buttons::YesNo, Icon::Question, windowTitle,
+                     "", unattended) == Answer::Yes;
 }
 
 void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text) {

@@ -2,6 +2,7 @@
 // title and a web link. A backslash followed by an n in either prompt is a line break.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "core/ledger.h"
@@ -15,11 +16,12 @@ constexpr std::string_view kWebsite = "https://www.ledgerminder.example";
 
 Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt = "",
                    Buttons buttons = Buttons::Ok, Icon icon = Icon::Exclamation,
-                   std::string_view windowTitle = "", std::string_view link = "");
+                   std::string_view windowTitle = "", std::string_view link = "",
+                   std::optional<Answer> unattended = {});
 
-// True when the user answered Yes.
+// True when the user answered Yes. A run without a user answers No, or what `unattended` says.
 bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt = "",
-         std::string_view windowTitle = "");
+         std::string_view windowTitle = "", std::optional<Answer> unattended = {});
 
 // A one-time message: shown once in each run, unless option 40 is false.
 void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text);

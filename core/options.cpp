@@ -71,7 +71,7 @@ std::string MyName(const Ledger& ledger) {
 }
 
 bool SaveOptions(Ledger& ledger) {
-  return SaveGridFile(ledger, ledger.File("Options.dat"), ledger.fgOptions);
+  return SaveGridFile(ledger, ledger.OptionsFile(), ledger.fgOptions);
 }
 
 void SetDefaultOptions(Ledger& ledger) {

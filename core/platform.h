@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +28,8 @@ struct MessageBoxText {
   Buttons buttons = Buttons::Ok;
   Icon icon = Icon::Information;
   std::string title;
-  std::string link;  // "" hides it
+  std::string link;                  // "" hides it
+  std::optional<Answer> unattended;  // what a run without a user answers; else the safe button
   bool sound = true;
   bool offerStopTips = false;  // a tip's check box "chkStopShowingTips"
 };

@@ -14,6 +14,7 @@
 #include "core/options.h"
 #include "core/platform.h"
 #include "core/tables.h"
+#include "core/temporaryfiles.h"
 #include "core/text.h"
 
 namespace lm {
@@ -21,8 +22,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kFolders[] = {"Invoices", "Pension Forms", "Invoice Templates",
-                                         "Form Templates"};
+constexpr std::string_view kDocumentFolders[] = {"Invoices", "Pension Forms"};
+constexpr std::string_view kTemplateFolders[] = {"Invoice Templates", "Form Templates"};
 constexpr std::string_view kConfirm = "CONFIRM";
 
 bool Exists(const fs::path& path) {
@@ -37,12 +38,53 @@ bool MakeFolderOrTell(Ledger& ledger, const fs::path& path) {
   return false;
 }
 
-void MakeBlankOptions(Grid& options) {
+bool MakeFolders(Ledger& ledger) {
+  const auto make = [&](std::string_view folder) {
+    return MakeFolderOrTell(ledger, ledger.File(folder));
+  };
+  return MakeFolderOrTell(ledger, ledger.programDirectory) &&
+         std::ranges::all_of(kDocumentFolders, make) && std::ranges::all_of(kTemplateFolders, make);
+}
+
+// The options and tables of a first start.
+void MakeBlank(Ledger& ledger) {
+  for (std::size_t i = 0; i < kTables.size(); ++i) MakeBlank(*ledger.dataTables[i], kTables[i]);
+  Grid& options = ledger.fgOptions;
   options.SetRows(0);
   options.SetCols(0);
   options.SetRows(2);
   options.SetCols(kOptionCount);
   options.SetRowHidden(1, true);
+  SetFirstInstallOptions(ledger);
+}
+
+bool SameCells(const Grid& one, const Grid& other) {
+  if (one.Rows() != other.Rows() || one.Cols() != other.Cols()) return false;
+  for (int row = 0; row < one.Rows(); ++row)
+    for (int col = 0; col < one.Cols(); ++col)
+      if (one.TextMatrix(row, col) != other.TextMatrix(row, col)) return false;
+  return true;
+}
+
+bool IsBlankOptionsFile(const Ledger& ledger) {
+  std::string ignored;
+  const auto bytes = ReadFile(ledger.OptionsFile(), ignored);
+  Ledger blank(ledger.platform);
+  MakeBlank(blank);
+  Grid found("fgOptions");
+  return bytes &&
+         LoadGridFromText(*bytes, TableKey(found.Name(), ""), found) == TableState::Whole &&
+         SameCells(found, blank.fgOptions);
+}
+
+bool IsBlankDataFile(const Ledger& ledger) {
+  std::string ignored;
+  const auto bytes = ReadFile(ledger.DataFile(), ignored);
+  const auto file = bytes ? TakeApart(*bytes) : std::nullopt;
+  if (!file || file->passwordHash != DigestOf("")) return false;
+  Ledger found(ledger.platform);
+  return DecodeDataFile(*file, "", found.dataTables).damage.empty() &&
+         std::ranges::none_of(found.dataTables, &Grid::HasData);
 }
 
 // The clear text of the log; empty when it was not written by this program.
@@ -86,21 +128,29 @@ fs::path ChooseProgramDirectory(Platform& platform) {
   return IsWritableFolder(own) && !IsBuildFolder(own) ? own : platform.system.UserDataDirectory();
 }
 
+void RemoveLeftovers(const Ledger& ledger) {
+  RemoveLeftTemporaryFiles(ledger.programDirectory);
+  for (const std::string_view folder : kDocumentFolders)
+    RemoveLeftTemporaryFiles(ledger.File(folder));
+}
+
 bool IsFirstStart(const Ledger& ledger) {
-  return !MayExist(ledger.File("Options.dat")) && !MayExist(ledger.File("LedgerMinder.dat"));
+  const bool options = MayExist(ledger.OptionsFile());
+  const bool data = MayExist(ledger.DataFile());
+  if (options && data) return false;
+  return options ? IsBlankOptionsFile(ledger) : !data || IsBlankDataFile(ledger);
 }
 
 bool MakeProgramDirectory(Ledger& ledger) {
-  if (!MakeFolderOrTell(ledger, ledger.programDirectory)) return false;
-  for (const std::string_view folder : kFolders)
-    if (!MakeFolderOrTell(ledger, ledger.File(folder))) return false;
-
-  for (std::size_t i = 0; i < kTables.size(); ++i) MakeBlank(*ledger.dataTables[i], kTables[i]);
+  if (!MakeFolders(ledger)) return false;
+  MakeBlank(ledger);
   ledger.dataPassword.clear();
   ledger.dataIncomplete = false;
-  MakeBlankOptions(ledger.fgOptions);
-  SetFirstInstallOptions(ledger);
-  return WriteDataFile(ledger, ledger.File("LedgerMinder.dat")) && SaveOptions(ledger);
+  if (!WriteDataFile(ledger, ledger.DataFile())) return false;
+  if (SaveOptions(ledger)) return true;
+  std::error_code ignored;
+  fs::remove(ledger.DataFile(), ignored);
+  return false;
 }
 
 bool AnotherInstanceRuns(Platform& platform) {

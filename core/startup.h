@@ -12,11 +12,16 @@ namespace lm {
 // built there; otherwise the user's own data folder. Makes neither.
 std::filesystem::path ChooseProgramDirectory(Platform& platform);
 
-// Neither "Options.dat" nor "LedgerMinder.dat" there. One of the two alone is no first start but
-// a fault, which the loading of the other tells.
+// Removes what killed runs left in the program directory and the folders of documents: files that
+// they were writing.
+void RemoveLeftovers(const Ledger& ledger);
+
+// Neither "Options.dat" nor "LedgerMinder.dat" there, or one of them alone that holds nothing but
+// the blanks of a first start that broke off. One alone with anything else in it is no first start
+// but a fault, which the loading of the other tells.
 bool IsFirstStart(const Ledger& ledger);
-// Makes the directory, the blank files and the folders that a program directory holds. Replaces
-// what the tables and options hold. False after its message.
+// Makes the directory, the folders that a program directory holds, and both blank files or neither.
+// Replaces what the tables and options hold. False after its message.
 bool MakeProgramDirectory(Ledger& ledger);
 
 // More than one running process bears the product's name, this one counted.

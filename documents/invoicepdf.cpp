@@ -1,6 +1,5 @@
 #include "documents/invoicepdf.h"
 
-#include <fstream>
 #include <system_error>
 
 #include "core/datafile.h"
@@ -35,11 +34,6 @@ bool Exists(const fs::path& path) {
 bool IsFolder(const fs::path& path) {
   std::error_code ignored;
   return fs::is_directory(path, ignored);
-}
-
-// On Windows a document that a viewer holds cannot be opened for writing.
-bool IsOpenElsewhere(const fs::path& path) {
-  return Exists(path) && !std::fstream(path, std::ios::in | std::ios::out | std::ios::binary);
 }
 
 class StandingClock : public ClockPort {

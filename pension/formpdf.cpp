@@ -1,6 +1,5 @@
 #include "pension/formpdf.h"
 
-#include <fstream>
 #include <system_error>
 
 #include "core/files.h"
@@ -25,11 +24,6 @@ constexpr std::string_view kFormFolder = "Pension Forms";
 constexpr int kMillimetres = 2;
 constexpr int kOneColumn = 16384;
 constexpr int kLzw = 4;
-
-// On Windows a document that a viewer holds cannot be opened for writing.
-bool IsOpenElsewhere(const fs::path& path) {
-  return MayExist(path) && !std::fstream(path, std::ios::in | std::ios::out | std::ios::binary);
-}
 
 bool IsFolder(const fs::path& path) {
   std::error_code ignored;

@@ -104,13 +104,14 @@ frmMain* Start(Ledger& ledger, const EntryHooks& hooks, std::string_view command
 
   if (ledger.programDirectory.empty())
     ledger.programDirectory = ChooseProgramDirectory(ledger.platform);
+  RemoveLeftovers(ledger);
   const bool firstStart = IsFirstStart(ledger);
   if (firstStart && !MakeProgramDirectory(ledger)) return nullptr;
 
   Progress(ledger, 5, "Processing security log...");
   ProcessSecurityLog(ledger);
   Progress(ledger, 12, "Loading Preferences...");
-  if (!LoadGridFile(ledger, ledger.File("Options.dat"), ledger.fgOptions)) return nullptr;
+  if (!LoadGridFile(ledger, ledger.OptionsFile(), ledger.fgOptions)) return nullptr;
   Progress(ledger, 18, "Setting default options...");
   SetDefaultOptions(ledger);
   // The start goes on without them.

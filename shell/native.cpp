@@ -1,8 +1,10 @@
 #include "shell/native.h"
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
 
 #include "core/text.h"
 
@@ -37,6 +39,8 @@ Date LocalTime() {
 
 #if defined(_WIN32)
 
+void OutliveFileSizeLimit() {}
+
 std::vector<std::string> RunningProcesses() {
   std::vector<std::string> names;
   const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
@@ -67,6 +71,8 @@ fs::path UserDataDirectory() {
 }
 
 #else
+
+void OutliveFileSizeLimit() { std::signal(SIGXFSZ, SIG_IGN); }
 
 std::string UserName() {
   const passwd* user = getpwuid(getuid());
@@ -109,15 +115,30 @@ fs::path UserDataDirectory() {
 
 #else
 
+namespace {
+
+// Another user's executable is not told, but the command that started it is. What has ended, and
+// the system's own threads, have neither.
+fs::path ExecutableOf(const fs::path& process) {
+  std::error_code unreadable;
+  const fs::path executable = fs::read_symlink(process / "exe", unreadable);
+  if (!unreadable) return executable;
+  std::ifstream words(process / "cmdline", std::ios::binary);
+  std::string command;
+  std::getline(words, command, '\0');
+  return command;
+}
+
+}  // namespace
+
 std::vector<std::string> RunningProcesses() {
   std::vector<std::string> names;
   std::error_code error;
   for (fs::directory_iterator entry("/proc", error), end; !error && entry != end;
        entry.increment(error)) {
     if (!AllDigits(entry->path().filename().string())) continue;
-    std::error_code unreadable;
-    const fs::path executable = fs::read_symlink(entry->path() / "exe", unreadable);
-    if (!unreadable) names.push_back(executable.filename().string());
+    const std::string name = ExecutableOf(entry->path()).filename().string();
+    if (!name.empty()) names.push_back(name);
   }
   return names;
 }

@@ -11,7 +11,12 @@ namespace lm::native {
 
 Date LocalTime();
 
-// Names of the executables that run, without their folders; empty where the platform does not tell.
+// A write beyond the limit on the size of files then fails, and is told like every failed write; it
+// would end the program otherwise. Call it at the start.
+void OutliveFileSizeLimit();
+
+// Names of the executables that run, without their folders, those of other users too; empty where
+// the platform does not tell.
 std::vector<std::string> RunningProcesses();
 
 // The user's login name in Windows-1252, "unknown" when the platform does not tell.

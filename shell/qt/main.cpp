@@ -2,16 +2,46 @@
 // the event loop.
 #include <QApplication>
 #include <QIcon>
+#include <iostream>
 #include <memory>
+#include <string_view>
 
+#include "core/options.h"
 #include "shell/entry.h"
+#include "shell/native.h"
 #include "shell/qt/desktop.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/readablepalette.h"
 #include "shell/windows.h"
 
+namespace {
+
+constexpr std::string_view kUsage =
+    "Usage: ledgerminder [DATAFILE]\n"
+    "\n"
+    "  DATAFILE    the data file to open, with auto save turned off; otherwise your own\n"
+    "  --help      tells this\n"
+    "  --version   tells the program's version\n"
+    "\n"
+    "ledgerminder-cli is the same program without a screen.\n";
+
+// Answers a question about the program itself; false when none was asked.
+bool AnswerAtOnce(std::string_view word) {
+  if (word == "--help")
+    std::cout << kUsage;
+  else if (word == "--version")
+    std::cout << "LedgerMinder " << lm::ProgramVersion() << '\n';
+  else
+    return false;
+  return true;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  lm::native::OutliveFileSizeLimit();
+  if (argc > 1 && AnswerAtOnce(argv[1])) return 0;  // a display is not needed for it
   QApplication application(argc, argv);
   QApplication::setApplicationName("LedgerMinder");
   QApplication::setDesktopFileName("ledgerminder");

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <set>
 
 #include "core/clsRC4.h"
 #include "core/files.h"
@@ -13,10 +12,12 @@
 #include "core/rows.h"
 #include "core/shortcuts.h"
 #include "core/text.h"
+#include "tests/support/processes.h"
 #include "tests/support/scripted_platform.h"
 
 #ifndef _WIN32
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -67,140 +68,6 @@ std::vector<std::string> Cells(const Grid& grid) {
   for (int row = 0; row < grid.Rows(); ++row)
     for (int col = 0; col < grid.Cols(); ++col) cells.push_back(grid.TextMatrix(row, col));
   return cells;
-}
-
-TEST(TableText, ComesBackAsItWas) {
-  test::TestLedger test;
-  Ledger& ledger = test.ledger;
-  Grid& grid = ledger.fgPractices;
-  for (const std::string text :
-       {"", "a,b;\"c\"", "line one\r\nline two\n", "tab\there", "|#;{}\\n", "\x80\x81\xA3\xFF\x01"})
-    test.AddRow(grid, {"NOTES=" + text, "NAME=" + text});
-  grid.SetColPosition(grid.ColIndex("NOTES"), 2);
-  grid.SetColWidth(3, 0);
-  grid.SetColWidth(4, 2345);
-  grid.SetColWidth(5, -1);
-  const auto before = Cells(grid);
-
-  Grid loaded("fgPractices");
-  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, grid), loaded), GridLoad::Loaded);
-  EXPECT_EQ(Cells(loaded), before);
-  for (int col = 1; col < grid.Cols(); ++col) {
-    EXPECT_EQ(loaded.ColKey(col), grid.ColKey(col));
-    EXPECT_EQ(loaded.ColWidth(col), grid.ColWidth(col));
-  }
-  EXPECT_EQ(loaded.ColIndex("NOTES"), 2);
-  EXPECT_EQ(loaded.FixedRows(), 2);
-  EXPECT_TRUE(loaded.RowHidden(1));
-  EXPECT_EQ(loaded.ColWidth(0), 120);
-  EXPECT_TRUE(loaded.Redraw());
-  // Over what another table left, whose columns were moved.
-  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, ledger.fgEvents), loaded),
-            GridLoad::Loaded);
-  EXPECT_EQ(Cells(loaded), Cells(ledger.fgEvents));
-  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, grid), loaded), GridLoad::Loaded);
-  EXPECT_EQ(Cells(loaded), before);
-}
-
-TEST(TableText, TwoSavesDifferAndBothLoad) {
-  test::TestLedger test;
-  Ledger& ledger = test.ledger;
-  test.AddRow(ledger.fgEvents, {"TITLE=Audit"});
-  std::set<std::string> texts;
-  for (int i = 0; i < 20; ++i) {
-    const std::string text = GridToText(ledger, ledger.fgEvents);
-    texts.insert(text);
-    Grid loaded("fgEvents");
-    EXPECT_EQ(LoadGridFromText(ledger, text, loaded), GridLoad::Loaded);
-    EXPECT_EQ(Cells(loaded), Cells(ledger.fgEvents));
-  }
-  EXPECT_GT(texts.size(), 10u);  // a padding of no length comes now and then
-}
-
-TEST(TableText, GroupRowsStayBehind) {
-  test::TestLedger test;
-  Ledger& ledger = test.ledger;
-  for (const auto* rate : {"1", "2", "3"})
-    test.AddRow(ledger.fgExtras, {std::string("RATE=") + rate, "SESSID=1"});
-  const auto before = Cells(ledger.fgExtras);
-  const int sessid = ledger.fgExtras.ColIndex("SESSID");
-  ledger.fgExtras.Subtotal(SubtotalFunction::Sum, sessid, ledger.fgExtras.ColIndex("RATE"), {});
-  ASSERT_EQ(ledger.fgExtras.Rows(), 6);
-  Grid loaded("fgExtras");
-  ASSERT_EQ(LoadGridFromText(ledger, GridToText(ledger, ledger.fgExtras), loaded),
-            GridLoad::Loaded);
-  EXPECT_EQ(Cells(loaded), before);
-}
-
-// A section under the default key whose digest is right, whatever else it holds.
-std::string Section(const Ledger& ledger, std::string plain) {
-  plain += DigestOf(plain) + kFieldEnd + kRecordEnd;
-  return clsRC4().EncryptString(plain, TableKey(ledger, "fgEvents"), true);
-}
-
-TEST(TableText, WhatIsNoTableIsRefused) {
-  test::TestLedger test;
-  Ledger& ledger = test.ledger;
-  const struct {
-    std::string text;
-    GridLoad result;
-  } cases[] = {
-      {"", GridLoad::Unreadable},
-      {"!not Base64", GridLoad::Unreadable},
-      {"Zm9v", GridLoad::Unreadable},
-      {Section(ledger, ""), GridLoad::Unreadable},
-      {Section(ledger, "padding\x1f\x1e"), GridLoad::Unreadable},  // no widths
-      {Section(ledger, "\x1f\x1e\x1e"), GridLoad::Unreadable},     // no columns
-      {Section(ledger, "\x1f\x1e" + std::string(5000, '\x1f') + "\x1e"), GridLoad::Unreadable},
-      {Section(ledger,
-               "\x1f\x1e"
-               "120\x1f"
-               "9\x1f\x1e"
-               "a\x1f\x1e"),
-       GridLoad::Unreadable},  // a field less
-      {Section(ledger,
-               "\x1f\x1e"
-               "120\x1f"
-               "9\x1f\x1e"
-               "a\x1f"
-               "b\x1f"
-               "c\x1f\x1e"),
-       GridLoad::Unreadable},
-      {Section(ledger,
-               "\x1f\x1e"
-               "120\x1f"
-               "9\x1f\x1e"
-               "a\x1f"
-               "b\x1e"),
-       GridLoad::Unreadable},
-      {Section(ledger,
-               "\x1f\x1e"
-               "120\x1f"
-               "9\x1f\x1e"),
-       GridLoad::Loaded},  // no rows
-      {Section(ledger,
-               "noise\x1f\x1e"
-               "x\x1f"
-               "99999999999\x1f\x1e\x1f"
-               "B\x1f\x1e\x1f"
-               "K\x1f\x1e"),
-       GridLoad::Loaded},
-  };
-  for (const auto& [text, result] : cases) {
-    Grid grid("fgEvents");
-    EXPECT_EQ(LoadGridFromText(ledger, text, grid), result) << text;
-    EXPECT_TRUE(grid.Rows() == 0 || result == GridLoad::Loaded);
-  }
-  EXPECT_TRUE(test.shown.messages.empty());
-
-  // Any character changed is a wrong digest, or no Base64 any more.
-  const std::string good = GridToText(ledger, ledger.fgEvents);
-  for (std::size_t at = 0; at + 4 < good.size(); at += 3) {
-    std::string bad = good;
-    bad[at] = bad[at] == 'A' ? 'B' : 'A';
-    EXPECT_NE(LoadGridFromText(ledger, bad, ledger.fgEvents), GridLoad::Loaded) << at;
-  }
-  EXPECT_EQ(test.shown.TakeMessage(), "Decryption Error: Events");
 }
 
 TEST(DataFile, ComesBackAsItWas) {
@@ -430,6 +297,98 @@ TEST(DataFile, ShortcutKeysUnderAPasswordAreLost) {
   EXPECT_EQ(saved.shown.TakeMessage(), "Decryption Error: Shortcuts");
   EXPECT_FALSE(next.fgShortcuts.HasData());
   EXPECT_EQ(FindShortcut(next, 83, kCtrlBit), -1);
+}
+
+// Two programs on one folder: each has loaded, and both save.
+struct TwoPrograms : testing::Test {
+  SavedLedger first;
+  Ledger second{first.shown.platform};
+  const fs::path kept = first.ledger.File("LedgerMinder kept 03 Feb 2026 1030.dat");
+
+  TwoPrograms() {
+    second.programDirectory = first.ledger.programDirectory;
+    EXPECT_TRUE(LoadData(second));
+    first.AddRow(first.ledger.fgEvents, {"TITLE=of the first"});
+    first.AddRow(second.fgEvents, {"TITLE=of the second"});
+    EXPECT_TRUE(Save(first));
+  }
+
+  std::string EventsIn(const fs::path& file) {
+    Ledger read(first.shown.platform);
+    read.programDirectory = first.ledger.programDirectory;
+    EXPECT_TRUE(LoadData(read, file));
+    std::string titles;
+    for (int row = 2; row < read.fgEvents.Rows(); ++row)
+      titles += read.fgEvents.TextMatrix(row, "TITLE") + ";";
+    return titles;
+  }
+};
+
+TEST_F(TwoPrograms, NoLeavesBothVersions) {
+  const std::string before = Content(first.file);
+  MarkNew(second, second.fgEvents, second.fgEvents.Rows() - 1);
+  first.shown.answers = {Answer::No};
+  EXPECT_FALSE(Save(second));
+  EXPECT_EQ(first.shown.TakeMessage(), "The data file holds another version of your records");
+  EXPECT_EQ(Content(first.file), before);
+  EXPECT_FALSE(fs::exists(kept));
+  EXPECT_TRUE(HasUnsavedRows(second));
+}
+
+TEST_F(TwoPrograms, YesKeepsTheOtherVersionBesideTheNewOne) {
+  first.shown.answers = {Answer::Yes};
+  EXPECT_TRUE(Save(second));
+  ASSERT_EQ(first.shown.messages.size(), 1u);
+  EXPECT_NE(first.shown.messages[0].minorPrompt.find("'" + kept.filename().string() + "'"),
+            std::string::npos);
+  EXPECT_EQ(EventsIn(kept), ";of the first;");
+  EXPECT_EQ(EventsIn(first.file), ";of the second;");
+  // The next saves of the same program ask nothing.
+  EXPECT_TRUE(Save(second));
+  EXPECT_EQ(first.shown.messages.size(), 1u);
+}
+
+TEST_F(TwoPrograms, AKeptFileIsNeverOverwritten) {
+  first.shown.answers = {Answer::Yes, Answer::Yes};
+  EXPECT_TRUE(Save(second));
+  EXPECT_TRUE(Save(first));
+  EXPECT_EQ(EventsIn(kept), ";of the first;");
+  EXPECT_EQ(EventsIn(first.ledger.File("LedgerMinder kept 03 Feb 2026 1030 (2).dat")),
+            ";of the second;");
+  EXPECT_EQ(EventsIn(first.file), ";of the first;");
+}
+
+TEST_F(TwoPrograms, WithoutAUserTheOtherVersionIsKept) {
+  EXPECT_TRUE(Save(second));
+  EXPECT_EQ(EventsIn(kept), ";of the first;");
+}
+
+#ifndef _WIN32
+
+TEST_F(TwoPrograms, WhatCannotBeKeptIsNotReplaced) {
+  const std::string before = Content(first.file);
+  second.programDirectory /= "linked";
+  fs::create_directory(second.programDirectory);
+  fs::create_symlink(first.file, second.DataFile());
+  ASSERT_EQ(::chmod(second.programDirectory.c_str(), 0555), 0);
+  EXPECT_TRUE(test::WithoutRights([&] {
+    return !Save(second) && first.shown.messages.size() == 2;  // the question and the reason
+  }));
+  EXPECT_EQ(Content(first.file), before);
+}
+
+#endif
+
+// Opened from another file, this run knows nothing of the one that it would replace.
+TEST_F(TwoPrograms, ARunOfAnotherFileReplacesNothingUnasked) {
+  Ledger other(first.shown.platform);
+  other.programDirectory = first.ledger.programDirectory;
+  fs::copy_file(first.file, other.File("old.bak"));
+  ASSERT_TRUE(LoadData(other, other.File("old.bak")));
+  first.shown.answers = {Answer::No};
+  EXPECT_FALSE(Save(other));
+  fs::remove(other.DataFile());
+  EXPECT_TRUE(Save(other)) << "nothing is lost where nothing stands";
 }
 
 TEST(DataFile, UnreadableOptionsAreTold) {

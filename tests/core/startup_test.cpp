@@ -5,7 +5,14 @@
 #include "core/datafile.h"
 #include "core/files.h"
 #include "core/options.h"
+#include "tests/support/processes.h"
 #include "tests/support/scripted_platform.h"
+
+#ifndef _WIN32
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
 
 namespace lm {
 namespace {
@@ -50,7 +57,71 @@ TEST(Startup, AFirstStartMakesWhatTheStartReads) {
   }
 }
 
+// A first start that broke off between its two files is made good; whatever else stands alone is
+// somebody's.
+TEST(Startup, OneBlankFileAloneIsStillAFirstStart) {
+  const struct {
+    const char* name;
+    void (*change)(test::TestLedger& test);
+    const char* lost;
+    bool first;
+  } cases[] = {
+      {"blank data", [](test::TestLedger&) {}, "Options.dat", true},
+      {"blank options", [](test::TestLedger&) {}, "LedgerMinder.dat", true},
+      {"a record", [](test::TestLedger& test) { test.AddRow(test.ledger.fgEvents, {}); },
+       "Options.dat", false},
+      {"a password", [](test::TestLedger& test) { test.ledger.dataPassword = "secret"; },
+       "Options.dat", false},
+      {"a name", [](test::TestLedger& test) { SetMyDetail(test, kLastNameField, "Morgan"); },
+       "LedgerMinder.dat", false},
+      {"an option", [](test::TestLedger& test) { SetOption(test, optInvoicePrefix, "M-"); },
+       "LedgerMinder.dat", false},
+  };
+  for (const auto& [name, change, lost, first] : cases) {
+    SCOPED_TRACE(name);
+    test::TestLedger test;
+    ASSERT_TRUE(MakeProgramDirectory(test));
+    change(test);
+    ASSERT_TRUE(Save(test));
+    fs::remove(test.ledger.File(lost));
+    EXPECT_EQ(IsFirstStart(test), first);
+    EXPECT_TRUE(!first || MakeProgramDirectory(test));
+    EXPECT_EQ(test.shown.TakeMessage(), "");
+  }
+  test::TestLedger cut;
+  ASSERT_TRUE(MakeProgramDirectory(cut));
+  fs::remove(cut.ledger.OptionsFile());
+  fs::resize_file(cut.ledger.DataFile(), 2000);
+  EXPECT_FALSE(IsFirstStart(cut)) << "what cannot be read may hold anything";
+}
+
 #ifndef _WIN32
+
+// Wherever the disk is full.
+TEST(Startup, AFirstStartMakesBothFilesOrNeither) {
+  int made = 0;
+  for (rlim_t most = 0; most < 20'000 && made == 0; most += 250) {
+    test::TestLedger test;
+    test.ledger.programDirectory /= "new";
+    made += test::InAnotherProcess([&] {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{most, most};
+      ::setrlimit(RLIMIT_FSIZE, &limit);
+      return MakeProgramDirectory(test);
+    });
+    EXPECT_EQ(fs::exists(test.ledger.OptionsFile()), made == 1) << most;
+    EXPECT_EQ(fs::exists(test.ledger.DataFile()), made == 1) << most;
+    EXPECT_EQ(IsFirstStart(test), made == 0);
+  }
+  EXPECT_EQ(made, 1);
+
+  test::TestLedger test;
+  test.ledger.programDirectory /= "new";
+  fs::create_directories(test.ledger.OptionsFile());
+  EXPECT_FALSE(MakeProgramDirectory(test));
+  EXPECT_EQ(test.shown.TakeMessage(), "This is a folder, not a file.");
+  EXPECT_FALSE(fs::exists(test.ledger.DataFile()));
+}
 
 TEST(Startup, FilesOutOfReachAreNoFirstStart) {
   test::TestLedger test;
@@ -70,6 +141,8 @@ TEST(Startup, OneMissingFileIsNoFirstStart) {
   test::TestLedger test;
   Ledger& ledger = test.ledger;
   ASSERT_TRUE(MakeProgramDirectory(ledger));
+  SetMyDetail(ledger, kLastNameField, "Morgan");
+  ASSERT_TRUE(Save(ledger));
   fs::remove(ledger.File("LedgerMinder.dat"));
   EXPECT_FALSE(IsFirstStart(ledger));
   EXPECT_FALSE(LoadData(ledger));

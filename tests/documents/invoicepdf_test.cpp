@@ -3,6 +3,7 @@
 #include "documents/invoicepdf.h"
 
 #include "tests/documents/paper.h"
+#include "tests/support/processes.h"
 
 namespace lm {
 namespace {
@@ -56,6 +57,17 @@ TEST(InvoicePdf, MessagesTellTheFile) {
   EXPECT_EQ(paper.shown.messages[2].minorPrompt,
             "No template has been chosen for creating invoices.\r\nSelect a template from the "
             "Options screen.");
+}
+
+TEST(InvoicePdf, ADocumentOpenElsewhereStays) {
+  Paper paper(1);
+  ASSERT_TRUE(CreateInvoice(paper, "1"));
+  const test::HeldFile held(paper.File());
+  EXPECT_FALSE(CreateInvoice(paper, "1"));
+  EXPECT_EQ(paper.shown.messages.back().minorPrompt,
+            "File '" + PathText(paper.File()) +
+                "' is currently open.\r\n\r\nYou must close it before it can be overwritten.");
+  EXPECT_EQ(paper.Messages(), "File already open");
 }
 
 TEST(InvoicePdf, NameAndProperties) {

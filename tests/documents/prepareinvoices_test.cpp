@@ -236,11 +236,11 @@ const Obstacle kObstacles[] = {
        fs::create_directory_symlink("/proc", desk.ledger.File("Invoices"));
      },
      "The invoice could not be written", false},
-    {"one document open elsewhere",
+    {"a folder in place of one document",
      [](InvoiceDesk& desk) {
        fs::create_directory(desk.ledger.File("Invoices/INV-00001 Riverside.pdf"));
      },
-     "File already open", true},
+     "The invoice could not be written", true},
     {"one document on a full disk",
      [](InvoiceDesk& desk) {
        fs::create_symlink("/dev/full", desk.ledger.File("Invoices/INV-00001 Riverside.pdf"));

@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "tests/pension/paper_desk.h"
+#include "tests/support/processes.h"
 
 namespace lm::test {
 namespace {
@@ -201,14 +202,23 @@ TEST(FormPdf, FileOpenElsewhereFolderMissingNoSuchForm) {
   desk.FillMonth(kMonths[0]);
   const fs::path file = desk.File(kFormA, "042024");
   const FormRow record{kFormA, desk.ledger.fgPensionA, desk.Row(kFormA, "042024")};
-  // A folder in its place is what no one can open for writing, not even an administrator.
-  fs::create_directories(file / "full");
-  EXPECT_FALSE(desk.TryWrite(kFormA, "042024"));
+  std::string error;
+  ASSERT_TRUE(ReplaceFile(file, "held", error));
+  {
+    const test::HeldFile held(file);
+    EXPECT_FALSE(desk.TryWrite(kFormA, "042024"));
+  }
   ASSERT_EQ(desk.shown.messages.size(), 1u);
   EXPECT_EQ(desk.shown.messages[0].title, "Output Pension Form");
   EXPECT_EQ(desk.shown.messages[0].mainPrompt, "File already open and cannot be overwritten");
   EXPECT_EQ(desk.shown.messages[0].minorPrompt,
             "File: '" + PathText(file) + "'\r\nYou must close it before it can be overwritten.");
+  fs::remove(file);
+  fs::create_directories(file / "full");
+  EXPECT_FALSE(desk.TryWrite(kFormA, "042024"));
+  EXPECT_EQ(desk.shown.messages.back().mainPrompt, "The pension form could not be written");
+  EXPECT_TRUE(desk.shown.messages.back().minorPrompt.ends_with("This is a folder, not a file."))
+      << desk.shown.messages.back().minorPrompt;
   EXPECT_FALSE(DeleteFormDocument(desk.ledger, record));
   EXPECT_EQ(desk.shown.messages.back().title, "Delete Pension Form");
   EXPECT_TRUE(fs::exists(file));

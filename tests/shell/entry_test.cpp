@@ -1,10 +1,13 @@
 // The start of the program, as every driver runs it.
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "core/datafile.h"
 #include "core/files.h"
 #include "core/options.h"
 #include "core/startup.h"
+#include "core/temporaryfiles.h"
 #include "records/frmWelcome.h"
 #include "shell/entry.h"
 #include "shell/frmMain.h"
@@ -57,6 +60,20 @@ struct Entry : testing::Test {
   void FirstStart() { ASSERT_TRUE(ProgramRun(home).Start()); }
 };
 
+TEST_F(Entry, AStartRemovesWhatKilledRunsLeft) {
+  FirstStart();
+  const std::string name = TemporaryName(0);
+  const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(48);
+  std::vector<std::filesystem::path> left;
+  for (const char* folder : {".", "Invoices", "Pension Forms"}) {
+    left.push_back(home / folder / name);
+    std::ofstream(left.back()) << "half a file";
+    std::filesystem::last_write_time(left.back(), old);
+  }
+  ASSERT_TRUE(ProgramRun(home).Start());
+  for (const auto& file : left) EXPECT_FALSE(std::filesystem::exists(file)) << file;
+}
+
 TEST_F(Entry, FirstStartMakesEverythingAndWelcomes) {
   ProgramRun run(home);
   run.shown.modal.push_back([](Screen& screen) {
@@ -96,7 +113,10 @@ TEST_F(Entry, FirstStartMakesEverythingAndWelcomes) {
 }
 
 TEST_F(Entry, OneFileMissingEndsTheStart) {
-  FirstStart();
+  ProgramRun first(home);
+  ASSERT_TRUE(first.Start());
+  first.ledger.fgEvents.AddItem("");
+  ASSERT_TRUE(first.window->SaveAll());
   const struct {
     const char* file;
     std::string message;

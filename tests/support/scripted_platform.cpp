@@ -46,7 +46,7 @@ std::string ScriptedPlatform::TakeMessage() {
 
 Answer ScriptedPlatform::Show(const MessageBoxText& message) {
   messages.push_back(message);
-  if (answers.empty()) return SafeAnswer(message.buttons);
+  if (answers.empty()) return message.unattended.value_or(SafeAnswer(message.buttons));
   const Answer answer = answers.front();
   answers.pop_front();
   return answer;

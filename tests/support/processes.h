@@ -1,0 +1,27 @@
+// Other processes for tests: what another program or another user would do. Not on Windows.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+
+namespace lm::test {
+
+// Runs it in a process of its own and tells what it returned; false too when that process died.
+// What it changes in memory stays there.
+bool InAnotherProcess(const std::function<bool()>& act);
+// As a user without rights, where the tests run as an administrator, whom no permission stops.
+bool WithoutRights(const std::function<bool()>& act);
+
+// Another program holds the file and lets nobody write to it, as long as this lives.
+class HeldFile {
+ public:
+  explicit HeldFile(const std::filesystem::path& file);
+  ~HeldFile();
+  HeldFile(const HeldFile&) = delete;
+  HeldFile& operator=(const HeldFile&) = delete;
+
+ private:
+  int process_ = -1;
+};
+
+}  // namespace lm::test
