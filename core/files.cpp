@@ -215,7 +215,7 @@ std::string StampOf(std::string_view bytes) {
 std::optional<std::string> ReadStamp(const fs::path& path, std::string& error) {
   const auto size = SizeOf(path, error);
   if (!size) return std::nullopt;
-  const auto front = ReadFront(path, std::min(*size, kStampedFront), error);
+  const auto front = ReadFront(path, std::min<std::uintmax_t>(*size, kStampedFront), error);
   return front ? std::optional(Stamp(*size, *front)) : std::nullopt;
 }
 
