@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "core/datafile.h"
+#include "core/datafilecodec.h"
 #include "core/files.h"
 #include "core/format.h"
 #include "core/messagebox.h"
