@@ -97,7 +97,7 @@ std::vector<int> Batch::SessionsOf(const std::string& practiceId) const {
     for (const std::string& branch : branches->second) add(branch);
   // A practice may be a branch of itself, or stand twice in a damaged table.
   std::ranges::sort(rows);
-  rows.erase(std::ranges::unique(rows).begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   return rows;
 }
 
