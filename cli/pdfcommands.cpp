@@ -56,9 +56,7 @@ int Import(clsPDFCreator& document, const std::string& file, const std::string& 
   for (int page = 1; page <= info.pages; ++page) {
     double width = 0;
     double height = 0;
-    int rotate = 0;
-    document.GetInfoPage(file, page, width, height, rotate);
-    if (rotate % 180 != 0) std::swap(width, height);
+    document.GetImportSize(file, page, width, height);
     document.SetPaperSize(255, width, height);
     document.BeginPage();
     document.ImportPage(file, page);

@@ -19,7 +19,8 @@ void ReadFile(std::string_view bytes) {
   lm::pdf::ReadFileInfo(file);
   for (int page = 1; page <= file.PageCount() && page <= 20; ++page) {
     const lm::pdf::PageNode& node = file.Page(page);
-    file.MediaBox(node);
+    file.CropBox(node);
+    file.UserUnit(node);
     file.Rotation(node);
     try {
       file.JoinedContents(node);

@@ -333,6 +333,11 @@ std::string clsPDFCreator::GetContentPage(std::string_view file, int page) {
   return Trap("GetContentPage", file, [&] { return import_->GetContentPage(file, page); });
 }
 
+bool clsPDFCreator::GetImportSize(std::string_view file, int page, double& width, double& height) {
+  return Trap("GetImportSize", file,
+              [&] { return import_->GetImportSize(file, page, width, height); });
+}
+
 int clsPDFCreator::GetInfo(std::string_view file, pdf::FileInfo& information) {
   return Trap("GetInfo", file, [&] { return import_->GetInfo(file, information); });
 }

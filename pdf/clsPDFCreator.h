@@ -307,9 +307,11 @@ class clsPDFCreator {
   std::string GetContentPage(std::string_view file, int page);
   // Returns the file's number in this document, from 1.
   int GetInfo(std::string_view file, pdf::FileInfo& information);
-  // Size in points before the page is turned; rotate 0, 90, 180 or 270.
+  // The page's size in points as ImportPage draws it: cropped and upright.
+  bool GetImportSize(std::string_view file, int page, double& width, double& height);
+  // Size in points before the page is cropped and turned; rotate 0, 90, 180 or 270.
   bool GetInfoPage(std::string_view file, int page, double& width, double& height, int& rotate);
-  // Draws the page, upright; a width or height of 0 is its own. Error without a document.
+  // Draws the page as it is printed; a width or height of 0 is its own. Error without a document.
   void ImportPage(std::string_view file, int page, double x = 0, double y = 0, double width = 0,
                   double height = 0);
   // A file is parsed once for all writers that share a cache: forms are printed over by hundreds.

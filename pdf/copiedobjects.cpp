@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pdf/error.h"
 #include "pdf/filters.h"
 #include "pdf/notation.h"
 #include "pdf/reader/objects.h"
@@ -42,16 +43,27 @@ bool ObjectCopier::IsWanted(int source) const {
   return !type.IsName("Page") && !type.IsName("Pages") && !type.IsName("Catalog");
 }
 
+void ObjectCopier::GatherObject(const Value& reference) {
+  const int source = reference.object;
+  if (IsWanted(source)) {
+    const Object& object = objects_.Get(source);
+    if (object.isStream) FilterText(object.value);
+    order_.push_back({source, &object});
+  } else if (const int target = objects_.Target(source); target != source && target != 0) {
+    Value further = reference;  // an object that is but a reference to another
+    further.object = target;
+    GatherOne(further);
+  }
+}
+
 void ObjectCopier::GatherOne(const Value& value) {
   if (value.kind == ValueKind::Reference) {
-    const int source = value.object;
-    if (copied_.contains(source) || !fresh_.try_emplace(source, 0).second) return;
-    if (IsWanted(source)) {
-      order_.push_back({source, &objects_.Get(source)});
-    } else if (const int target = objects_.Target(source); target != source && target != 0) {
-      Value further = value;  // an object that is but a reference to another
-      further.object = target;
-      GatherOne(further);
+    if (copied_.contains(value.object) || !fresh_.try_emplace(value.object, 0).second) return;
+    try {
+      GatherObject(value);
+    } catch (const Error&) {
+      if (!isLenient_) throw;
+      fresh_.erase(value.object);
     }
     return;
   }
@@ -71,8 +83,28 @@ void ObjectCopier::Gather(const Value& value) {
         GatherOne(items[i]);
       }
     }
-    if (object.isStream) FilterText(object.value);
   }
+}
+
+void ObjectCopier::GatherReadable(const Value& value) {
+  isLenient_ = true;
+  Gather(value);
+  isLenient_ = false;
+}
+
+void ObjectCopier::GatherForm(const Value& reference) {
+  GatherReadable(reference);
+  const int source = objects_.Target(reference.object);
+  const Value& form = objects_.Get(source).value;
+  if (form.At("Subtype").kind == ValueKind::Null) namelessForms_.insert(source);
+}
+
+std::vector<int> ObjectCopier::OfType(std::string_view type) const {
+  std::vector<int> sources;
+  for (const Source& source : order_) {
+    if (objects_.Find(source.object->value, "Type").IsName(type)) sources.push_back(source.number);
+  }
+  return sources;
 }
 
 void ObjectCopier::Write() {
@@ -86,15 +118,17 @@ void ObjectCopier::Write() {
     }
   }
   copied_.insert(fresh_.begin(), fresh_.end());
-  for (const Source& source : order_) WriteOne(*source.object, copied_[source.number]);
+  for (const Source& source : order_) WriteOne(source.number, *source.object);
 }
 
-void ObjectCopier::WriteOne(const Object& object, int number) {
+void ObjectCopier::WriteOne(int source, const Object& object) {
+  const int number = copied_[source];
   if (!object.isStream) {
     out_.WriteObject(number, Text(object.value, number));
     return;
   }
   std::string dictionary = "<< ";
+  if (namelessForms_.contains(source)) dictionary += "/Subtype /Form ";
   const auto& items = object.value.items;
   for (std::size_t i = 0; i + 1 < items.size(); i += 2) {
     if (IsWrittenByStream(items[i])) continue;

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "pdf/output.h"
@@ -26,6 +28,12 @@ class ObjectCopier {
 
   // All that the value refers to, directly or not; throws Error when some of it cannot be read.
   void Gather(const Value& value);
+  // The same for what the page can do without: what cannot be read becomes null.
+  void GatherReadable(const Value& value);
+  // A Form XObject, which calls itself one in the output even where the source has forgotten it.
+  void GatherForm(const Value& reference);
+  // Of what was gathered: the source objects with this /Type.
+  std::vector<int> OfType(std::string_view type) const;
   void Write();
 
   // The value as text within the output's object `number`; after Write.
@@ -36,7 +44,8 @@ class ObjectCopier {
  private:
   bool IsWanted(int source) const;
   void GatherOne(const Value& value);
-  void WriteOne(const Object& object, int number);
+  void GatherObject(const Value& reference);
+  void WriteOne(int source, const Object& object);
   void Append(const Value& value, int number, std::string& out) const;
 
   Objects& objects_;
@@ -49,6 +58,8 @@ class ObjectCopier {
   };
   std::vector<Source> order_;
   std::size_t gathered_ = 0;  // of order_, those whose own references are gathered
+  bool isLenient_ = false;    // what cannot be read is null
+  std::unordered_set<int> namelessForms_;
 };
 
 }  // namespace lm::pdf

@@ -70,6 +70,13 @@ struct Page {
   Matrix toPage;                 // in force where the contents end
 };
 
+// A layer of another file, which an imported page brings along.
+struct ImportedLayer {
+  int object = 0;
+  bool on = true;
+  bool byUse = false;  // viewers switch it for the screen and for paper
+};
+
 enum class Target { None, Page, Object, Tiling };
 
 struct Document {
@@ -89,6 +96,7 @@ struct Document {
   std::string fonts, xObjects, extGStates, patterns, properties;
   std::unordered_set<std::string> patternNames;  // as the caller gave them
   bool usesImages = false;                       // an image or an imported page exists
+  std::vector<ImportedLayer> importedLayers;
 
   std::vector<Page> pages;         // in the order of creation
   std::vector<std::size_t> order;  // page position to page

@@ -35,13 +35,17 @@ class Import {
 
   // Returns the file's record number in this document, counted from 1.
   int GetInfo(std::string_view file, FileInfo& information);
-  // MediaBox in points, as the page stands before it is turned; rotate 0, 90, 180 or 270.
+  // MediaBox in points, as the page stands before it is turned and cropped; rotate 0, 90, 180 or
+  // 270.
   bool GetInfoPage(std::string_view file, int page, double& width, double& height, int& rotate);
+  // The page's own size as ImportPage draws it: points, cropped, in the page's unit, upright.
+  bool GetImportSize(std::string_view file, int page, double& width, double& height);
   // Decoded; several streams are joined with line feeds, and of these only Flate is undone. A
   // stream with another filter stays as it is.
   std::string GetContentPage(std::string_view file, int page);
-  // x, y, width and height in user units; 0 for width or height is the page's own size. A page with
-  // Rotate is drawn upright, and its width is then what is seen as its width.
+  // x, y, width and height in user units; 0 for width or height is the page's own size. The page is
+  // drawn as it is printed: cropped, upright, with the pictures of its annotations and fields,
+  // without the layers that are off. Its width is what is seen as its width.
   void ImportPage(std::string_view file, int page, double x = 0, double y = 0, double width = 0,
                   double height = 0);
 

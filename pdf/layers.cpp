@@ -92,25 +92,26 @@ void Layers::WriteAtEnd() {
   }
 }
 
-template <typename Wanted>
-std::string Layers::References(Wanted wanted) const {
-  std::string references;
-  for (const Layer& layer : layers_) {
-    if (wanted(layer)) references += Reference(layer.object);
-  }
-  return "[" + references + "]";
-}
-
+// Imported layers are not listed for the user: what the source shows is what is shown.
 std::string Layers::CatalogEntries() const {
-  if (layers_.empty()) return "";
-  const std::string all = References([](const Layer&) { return true; });
-  const std::string byUse = References([](const Layer& l) { return l.viewOn != l.printOn; });
-  std::string entries = "/OCProperties <</OCGs " + all + " /D <</Order " + all + " /ON " +
-                        References([](const Layer& l) { return l.viewOn; }) + " /OFF " +
-                        References([](const Layer& l) { return !l.viewOn; });
-  if (byUse != "[]") {
-    entries += " /AS [<</Event /View /Category [/View] /OCGs " + byUse +
-               ">> <</Event /Print /Category [/Print] /OCGs " + byUse + ">>]";
+  const auto& imported = document_.importedLayers;
+  if (layers_.empty() && imported.empty()) return "";
+  std::string listed, all, on, off, byUse;
+  const auto add = [&](int object, bool isOn, bool isByUse) {
+    all += Reference(object);
+    (isOn ? on : off) += Reference(object);
+    if (isByUse) byUse += Reference(object);
+  };
+  for (const Layer& layer : layers_) {
+    listed += Reference(layer.object);
+    add(layer.object, layer.viewOn, layer.viewOn != layer.printOn);
+  }
+  for (const ImportedLayer& layer : imported) add(layer.object, layer.on, layer.byUse);
+  std::string entries = "/OCProperties <</OCGs [" + all + "] /D <</Order [" + listed + "] /ON [" +
+                        on + "] /OFF [" + off + "]";
+  if (!byUse.empty()) {
+    entries += " /AS [<</Event /View /Category [/View] /OCGs [" + byUse +
+               "]>> <</Event /Print /Category [/Print] /OCGs [" + byUse + "]>>]";
   }
   return entries + ">> >> ";
 }

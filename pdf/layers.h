@@ -39,8 +39,6 @@ class Layers {
 
   const Layer* Find(std::string_view name) const;
   void Enter(const std::string& resource, bool conditional);
-  template <typename Wanted>
-  std::string References(Wanted wanted) const;
 
   Document& document_;
   std::vector<Layer> layers_;

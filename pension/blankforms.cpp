@@ -1,7 +1,6 @@
 #include "pension/blankforms.h"
 
 #include <cmath>
-#include <utility>
 
 #include "core/files.h"
 #include "core/format.h"
@@ -26,12 +25,10 @@ void CheckPageSize(clsPDFCreator& reader, const std::string& file, int page,
                    std::vector<std::string>& faults) {
   double width = 0;
   double height = 0;
-  int rotate = 0;
-  if (!reader.GetInfoPage(file, page, width, height, rotate)) {
+  if (!reader.GetImportSize(file, page, width, height)) {
     faults.push_back("page " + std::to_string(page) + " cannot be read");
     return;
   }
-  if (rotate % 180 != 0) std::swap(width, height);
   width /= kPointsOfMillimetre;
   height /= kPointsOfMillimetre;
   if (IsNear(width, kWidth) && IsNear(height, kHeight)) return;

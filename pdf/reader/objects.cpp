@@ -11,7 +11,6 @@
 namespace lm::pdf {
 namespace {
 
-constexpr std::string_view kHeader = "%PDF-";
 constexpr std::size_t kLongestJunk = 1024;  // bytes that may stand before the header
 constexpr std::size_t kFewestValues = std::size_t{1} << 20;
 constexpr std::size_t kMostValues = std::size_t{16} << 20;
@@ -38,19 +37,19 @@ void Trailer::Take(const Value& dictionary, bool replace) {
 
 Objects::Objects(std::string bytes) : whole_(std::move(bytes)) {
   const std::size_t header = std::string_view(whole_).substr(0, kLongestJunk).find(kHeader);
-  if (header == std::string_view::npos) throw Error("it is not a PDF file");
-  bytes_ = std::string_view(whole_).substr(header);
+  bytes_ = whole_;
+  if (header != std::string_view::npos) bytes_.remove_prefix(header);
   budget_ = bytes_.size() * 8 + (std::size_t{1} << 20);
   valueBudget_ = std::min(kFewestValues + bytes_.size() / 2, kMostValues);
   decodeBudget_ = kDecodeCap;
   try {
-    trailer_ = ReadCrossReference(*this);
+    trailers_.push_back(ReadCrossReference(*this));
   } catch (const Error&) {
     Repair();
   }
   Retire();
   open_ = true;
-  if (trailer_.encrypted) throw Error("it is encrypted");
+  if (FileTrailer().encrypted) throw Error("it is encrypted");
 }
 
 // What was read while the entries were not complete may be wrong.
@@ -65,15 +64,32 @@ bool Objects::Repair() {
   repaired_ = true;
   Retire();
   entries_.clear();
-  trailer_ = RepairByScanning(*this);
+  trailers_.push_back(RepairByScanning(*this));
   Retire();
-  if (trailer_.encrypted) throw Error("it is encrypted");
+  if (FileTrailer().encrypted) throw Error("it is encrypted");
   return true;
 }
 
 void Objects::Spend(std::size_t count) {
-  if (count > budget_) throw Error("the file is too damaged");
+  if (count > budget_) {
+    budget_ = 0;
+    throw Error("the file is too damaged");
+  }
   budget_ -= count;
+}
+
+// Damage is counted too: a file may hold no end of what cannot be read.
+Value Objects::ReadWithinBudget(Tokens& tokens) {
+  Spend(1);
+  const std::size_t start = tokens.Position();
+  try {
+    Value value = ReadValue(tokens, valueBudget_);
+    Spend(tokens.Position() - start);
+    return value;
+  } catch (const Error&) {
+    Spend(tokens.Position() - start);
+    throw;
+  }
 }
 
 void Objects::Note(int number, const Entry& entry, bool replace) {
@@ -85,26 +101,25 @@ void Objects::Note(int number, const Entry& entry, bool replace) {
 
 Value Objects::ParseValueAt(std::size_t offset) {
   Tokens tokens(bytes_, offset);
-  const Value value = ReadValue(tokens, valueBudget_);
-  Spend(tokens.Position() - std::min(offset, tokens.Position()));
-  return value;
+  return ReadWithinBudget(tokens);
 }
 
 Object Objects::ParseAt(std::size_t offset, int& number) {
   Tokens tokens(bytes_, offset);
   const auto first = SmallNumber(tokens.Next());
   const auto generation = SmallNumber(tokens.Next());
-  if (offset >= bytes_.size() || !first || !generation || !tokens.Next().Is("obj")) {
+  const bool isObject = first && generation && tokens.Next().Is("obj");
+  Spend(tokens.Position() - std::min(offset, tokens.Position()));
+  if (!isObject) {
     throw Error("an object is not where the cross-reference has it");
   }
   number = *first;
   Object object;
-  Tokens ahead = tokens;
-  if (ahead.Next().Is("endobj")) return object;
-  object.value = ReadValue(tokens, valueBudget_);
+  tokens.SkipBlanks();
+  if (bytes_.substr(tokens.Position()).starts_with("endobj")) return object;
+  object.value = ReadWithinBudget(tokens);
   tokens.SkipBlanks();
   const std::size_t end = tokens.Position();
-  Spend(end - offset);
   if (object.value.IsDictionary() && bytes_.substr(end).starts_with("stream")) {
     object.isStream = true;
     object.data = StreamData(object.value, end + 6);
@@ -209,8 +224,7 @@ Object Objects::LoadFromStream(int number, int container) {
     }
     Tokens tokens(stream.bytes, found->second);
     Object object;
-    object.value = ReadValue(tokens, valueBudget_);
-    Spend(tokens.Position() - std::min(found->second, tokens.Position()));
+    object.value = ReadWithinBudget(tokens);
     return object;
   }
   throw Error("an object is not in its stream");

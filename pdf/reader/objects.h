@@ -15,6 +15,7 @@
 namespace lm::pdf {
 
 constexpr int kLargestObjectNumber = 8388607;  // no reader is asked for more
+constexpr std::string_view kHeader = "%PDF-";  // with the version behind it
 
 struct Object {
   Value value;
@@ -26,7 +27,7 @@ enum class Place : std::uint8_t { Unknown, Free, File, ObjectStream };
 
 struct Entry {
   Place place = Place::Unknown;
-  std::size_t where = 0;  // offset from "%PDF-", or the object stream's number
+  std::size_t where = 0;  // offset into Objects::Bytes, or the object stream's number
 };
 
 struct Trailer {
@@ -45,8 +46,9 @@ class Objects {
   Objects(const Objects&) = delete;
   Objects& operator=(const Objects&) = delete;
 
-  std::string_view Bytes() const { return bytes_; }  // from "%PDF-" on
-  const Trailer& FileTrailer() const { return trailer_; }
+  // From "%PDF-" on; of a file whose beginning is damaged, all of it.
+  std::string_view Bytes() const { return bytes_; }
+  const Trailer& FileTrailer() const { return trailers_.back(); }
 
   // What does not exist is null. References stay valid as long as this does. Throws Error for an
   // object that cannot be read even after a repair.
@@ -80,6 +82,7 @@ class Objects {
     int extends = 0;
   };
 
+  Value ReadWithinBudget(Tokens& tokens);
   Object Load(int number);
   void Retire();
   Object LoadFromStream(int number, int container);
@@ -88,7 +91,7 @@ class Objects {
 
   std::string whole_;
   std::string_view bytes_;
-  Trailer trailer_;
+  std::deque<Trailer> trailers_{1};  // the last one counts; values of others may be in use
   std::vector<Entry> entries_;
   std::unordered_map<int, std::unique_ptr<Object>> objects_;
   std::unordered_map<int, std::unique_ptr<ObjectStream>> objectStreams_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_set>
 
 #include "core/files.h"
 #include "pdf/error.h"
@@ -16,6 +15,7 @@ namespace fs = std::filesystem;
 
 constexpr int kFileNotFound = 53;
 constexpr double kLargestSide = 1e6;  // points
+constexpr double kLargestUserUnit = 75000;
 constexpr int kVersion2 = 20;
 
 int MinorOf(std::string_view version) {
@@ -25,64 +25,26 @@ int MinorOf(std::string_view version) {
   return digit >= '0' && digit <= '9' ? digit - '0' : 0;
 }
 
-// Walks the page tree depth-first without recursion: its depth is the file's choice.
-class PageWalk {
- public:
-  PageWalk(Objects& objects, std::vector<PageNode>& pages) : objects_(objects), pages_(pages) {}
-
-  // False when a node is missing.
-  bool Walk(const Value& root) {
-    Push(root, PageNode());
-    while (!open_.empty()) {
-      const Step step = open_.back();
-      open_.pop_back();
-      Take(objects_.Resolve(*step.node), step.above);
-    }
-    return complete_;
-  }
-
- private:
-  struct Step {
-    const Value* node = nullptr;
-    PageNode above;
-  };
-
-  void Push(const Value& node, const PageNode& above) { open_.push_back({&node, above}); }
-
-  void Take(const Value& node, PageNode page) {
-    if (!node.IsDictionary()) {
-      complete_ = false;
-      return;
-    }
-    page.dictionary = &node;
-    Inherit(node, "Resources", page.resources);
-    Inherit(node, "MediaBox", page.mediaBox);
-    Inherit(node, "Rotate", page.rotate);
-    const Value& kids = objects_.Find(node, "Kids");
-    const bool isPage = objects_.Find(node, "Type").IsName("Page");
-    if (isPage || kids.kind != ValueKind::Array) {
-      // A branch that lost its kids is no page.
-      if (isPage || !objects_.Find(node, "Type").IsName("Pages")) pages_.push_back(page);
-    } else if (branches_.insert(&node).second) {
-      for (auto kid = kids.items.rbegin(); kid != kids.items.rend(); ++kid) Push(*kid, page);
-    }
-  }
-
-  static void Inherit(const Value& node, std::string_view key, const Value*& attribute) {
-    const Value& own = node.At(key);
-    if (own.kind != ValueKind::Null) attribute = &own;
-  }
-
-  Objects& objects_;
-  std::vector<PageNode>& pages_;
-  std::vector<Step> open_;
-  std::unordered_set<const Value*> branches_;  // each is walked once, or cycles had no end
-  bool complete_ = true;
-};
-
 }  // namespace
 
-ParsedFile::ParsedFile(std::string bytes) : objects(std::move(bytes)) { ReadPages(); }
+std::optional<Box> ReadBox(Objects& objects, const Value& value) {
+  const Value& box = objects.Resolve(value);
+  if (box.kind != ValueKind::Array || box.items.size() < 4) return std::nullopt;
+  std::array<double, 4> sides{};
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    const auto side = objects.Resolve(box.items[i]).Number();
+    if (!side || std::fabs(*side) > kLargestSide) return std::nullopt;
+    sides[i] = *side;
+  }
+  const auto [left, right] = std::minmax(sides[0], sides[2]);
+  const auto [bottom, top] = std::minmax(sides[1], sides[3]);
+  if (left == right || bottom == top) return std::nullopt;
+  return Box{left, bottom, right, top};
+}
+
+ParsedFile::ParsedFile(std::string bytes) : objects(std::move(bytes)), pages_(ReadPages(objects)) {
+  if (pages_.empty()) throw Error("it has no pages");
+}
 
 std::shared_ptr<ParsedFile> ParsedFile::Read(const fs::path& path) {
   std::error_code fault;
@@ -93,28 +55,12 @@ std::shared_ptr<ParsedFile> ParsedFile::Read(const fs::path& path) {
   return std::make_shared<ParsedFile>(std::move(*bytes));
 }
 
-void ParsedFile::ReadPages() {
-  const auto walk = [this] {
-    pages_.clear();
-    const Value& catalog = objects.Resolve(objects.FileTrailer().root);
-    const bool complete = PageWalk(objects, pages_).Walk(catalog.At("Pages"));
-    return complete && !pages_.empty();
-  };
-  bool complete = false;
-  try {
-    complete = walk();
-  } catch (const Error&) {
-    if (!objects.Repair()) throw;
-  }
-  if (complete) return;
-  objects.Repair();
-  walk();
-  if (pages_.empty()) throw Error("it has no pages");
-}
-
 int ParsedFile::MinorVersion() {
+  const std::string_view bytes = objects.Bytes();
+  const std::size_t header = bytes.find(kHeader);
+  const bool isTold = header != std::string_view::npos;
   const Value& catalog = objects.Resolve(objects.FileTrailer().root);
-  return std::max(MinorOf(objects.Bytes().substr(5, 3)),
+  return std::max(isTold ? MinorOf(bytes.substr(header + kHeader.size(), 3)) : 0,
                   MinorOf(objects.Find(catalog, "Version").Name()));
 }
 
@@ -126,19 +72,22 @@ const PageNode& ParsedFile::Page(int page) const {
 }
 
 Box ParsedFile::MediaBox(const PageNode& page) {
-  if (page.mediaBox == nullptr) return {};
-  const Value& box = objects.Resolve(*page.mediaBox);
-  if (box.kind != ValueKind::Array || box.items.size() < 4) return {};
-  std::array<double, 4> sides{};
-  for (std::size_t i = 0; i < sides.size(); ++i) {
-    const auto side = objects.Resolve(box.items[i]).Number();
-    if (!side || std::fabs(*side) > kLargestSide) return {};
-    sides[i] = *side;
-  }
-  const auto [left, right] = std::minmax(sides[0], sides[2]);
-  const auto [bottom, top] = std::minmax(sides[1], sides[3]);
-  if (left == right || bottom == top) return {};
-  return {left, bottom, right, top};
+  const auto box = page.mediaBox ? ReadBox(objects, *page.mediaBox) : std::nullopt;
+  return box.value_or(Box());
+}
+
+Box ParsedFile::CropBox(const PageNode& page) {
+  const Box media = MediaBox(page);
+  const auto crop = page.cropBox ? ReadBox(objects, *page.cropBox) : std::nullopt;
+  if (!crop) return media;
+  const Box common{std::max(media.x0, crop->x0), std::max(media.y0, crop->y0),
+                   std::min(media.x1, crop->x1), std::min(media.y1, crop->y1)};
+  return common.x0 < common.x1 && common.y0 < common.y1 ? common : media;
+}
+
+double ParsedFile::UserUnit(const PageNode& page) {
+  const double unit = objects.Find(*page.dictionary, "UserUnit").Number().value_or(1);
+  return unit > 0 && unit <= kLargestUserUnit ? unit : 1;
 }
 
 int ParsedFile::Rotation(const PageNode& page) {

@@ -4,26 +4,22 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "pdf/reader/objects.h"
+#include "pdf/reader/pagetree.h"
 
 namespace lm::pdf {
-
-// The attributes are those of the page or of the nearest node above it, as they stand there.
-struct PageNode {
-  const Value* dictionary = nullptr;
-  const Value* resources = nullptr;
-  const Value* mediaBox = nullptr;
-  const Value* rotate = nullptr;
-};
 
 // Points, x0 < x1 and y0 < y1.
 struct Box {
   double x0 = 0, y0 = 0, x1 = 612, y1 = 792;
 };
+
+// Nothing for what is no rectangle, is empty, or is larger than any paper.
+std::optional<Box> ReadBox(Objects& objects, const Value& value);
 
 class ParsedFile {
  public:
@@ -36,7 +32,10 @@ class ParsedFile {
   int PageCount() const { return static_cast<int>(pages_.size()); }
   const PageNode& Page(int page) const;  // from 1; throws Error
   Box MediaBox(const PageNode& page);    // of one that makes no sense, or is not there: letter size
-  int Rotation(const PageNode& page);    // 0, 90, 180 or 270
+  // The part of the MediaBox that is shown.
+  Box CropBox(const PageNode& page);
+  double UserUnit(const PageNode& page);  // points that the page's unit stands for
+  int Rotation(const PageNode& page);     // 0, 90, 180 or 270
   std::vector<const Object*> Contents(const PageNode& page);
   // The streams decoded and joined with line feeds. A single one may have any filter that is known
   // here, of several only Flate is undone; with other filters a stream is taken as it stands.
@@ -45,8 +44,6 @@ class ParsedFile {
   Objects objects;
 
  private:
-  void ReadPages();
-
   std::vector<PageNode> pages_;
 };
 

@@ -125,9 +125,9 @@ Value DictionaryOf(Objects& objects, const Found& found) {
   return objects.ParseAt(found.offset, number).value;
 }
 
-bool LeadsToDictionary(Objects& objects, const Value& reference) {
+bool LeadsToCatalog(Objects& objects, const Value& reference) {
   try {
-    return objects.Resolve(reference).IsDictionary();
+    return objects.Resolve(reference).At("Pages").kind != ValueKind::Null;
   } catch (const Error&) {
     return false;
   }
@@ -152,6 +152,7 @@ Value CatalogReference(Objects& objects) {
 
 Trailer RepairByScanning(Objects& objects) {
   const std::vector<Found> all = Scanner(objects.Bytes()).Scan();
+  if (all.empty()) throw Error("it is not a PDF file");
   std::unordered_map<int, std::size_t> lastOffsets;
   for (const Found& found : all) {
     if (found.kind == Found::TrailerWord) continue;
@@ -170,8 +171,7 @@ Trailer RepairByScanning(Objects& objects) {
       continue;
     }
   }
-  if (!LeadsToDictionary(objects, trailer.root)) trailer.root = CatalogReference(objects);
-  if (trailer.root.kind == ValueKind::Null) throw Error("it has no catalog, or no objects at all");
+  if (!LeadsToCatalog(objects, trailer.root)) trailer.root = CatalogReference(objects);
   return trailer;
 }
 

@@ -81,26 +81,42 @@ Value Plain(ValueKind kind, std::string_view text) {
   return value;
 }
 
-// The two numbers before an R become a reference.
-void MakeReference(std::vector<Value>& items) {
+// The two numbers before an R become a reference; false when they are none.
+bool MakeReference(std::vector<Value>& items) {
   const auto number = items.size() < 2 ? std::nullopt : items[items.size() - 2].Integer();
-  if (!number || items.back().kind != ValueKind::Number) throw Error("a reference is damaged");
+  if (!number || items.back().kind != ValueKind::Number) return false;
   items.pop_back();
   Value& value = items.back();
   value.kind = ValueKind::Reference;
   // A number that no object can have refers to nothing.
   value.object = *number > 0 && *number < 1000000000 ? static_cast<int>(*number) : 0;
   value.text = {};
+  return true;
+}
+
+// What stands where a key should is passed over, as other readers do: the second word of a name
+// with a blank in it, say. A key at the end without its value is null.
+void MakePairs(std::vector<Value>& items) {
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (items[i].kind != ValueKind::Name) continue;
+    const bool hasValue = i + 1 < items.size();
+    if (!hasValue) items.emplace_back();
+    if (kept != i) {
+      items[kept] = std::move(items[i]);
+      items[kept + 1] = std::move(items[i + 1]);
+    }
+    kept += 2;
+    ++i;
+  }
+  items.resize(kept);
 }
 
 // Of keys that are the same the last one counts, as it does for viewers.
 void FinishDictionary(std::vector<Value>& items) {
-  if (items.size() % 2 != 0) throw Error("a dictionary is damaged");
+  MakePairs(items);
   std::unordered_map<std::string_view, std::size_t> last;
-  for (std::size_t i = 0; i < items.size(); i += 2) {
-    if (items[i].kind != ValueKind::Name) throw Error("a dictionary is damaged");
-    last[items[i].text] = i;
-  }
+  for (std::size_t i = 0; i < items.size(); i += 2) last[items[i].text] = i;
   if (last.size() * 2 == items.size()) return;
   std::vector<Value> kept;
   for (std::size_t i = 0; i < items.size(); i += 2) {
@@ -111,11 +127,35 @@ void FinishDictionary(std::vector<Value>& items) {
   items = std::move(kept);
 }
 
+// Ends the containers from the innermost one to the one at `index`. The last of all is returned;
+// the others become items of what is around them.
+std::optional<Value> Close(std::vector<Value>& open, std::size_t index) {
+  while (open.size() > index) {
+    Value value = std::move(open.back());
+    open.pop_back();
+    if (value.IsDictionary()) FinishDictionary(value.items);
+    if (open.empty()) return value;
+    open.back().items.push_back(std::move(value));
+  }
+  return std::nullopt;
+}
+
+// A closing bracket ends the innermost container of its kind, and what was left open in that. With
+// none of its kind it is passed over.
+std::optional<Value> CloseKind(std::vector<Value>& open, ValueKind kind) {
+  if (open.empty()) throw Error("an object's brackets cross");
+  for (std::size_t i = open.size(); i > 0; --i) {
+    if (open[i - 1].kind == kind) return Close(open, i - 1);
+  }
+  return std::nullopt;
+}
+
+bool EndsObject(const Token& token) {
+  return token.Is("endobj") || token.Is("obj") || token.Is("stream") || token.Is("endstream");
+}
+
 Value KeywordValue(std::string_view word) {
   if (word == "true" || word == "false") return Plain(ValueKind::Boolean, word);
-  if (word == "endobj" || word == "obj" || word == "stream" || word == "endstream") {
-    throw Error("an object breaks off");
-  }
   return {};  // null, and words that no version of the format knows
 }
 
@@ -186,39 +226,40 @@ std::optional<long long> Value::Integer() const {
 Value ReadValue(Tokens& tokens, std::size_t& budget) {
   std::vector<Value> open;  // the containers around what comes next
   for (;;) {
+    const Tokens before = tokens;
     const Token token = tokens.Next();
     if (budget == 0) throw Error("the file has too many values");
     --budget;
 
-    Value value;
-    if (token.kind == TokenKind::End) {
-      throw Error("an object breaks off");
-    } else if (token.kind == TokenKind::ArrayOpen || token.kind == TokenKind::DictionaryOpen) {
-      if (open.size() == kDeepest) throw Error("an object is nested too deeply");
-      value.kind = token.kind == TokenKind::ArrayOpen ? ValueKind::Array : ValueKind::Dictionary;
-      open.push_back(std::move(value));
-      continue;
-    } else if (token.kind == TokenKind::ArrayClose || token.kind == TokenKind::DictionaryClose) {
-      const ValueKind closed =
-          token.kind == TokenKind::ArrayClose ? ValueKind::Array : ValueKind::Dictionary;
-      if (open.empty() || open.back().kind != closed) throw Error("an object's brackets cross");
-      value = std::move(open.back());
-      open.pop_back();
-      if (value.IsDictionary()) FinishDictionary(value.items);
-    } else if (!open.empty() && token.Is("R")) {
-      MakeReference(open.back().items);
-      continue;
-    } else {
-      value = *PlainValue(token);
-      if (open.empty() && value.kind == ValueKind::Number && IsReferenceAhead(tokens)) {
-        std::vector<Value> pair{std::move(value), *PlainValue(tokens.Next())};
-        tokens.Next();
-        MakeReference(pair);
-        return std::move(pair.front());
-      }
+    if (token.kind == TokenKind::End) throw Error("an object breaks off");
+    if (EndsObject(token)) {
+      if (open.empty()) throw Error("an object breaks off");
+      tokens = before;
+      return *Close(open, 0);
     }
-    if (open.empty()) return value;
-    open.back().items.push_back(std::move(value));
+    if (token.kind == TokenKind::ArrayOpen || token.kind == TokenKind::DictionaryOpen) {
+      if (open.size() == kDeepest) throw Error("an object is nested too deeply");
+      const bool isArray = token.kind == TokenKind::ArrayOpen;
+      open.emplace_back().kind = isArray ? ValueKind::Array : ValueKind::Dictionary;
+      continue;
+    }
+    if (token.kind == TokenKind::ArrayClose || token.kind == TokenKind::DictionaryClose) {
+      const bool isArray = token.kind == TokenKind::ArrayClose;
+      auto whole = CloseKind(open, isArray ? ValueKind::Array : ValueKind::Dictionary);
+      if (whole) return std::move(*whole);
+      continue;
+    }
+    if (!open.empty() && token.Is("R") && MakeReference(open.back().items)) continue;
+
+    Value value = *PlainValue(token);
+    if (!open.empty()) {
+      open.back().items.push_back(std::move(value));
+      continue;
+    }
+    if (value.kind != ValueKind::Number || !IsReferenceAhead(tokens)) return value;
+    std::vector<Value> pair{std::move(value), *PlainValue(tokens.Next())};
+    tokens.Next();
+    return MakeReference(pair) ? std::move(pair.front()) : Value();
   }
 }
 

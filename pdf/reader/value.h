@@ -34,8 +34,10 @@ struct Value {
 
 extern const Value kNullValue;
 
-// Reads one value. `budget` is the number of values that may still be made. Throws Error for
-// damage, for nesting deeper than any honest file has, and when the budget is gone.
+// Reads one value. `budget` is the number of values that may still be made. Stray words in a
+// dictionary are passed over, and where the object ends the containers that it left open end too.
+// Throws Error for other damage, for nesting deeper than any honest file has, and when the budget
+// is gone.
 Value ReadValue(Tokens& tokens, std::size_t& budget);
 
 // A whole number of at most nine digits; nothing for anything else.

@@ -181,7 +181,7 @@ TEST_F(ImportTest, TurnedAndMovedPagesStandUpright) {
 
 TEST_F(ImportTest, WhatCannotBeReadDrawsNothing) {
   HandMade broken = OnePage();
-  broken.objects[4] = "<< /Type /Font ]";
+  broken.objects[4] = "<< /Type /Font (not closed >>";
   const struct {
     std::string name;
     int page, number;
@@ -190,7 +190,7 @@ TEST_F(ImportTest, WhatCannotBeReadDrawsNothing) {
       {Path("missing.pdf"), 1, 53, "does not exist"},
       {Save("text.pdf", "banana"), 1, 5, "not a PDF"},
       {Save("one.pdf", OnePage().Bytes()), 2, 5, "no page 2"},
-      {Save("broken.pdf", broken.Bytes()), 1, 5, "brackets"},
+      {Save("broken.pdf", broken.Bytes()), 1, 5, "breaks off"},
       {Path(""), 1, 5, ""},
   };
   Begin();

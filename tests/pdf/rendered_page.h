@@ -24,8 +24,8 @@ class RenderedPage {
     const std::string number = std::to_string(page);
     const std::filesystem::path stem = file.parent_path() / "page";
     const std::string command = "pdftoppm -r " + std::to_string(pixelsPerInch) +
-                                " -aa no -aaVector no -singlefile -f " + number + " -l " + number +
-                                " '" + file.string() + "' '" + stem.string() + "'";
+                                " -cropbox -aa no -aaVector no -singlefile -f " + number + " -l " +
+                                number + " '" + file.string() + "' '" + stem.string() + "'";
     if (std::system(command.c_str()) != 0) return;
     std::ifstream input(stem.string() + ".ppm", std::ios::binary);
     std::string kind;

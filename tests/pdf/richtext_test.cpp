@@ -1,5 +1,7 @@
 #include "pdf/richtext.h"
 
+#include <gtest/gtest.h>
+
 namespace lm::pdf {
 namespace {
 

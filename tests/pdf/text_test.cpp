@@ -2,6 +2,8 @@
 // sums easy: at 10 points each character is 6 wide, a line 11.33 high, the descent 3.
 #include "pdf/texts.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cmath>
 #include <cstdio>

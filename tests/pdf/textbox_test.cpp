@@ -1,5 +1,7 @@
 #include "pdf/textbox.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 namespace lm::pdf {
