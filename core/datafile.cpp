@@ -449,6 +449,7 @@ bool WriteDataFile(Ledger& ledger, const fs::path& path) {
 }
 
 bool Save(Ledger& ledger) {
+  StoreTypedDetails(ledger);
   if (!SaveOptions(ledger) || !WriteDataFile(ledger, ledger.File(kDataFile))) return false;
   for (Grid* grid : ledger.dataTables) ClearMarkers(*grid);
   ledger.history.Saved();

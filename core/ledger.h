@@ -4,6 +4,7 @@
 
 #include <array>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -66,6 +67,7 @@ class Ledger {
   bool dataIncomplete = false;  // a load broke off: what is in the tables must not replace the file
   std::string dataPassword;     // in clear, empty when there is none
   std::string dataFileVersion;  // from the loaded file's header
+  std::map<int, std::string> typedDetails;  // My Details typed since the last save, by field
   std::set<std::string> shownTips;  // texts of the one-time messages shown in this run
   std::filesystem::path programDirectory;
   std::vector<Screen*> openScreens;  // the windows on the screen, the topmost last

@@ -427,25 +427,26 @@ void GridView::timerEvent(QTimerEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-  if (!rules_ || !CommitEditor()) return;
+  if (!screen_ || !CommitEditor()) return;
   const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
   if (byMouse) {
     const QModelIndex index = indexAt(event->pos());
     if (index.isValid()) setCurrentIndex(index);
   }
-  const std::vector<MenuEntry> entries = rules_->ContextMenu(CurrentRow());
+  const std::vector<MenuEntry> entries = screen_->ContextMenu(*Shown());
   if (entries.empty()) return;
   QMenu menu(this);
   for (const MenuEntry& entry : entries) {
-    if (entry.caption.empty()) {
+    if (!entry.command) {
       menu.addSeparator();
       continue;
     }
-    QAction* action = menu.addAction(ToQt(entry.caption));
+    QAction* action = menu.addAction(ToQt(entry.command->Text()));
+    action->setObjectName(ToQt(entry.command->Name()));
+    action->setVisible(entry.visible);
     action->setEnabled(entry.enabled);
-    connect(action, &QAction::triggered, this, [run = entry.run] {
-      if (run) run();
-    });
+    connect(action, &QAction::triggered, this,
+            [this, command = entry.command] { screen_->Press(*command); });
   }
   const QPoint place = byMouse ? event->globalPos()
                                : viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());
