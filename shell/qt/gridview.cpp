@@ -165,8 +165,8 @@ void GridView::ReadSpans() {
   Grid* grid = Shown();
   for (int shown = 0; shown < model_->rowCount(); ++shown) {
     const int row = model_->GridRow(model_->index(shown, 0));
-    const int title = model_->FirstColumn();
     if (grid->IsSubtotal(row)) {
+      const int title = model_->TitleColumn(row);
       if (const int end = model_->TitleEnd(row); end - title > 1)
         setSpan(shown, title, 1, end - title);
       continue;
@@ -222,7 +222,7 @@ int GridView::sizeHintForColumn(int col) const {
     widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
   for (int shown = 0; shown < std::min(model_->rowCount(), kMeasuredRows); ++shown) {
     const int row = model_->GridRow(model_->index(shown, 0));
-    if (IsGroup(row) && col < model_->TitleEnd(row)) continue;
+    if (IsGroup(row) && col >= model_->TitleColumn(row) && col < model_->TitleEnd(row)) continue;
     const QString text = model_->index(shown, col).data().toString();
     widest = std::max(widest, (IsGroup(row) ? boldMetrics : metrics).horizontalAdvance(text));
   }
@@ -392,7 +392,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   slowClick_.stop();
   QTableView::mousePressEvent(event);
   if (event->button() == Qt::LeftButton && IsGroup(row) &&
-      pressed.column() == model_->FirstColumn())
+      pressed.column() == model_->TitleColumn(row))
     ToggleGroup(row);
 }
 

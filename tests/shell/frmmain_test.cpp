@@ -414,7 +414,7 @@ TEST_F(Closing, BackupIsMadeWhenDue) {
     Ledger reloaded(other.platform);
     ASSERT_TRUE(LoadData(reloaded, BackupFile()));
     EXPECT_EQ(reloaded.fgSessions.Rows(), 3);
-    EXPECT_EQ(reloaded.fgSessions.ColIndex(kGroupMonthKey), -1);
+    EXPECT_EQ(reloaded.fgSessions.FindCol(kGroupMonthKey), -1);
   }
   EXPECT_FALSE(std::filesystem::exists(DataFile())) << "auto save is off, yet the backup ran";
 }

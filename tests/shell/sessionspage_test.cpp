@@ -1,6 +1,9 @@
 // The Sessions page: its periods, its groups, and that neither leaves a trace in the data.
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "core/change.h"
 #include "core/datafile.h"
 #include "core/formatting.h"
 #include "core/options.h"
@@ -176,7 +179,7 @@ TEST_F(SessionsDesk, SavingAGroupedListStoresTheUngroupedData) {
     ASSERT_TRUE(LoadData(reloaded));
     EXPECT_EQ(reloaded.fgSessions.Rows(), 4) << group;
     EXPECT_EQ(reloaded.fgSessions.Cols(), columns) << group;
-    EXPECT_EQ(reloaded.fgSessions.ColIndex(kGroupMonthKey), -1);
+    EXPECT_EQ(reloaded.fgSessions.FindCol(kGroupMonthKey), -1);
   }
 }
 
@@ -253,6 +256,67 @@ TEST_F(SessionsDesk, ASessionJustSavedStaysInSightUntilTheTabChanges) {
   window->Enter(page->tabSessions, "Current");  // chosen afresh
   window->Enter(page->tabSessions, "This Month");
   EXPECT_EQ(Shown(), Ids{});
+}
+
+// What a view of the list is told.
+struct ListWatcher : GridObserver {
+  int cells = 0, layouts = 0;
+  std::set<int> rows;
+  void CellsChanged(Grid&, const CellRange& range) override {
+    ++cells;
+    for (int row = range.row1; row <= range.row2; ++row) rows.insert(row);
+  }
+  void RowsInserted(Grid&, int, int) override { ++layouts; }
+  void RowsRemoved(Grid&, int, int) override { ++layouts; }
+  void LayoutChanged(Grid&) override { ++layouts; }
+  void CursorMoved(Grid&) override {}
+  void GridReset(Grid&) override { ++layouts; }
+};
+
+TEST_F(SessionsDesk, AnEditInAListWithoutGroupsTouchesItsRowAlone) {
+  for (int i = 0; i < 20; ++i) Session("01/02/2026", "1", "9");
+  Open("Current");
+  ListWatcher watcher;
+  sessions.AddObserver(watcher);
+  window->Edit(sessions, 7, sessions.ColIndex("RATE"), "10");
+  window->Edit(sessions, 7, sessions.ColIndex("SDATE"), "01/01/2020");
+  EXPECT_EQ(watcher.rows, std::set<int>{7});
+  EXPECT_EQ(watcher.layouts, 0);
+  EXPECT_TRUE(sessions.RowVisible(7));
+  sessions.RemoveObserver(watcher);
+}
+
+TEST_F(SessionsDesk, OnlyWhatIsWorkedOnStaysAgainstItsTab) {
+  for (int i = 0; i < 3; ++i) Session("01/02/2026", "1", "9");
+  Open("Uninvoiced");
+  {
+    const Change change(ledger, "Prepare Invoices");
+    for (const int row : {2, 3}) sessions.SetTextMatrix(row, "INVOICE", "1");
+  }
+  EXPECT_EQ(Shown(), Ids{"3"}) << "many at once: none of them was worked on by itself";
+  window->ShowPage(Page::Practices);
+  {
+    const Change change(ledger, "Add To Invoice");
+    sessions.SetTextMatrix(4, "INVOICE", "1");
+  }
+  window->ShowPage(Page::Sessions);
+  EXPECT_EQ(Shown(), Ids{"3"}) << "remembered while the page was out of sight";
+  window->Enter(page->tabSessions, "All");
+  window->Enter(page->tabSessions, "Uninvoiced");
+  EXPECT_EQ(Shown(), Ids{});
+}
+
+TEST_F(SessionsDesk, TheOrderIsTheOneThatTheHeaderShows) {
+  Session("01/02/2026", "1", "9");
+  Session("02/01/2026", "2", "100");
+  Session("03/02/2026", "1", "50");
+  Open();
+  window->HeaderClicked(sessions, sessions.ColIndex("RATE"));
+  window->HeaderClicked(sessions, sessions.ColIndex("RATE"));
+  for (const char* group : {"Practice", "Month", "No Grouping"})
+    window->Enter(page->cboGroupSessions, group);
+  EXPECT_EQ(Shown(), (Ids{"2", "3", "1"}));
+  EXPECT_EQ(window->SortOf(sessions).key, "RATE");
 }
 
 TEST_F(SessionsDesk, ButtonsActOnTheSelectedSession) {
