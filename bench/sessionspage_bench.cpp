@@ -6,6 +6,7 @@
 
 #include "core/formatting.h"
 #include "shell/frmMain.h"
+#include "shell/pages/sessionspage.h"
 #include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
@@ -37,8 +38,9 @@ struct SessionsPage {
     lm::FormatTables(ledger);
     window = std::make_unique<lm::frmMain>(ledger, windows);
     window->ShowPage(lm::Page::Sessions);
-    window->Enter(window->tabSessions, "All");
+    window->Enter(Shown().tabSessions, "All");
   }
+  lm::SessionsPage& Shown() { return window->PageOf<lm::SessionsPage>(); }
 };
 
 SessionsPage& Page() {
@@ -54,16 +56,16 @@ void SortByHeader(benchmark::State& state) {
 void Regroup(benchmark::State& state, const char* by) {
   lm::frmMain& window = *Page().window;
   for (auto _ : state) {
-    window.Enter(window.cboGroupSessions, by);
-    window.Enter(window.cboGroupSessions, "No Grouping");
+    window.Enter(Page().Shown().cboGroupSessions, by);
+    window.Enter(Page().Shown().cboGroupSessions, "No Grouping");
   }
 }
 
 void Filter(benchmark::State& state) {
   lm::frmMain& window = *Page().window;
   for (auto _ : state) {
-    window.Enter(window.tabSessions, "Current");
-    window.Enter(window.tabSessions, "All");
+    window.Enter(Page().Shown().tabSessions, "Current");
+    window.Enter(Page().Shown().tabSessions, "All");
   }
 }
 

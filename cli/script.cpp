@@ -93,6 +93,7 @@ const std::vector<Script::Action>& Script::Actions() {
       {"select", 2, &Script::DoSelect},
       {"cell", 4, &Script::DoCell},
       {"click", 3, &Script::DoClick},
+      {"menu", 3, &Script::DoMenu},
       {"sort", 2, &Script::DoSort},
       {"movecolumn", 3, &Script::DoMoveColumn},
       {"show", 1, &Script::DoShow},
@@ -155,6 +156,8 @@ void Script::RunLine(const std::string& line) {
                                    [&](const Action& each) { return each.name == words.front(); });
   if (action == actions.end()) throw ScriptError("unknown action: " + words.front());
   const Words rest = Words(words).subspan(1);
+  static constexpr std::string_view kWithMenuOpen[] = {"press", "show", "answer"};
+  if (std::ranges::find(kWithMenuOpen, action->name) == std::end(kWithMenuOpen)) menu_.clear();
   if (rest.size() < action->leastWords) throw ScriptError("too few words for " + words.front());
   (this->*action->run)(rest);
 }
@@ -181,7 +184,6 @@ void Script::DoOpen(Words words) {
   const bool isOpen = OpenScreen(ledger_, words[0]) != nullptr;
   const int boxes = terminal_.BoxesShown();
   const bool opened = windows_.Open(ledger_, words[0], {words.begin() + 1, words.end()});
-  main_->RefreshLists();
   if (opened) return;
   // A window may refuse with its message, and a second one of its name does. A record that is not
   // there is an error, whether a message says so or not.
@@ -205,7 +207,10 @@ void Script::DoSet(Words words) {
 
 void Script::DoPress(Words words) {
   Field& field = NamedField(words[0], true);
-  if (!field.Enabled() || !field.Visible()) throw ScriptError("disabled: " + field.Name());
+  bool offered = field.Enabled() && field.Visible();
+  for (const MenuEntry& entry : std::exchange(menu_, {}))
+    if (entry.command == &field) offered = entry.visible && entry.enabled;
+  if (!offered) throw ScriptError("disabled: " + field.Name());
   field.Owner().Press(field);
 }
 
@@ -237,6 +242,26 @@ void Script::DoClick(Words words) {
   const auto [grid, rules] = NamedGrid(words[0], &owner);
   if (!owner) throw ScriptError("no window shows " + words[0]);
   owner->Click(*grid, ValInt(words[1]), ValInt(words[2]));
+}
+
+void Script::DoMenu(Words words) {
+  Screen* owner = nullptr;
+  Grid& grid = *NamedGrid(words[0], &owner).grid;
+  if (!owner) throw ScriptError("no window shows " + words[0]);
+  const bool numbered = AllDigits(words[1]) && ValInt(words[1]) < grid.Rows();
+  const int row = numbered ? ValInt(words[1]) : NamedRow(grid, words[1]);
+  const int col = AllDigits(words[2]) ? ValInt(words[2]) : NamedColumn(grid, words[2]);
+  if (owner == main_.get()) main_->BringToFront(grid);
+  grid.Select(row, col);
+  menu_ = owner->ContextMenu(grid);
+  Json entries = Json::array();
+  for (const MenuEntry& entry : menu_)
+    if (entry.command)
+      entries.push_back({{"entry", entry.command->Name()},
+                         {"caption", Utf8(entry.command->Text())},
+                         {"enabled", entry.enabled},
+                         {"visible", entry.visible}});
+  terminal_.Emit({{"menu", entries}});
 }
 
 void Script::DoSort(Words words) {

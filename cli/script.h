@@ -50,6 +50,7 @@ class Script {
   void DoSelect(Words words);
   void DoCell(Words words);
   void DoClick(Words words);
+  void DoMenu(Words words);
   void DoSort(Words words);
   void DoMoveColumn(Words words);
   void DoShow(Words words);
@@ -79,6 +80,7 @@ class Script {
   Ledger& ledger_;
   WindowCatalogue& windows_;
   std::unique_ptr<frmMain> main_;
+  std::vector<MenuEntry> menu_;  // the right-button menu that is open
   std::istream* lines_ = nullptr;
   std::exception_ptr failure_;
 };

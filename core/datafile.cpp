@@ -240,6 +240,7 @@ bool WriteDataFile(Ledger& ledger, const fs::path& path) {
 
 bool Save(Ledger& ledger) {
   if (!MaySave(ledger) || !KeepOtherVersion(ledger)) return false;
+  StoreTypedDetails(ledger);
   if (!SaveOptions(ledger) || !WriteDataFile(ledger, ledger.DataFile())) return false;
   for (Grid* grid : ledger.dataTables) ClearMarkers(*grid);
   ledger.history.Saved();

@@ -221,6 +221,8 @@ class Grid {
   void ClearSubtotals();
   // What the records of a group row hold in the group column; "" for other rows.
   std::string GroupValue(int row) const;
+  // The column that holds the title of a group row made by Subtotal; -1 for other rows.
+  int GroupTitleCol(int row) const;
   void SetSubtotalPosition(SubtotalPosition position);
   // Collapses every group of this level and below, and opens those above; 0 opens all.
   void Outline(int level);

@@ -138,6 +138,14 @@ void Grid::FindCoveredRows() const {
 
 // Subtotals
 
+int Grid::GroupTitleCol(int row) const {
+  if (!IsRow(row) || !RowAt(row).group) return -1;
+  const auto title = std::ranges::find_if(columns_, [&](const auto& column) {
+    return column->slot == RowAt(row).group->captionSlot;
+  });
+  return title == columns_.end() ? -1 : static_cast<int>(title - columns_.begin());
+}
+
 void Grid::ClearSubtotals() {
   const auto first = rows_.begin() + static_cast<std::ptrdiff_t>(FirstDataRow());
   const auto isGroup = [](const auto& row) { return row->outlineLevel != 0; };

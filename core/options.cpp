@@ -1,6 +1,7 @@
 #include "core/options.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/datafile.h"
 #include "core/dates.h"
@@ -55,14 +56,37 @@ bool OptionIsTrue(const Ledger& ledger, int option) {
   return EqualsIgnoreCase(GetOption(ledger, option), "TRUE");
 }
 
-std::string MyDetail(const Ledger& ledger, int field) {
+namespace {
+
+std::string StoredDetail(const Ledger& ledger, int field) {
   return ledger.fgOptions.TextMatrix(kDetailsRow, IsDetail(field) ? field : -1);
+}
+
+}  // namespace
+
+std::string MyDetail(const Ledger& ledger, int field) {
+  const auto typed = ledger.typedDetails.find(field);
+  return typed == ledger.typedDetails.end() ? StoredDetail(ledger, field) : typed->second;
 }
 
 void SetMyDetail(Ledger& ledger, int field, std::string_view text) {
   if (!IsDetail(field)) return;
   EnsureShape(ledger.fgOptions);
   ledger.fgOptions.SetTextMatrix(kDetailsRow, field, text);
+  ledger.typedDetails.erase(field);
+}
+
+void TypeMyDetail(Ledger& ledger, int field, std::string_view text) {
+  if (!IsDetail(field)) return;
+  if (StoredDetail(ledger, field) == text)
+    ledger.typedDetails.erase(field);
+  else
+    ledger.typedDetails.insert_or_assign(field, std::string(text));
+}
+
+void StoreTypedDetails(Ledger& ledger) {
+  const auto typed = std::exchange(ledger.typedDetails, {});
+  for (const auto& [field, text] : typed) SetMyDetail(ledger, field, text);
 }
 
 std::string MyName(const Ledger& ledger) {

@@ -159,8 +159,13 @@ std::string GetOption(const Ledger& ledger, int option);            // "" outsid
 void SetOption(Ledger& ledger, int option, std::string_view text);  // in memory only
 bool OptionIsTrue(const Ledger& ledger, int option);                // "TRUE", ignoring case
 
+// As it was typed last, saved or not: documents show what their writer sees on the page.
 std::string MyDetail(const Ledger& ledger, int field);
 void SetMyDetail(Ledger& ledger, int field, std::string_view text);
+// What is typed on the page waits until a save stores it, so that nothing else that saves the
+// options takes it along, and until a reload drops it.
+void TypeMyDetail(Ledger& ledger, int field, std::string_view text);
+void StoreTypedDetails(Ledger& ledger);
 // First and last name joined by a blank, an empty one left out; the title stands apart.
 std::string MyName(const Ledger& ledger);
 

@@ -78,6 +78,10 @@ bool HasUnsavedRows(const Ledger& ledger) {
   });
 }
 
+bool HasUnsaved(const Ledger& ledger) {
+  return HasUnsavedRows(ledger) || !ledger.typedDetails.empty();
+}
+
 int AddRecord(Ledger& ledger, Grid& grid) {
   const bool atEnd = ToUpper(GetOption(ledger, optNewRowPosition)) == "BOTTOM";
   const int row = grid.AddItem("", atEnd ? -1 : grid.FixedRows());

@@ -58,6 +58,7 @@ void MarkNew(Ledger& ledger, Grid& grid, int row);
 void MarkEdited(Ledger& ledger, Grid& grid, int row);  // a row that is new stays new
 void ClearMarkers(Grid& grid);
 bool HasUnsavedRows(const Ledger& ledger);
+bool HasUnsaved(const Ledger& ledger);  // rows, or what was typed on My Details
 
 // Adds an empty row, at the end when option 59 is "BOTTOM" and above the first data row
 // otherwise, marked as new. Returns its number.

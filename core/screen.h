@@ -176,9 +176,10 @@ class TabField : public ChoiceField {
 // user may choose.
 int EntryNamed(const ChoiceField& field, std::string_view word);
 
+// A line of a right-button menu.
 struct MenuEntry {
-  std::string caption;  // "" is a separator
-  std::function<void()> run;
+  Field* command;  // what it presses, under whose name and caption it stands; null: a separator
+  bool visible = true;
   bool enabled = true;
 };
 
@@ -198,7 +199,6 @@ class GridRules {
   virtual void Opened(int /*row*/) {}  // double click, or Enter on a row
   virtual void AddPressed() {}         // the list's own add
   virtual void DeletePressed(int /*row*/) {}
-  virtual std::vector<MenuEntry> ContextMenu(int /*row*/) { return {}; }
 };
 
 enum class EditOutcome { Unchanged, Accepted, Refused, NotAllowed };
@@ -265,6 +265,8 @@ class Screen {
   EditOutcome Edit(Grid& grid, int row, int col, std::string_view word);
   void Click(Grid& grid, int row, int col);
 
+  // The right-button menu of the cell where the grid's cursor stands; empty when there is none.
+  virtual std::vector<MenuEntry> ContextMenu(const Grid& /*grid*/) { return {}; }
   // A key that the screen takes for itself; false passes it on. `key` is a virtual key code as
   // in the shortcut table, `character` what it types (0 for none).
   virtual bool KeyPressed(int /*key*/, char /*character*/) { return false; }

@@ -59,15 +59,4 @@ void InvoiceListRules::DeletePressed(int row) {
     DeleteInvoice(ledger_, ledger_.fgInvoices.TextMatrix(row, "ID"));
 }
 
-std::vector<MenuEntry> InvoiceListRules::ContextMenu(int row) {
-  const bool onInvoice = IsInvoice(row);
-  const std::string id = ledger_.fgInvoices.TextMatrix(row, "ID");
-  return {
-      {"&Edit Invoice", [this, row] { Opened(row); }, onInvoice},
-      {"&Open Document", [this, id] { OpenInvoiceDocument(ledger_, id); }, onInvoice},
-      {"&Recreate then Open", [this, id] { OpenInvoiceDocument(ledger_, id, true); }, onInvoice},
-      {"", {}},
-      {"&Delete Invoice", [this, row] { DeletePressed(row); }, onInvoice}};
-}
-
 }  // namespace lm

@@ -16,7 +16,6 @@ class InvoiceListRules : public GridRules {
   void Opened(int row) override;
   void AddPressed() override;
   void DeletePressed(int row) override;
-  std::vector<MenuEntry> ContextMenu(int row) override;
 
  private:
   bool IsInvoice(int row) const;

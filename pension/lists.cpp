@@ -80,18 +80,6 @@ class FormListRules : public GridRules {
     }
   }
 
-  std::vector<MenuEntry> ContextMenu(int row) override {
-    const bool onForm = IsRecord(table_, row);
-    const auto open = [this, row](bool recreate) {
-      return [this, row, recreate] { OpenDocumentOfRow(ledger_, table_, row, recreate); };
-    };
-    return {{"&Edit Form", [this, row] { Opened(row); }, onForm},
-            {"&Open Document", open(false), onForm},
-            {"&Recreate then Open", open(true), onForm && !form_.IsRetired()},
-            {"", {}},
-            {"&Delete Form", [this, row] { DeletePressed(row); }, onForm}};
-  }
-
  private:
   Ledger& ledger_;
   Grid& table_;
@@ -136,11 +124,6 @@ class PaymentListRules : public GridRules {
       const Change change(ledger_, "Delete Pension Payment");
       table_.RemoveItem(row);
     }
-  }
-
-  std::vector<MenuEntry> ContextMenu(int row) override {
-    return {{"&Add Payment", [this] { AddPressed(); }},
-            {"&Delete Payment", [this, row] { DeletePressed(row); }, IsRecord(table_, row)}};
   }
 
  private:

@@ -60,11 +60,4 @@ void PracticeListRules::AddPressed() { NewPractice(ledger_); }
 
 void PracticeListRules::DeletePressed(int row) { DeletePractice(ledger_, IdOf(row)); }
 
-std::vector<MenuEntry> PracticeListRules::ContextMenu(int row) {
-  const bool onPractice = row >= ledger_.fgPractices.FixedRows();
-  return {{"&New Practice", [this] { AddPressed(); }},
-          {"&Edit Practice", [this, row] { Opened(row); }, onPractice},
-          {"&Delete Practice", [this, row] { DeletePressed(row); }, onPractice}};
-}
-
 }  // namespace lm

@@ -17,7 +17,6 @@ class PracticeListRules : public GridRules {
   void Opened(int row) override;
   void AddPressed() override;
   void DeletePressed(int row) override;
-  std::vector<MenuEntry> ContextMenu(int row) override;
 
  private:
   std::string IdOf(int row) const;

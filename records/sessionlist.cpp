@@ -86,6 +86,10 @@ void SessionListRules::Opened(int row) {
   if (const std::string id = IdToOpen(row); !id.empty()) OpenSession(ledger_, id);
 }
 
+void SessionListRules::CopyPressed(int row) {
+  if (const std::string id = IdToOpen(row); !id.empty()) CopySession(ledger_, id);
+}
+
 void SessionListRules::AddPressed() { NewSession(ledger_, CellText(ledger_.platform.clock.Now())); }
 
 void SessionListRules::DeletePressed(int row) {
@@ -93,18 +97,6 @@ void SessionListRules::DeletePressed(int row) {
     DeleteSessionOfRow(ledger_, row);
   else
     ShowMessage(ledger_, "Delete Session", "There is no session selected to delete.");
-}
-
-std::vector<MenuEntry> SessionListRules::ContextMenu(int row) {
-  const bool onSession = IsSession(row);
-  return {{"&New Session", [this] { AddPressed(); }},
-          {"&Edit Session", [this, row] { Opened(row); }, onSession},
-          {"&Copy Session",
-           [this, row] {
-             if (const std::string id = IdToOpen(row); !id.empty()) CopySession(ledger_, id);
-           },
-           onSession},
-          {"&Delete Session", [this, row] { DeletePressed(row); }, onSession}};
 }
 
 }  // namespace lm

@@ -16,7 +16,7 @@ class SessionListRules : public GridRules {
   void Opened(int row) override;
   void AddPressed() override;
   void DeletePressed(int row) override;
-  std::vector<MenuEntry> ContextMenu(int row) override;
+  void CopyPressed(int row);
 
  private:
   bool IsSession(int row) const;

@@ -4,16 +4,17 @@
 #include "core/format.h"
 #include "core/messagebox.h"
 #include "core/numbers.h"
+#include "core/options.h"
 #include "core/platform.h"
 #include "core/rows.h"
 #include "core/text.h"
 #include "shell/frmMain.h"
+#include "shell/ungroupedlists.h"
 
 namespace lm {
 
 bool frmMain::SaveAll() {
-  const UngroupedLists ungrouped{Ungrouped(sessionsPage_.Grouping()),
-                                 Ungrouped(invoicesPage_.Grouping())};
+  const UngroupedLists ungrouped(*this);
   return Save(ledger);
 }
 
@@ -23,7 +24,7 @@ bool frmMain::CloseMain() {
     if (!ConfirmExit()) return false;
     // Tables that a failed load left incomplete must replace neither the file nor today's backup.
     // There is nothing to keep in them but what was entered since.
-    const bool nothingToSave = ledger.dataIncomplete && !HasUnsavedRows(ledger);
+    const bool nothingToSave = ledger.dataIncomplete && !HasUnsaved(ledger);
     // A save that failed has told why. The window stays, since closing would lose the changes.
     if (OptionIsTrue(ledger, optAutoSave) && !nothingToSave && !SaveAll()) return false;
     if (!ledger.dataIncomplete) BackUpIfDue();
@@ -47,8 +48,7 @@ void frmMain::BackUpIfDue() {
   if (last && *last + days > now) return;
 
   const auto path = ledger.File("LedgerMinderBackup " + FormatDate(now, "dd mmm yyyy") + ".bak");
-  const UngroupedLists ungrouped{Ungrouped(sessionsPage_.Grouping()),
-                                 Ungrouped(invoicesPage_.Grouping())};
+  const UngroupedLists ungrouped(*this);
   if (!WriteDataFile(ledger, path)) return;
   SetOption(ledger, optLastBackupFile, PathText(path));
   SetOption(ledger, optLastBackupDate, FormatDate(now, "dd/mm/yyyy hh:nn"));

@@ -152,10 +152,7 @@ frmMain* RunEntryProcedure(Ledger& ledger, const EntryHooks& hooks, std::string_
 
 void FinishStart(frmMain& window, const EntryHooks& hooks) {
   Ledger& ledger = window.ledger;
-  const bool retiredForms = !EqualsIgnoreCase(GetOption(ledger, optHasRetiredForms), "FALSE");
-  for (const int tab : {frmMain::kTabFormC, frmMain::kTabFormD})
-    window.tabForm.SetTabVisible(tab, retiredForms);
-
+  window.DataLoaded();
   window.ShowPage(StartPageOf(ledger));
   if (hooks.closeSplash) hooks.closeSplash();
   if (window.showWindow) window.showWindow();

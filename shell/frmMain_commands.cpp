@@ -1,26 +1,17 @@
-// The menu commands of the main window and the keys that run them.
+// The menu commands of the main window and the keys that run them. What a command does is told by
+// the page in front, else by a page that carries it out from everywhere, else here; a command that
+// none of them knows opens its window.
+#include <algorithm>
+
 #include "core/datafile.h"
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "core/shortcuts.h"
-#include "documents/invoices.h"
-#include "pension/windows.h"
 #include "shell/frmMain.h"
+#include "shell/pages/mainpage.h"
+#include "shell/ungroupedlists.h"
 
 namespace lm {
-namespace {
-
-struct PrintedTable {
-  std::string_view table;
-  std::string_view title;
-};
-
-constexpr PrintedTable kPensionTitles[] = {
-    {"fgPensionA", "Locum Form A"},       {"fgPensionB", "Locum Form B"},
-    {"fgPensionC", "Locum Form C"},       {"fgPensionD", "Locum Form D"},
-    {"fgPensionSolo", "Locum Form Solo"}, {"fgPensionPayments", "Pension Payments"}};
-
-}  // namespace
 
 void frmMain::BuildCommands() {
   SetHandlers();
@@ -28,92 +19,75 @@ void frmMain::BuildCommands() {
     auto& button =
         commands_.emplace_back(std::make_unique<Button>(this, std::string(command.name)));
     button->SetText(command.caption);
-    button->onPressed = [this, &command] {
-      const auto handler = handlers_.find(command.name);
-      handler != handlers_.end() ? handler->second() : OpenFromCatalogue(command);
-    };
+    button->onPressed = [this, &command] { Run(command); };
   }
   menuBar_ = BuildMenuBar(*this);
   contextMenus_ = BuildContextMenus(*this);
 }
 
 void frmMain::SetHandlers() {
-  for (const PageSpec& page : kPages)
-    for (const std::string_view command : {page.menu, page.command})
+  for (const auto& page : pages_)
+    for (const std::string_view command : {page->Spec().menu, page->Spec().command})
       if (!command.empty())
-        handlers_.emplace(command, [this, page = page.page] { ShowPage(page); });
+        handlers_[std::string(command)] = {[this, page = page->Spec().page] { ShowPage(page); }};
 
-  handlers_["mnuSave"] = [this] {
+  handlers_["mnuSave"] = {[this] {
     const BusyPointer busy(ledger.platform);
     SaveAll();
-  };
-  handlers_["mnuReloadData"] = [this] { ReloadData(); };
-  handlers_["mnuExit"] = [this] { CloseMain(); };
-  handlers_["mnuExitWithoutSaving"] = [this] { ExitWithoutSaving(); };
-  handlers_["mnuPrint"] = [this] { Print(); };
-  handlers_["mnuNewSession"] = [this] { Press(cmdAddSession); };
-  handlers_["mnuNewInvoices"] = [this] { Press(cmdAddInvoice); };
-  handlers_["mnuPopOpenDocument"] = [this] { OpenSelectedDocument(false); };
-  handlers_["mnuPopRecreateAndOpenDocument"] = [this] { OpenSelectedDocument(true); };
-  handlers_["mnuPopInv_DeleteInvoice"] = [this] { Press(cmdDeleteInvoice); };
-  handlers_["mnuPopCal_AddToInvoice"] = [this] { ChangeSelectedSession(AddSessionToInvoice); };
-  handlers_["mnuPopCal_RemoveFromInvoice"] = [this] {
-    ChangeSelectedSession(RemoveSessionFromInvoice);
-  };
-  handlers_["mnuNewPensionForms"] = [this] { ChangeRecords([this] { OpenPensionForms(ledger); }); };
-  handlers_["mnuNewPractice"] = [this] { Press(cmdAddPractice); };
-  handlers_["mnuViewShortcutBar"] = [this] { ToggleShortcutBar(); };
-  handlers_["mnuCalculator"] = [this] { ledger.platform.system.StartCalculator(); };
-  handlers_["mnuLedgerMinderWebsite"] = [this] { OpenLink(ledger, kWebsite); };
-  handlers_["mnuNewItem"] = [this] { Press(*CommandsOfPage().add); };
-  handlers_["mnuEditItem"] = [this] { Press(*CommandsOfPage().edit); };
-  handlers_["mnuDeleteItem"] = [this] { Press(*CommandsOfPage().remove); };
+  }};
+  handlers_["mnuReloadData"] = {[this] { ReloadData(); }};
+  handlers_["mnuExit"] = {[this] { CloseMain(); }};
+  handlers_["mnuExitWithoutSaving"] = {[this] { ExitWithoutSaving(); }};
+  handlers_["mnuPrint"] = {[this] { Print(); }, [this] { return !PageGrid() || printGrid; }};
+  handlers_["mnuViewShortcutBar"] = {
+      [this] { ToggleShortcutBar(); }, nullptr, [this] { return shortcutBarVisible_; }};
+  handlers_["mnuCalculator"] = {[this] { ledger.platform.system.StartCalculator(); }};
+  handlers_["mnuLedgerMinderWebsite"] = {[this] { OpenLink(ledger, kWebsite); }};
 }
 
-frmMain::PageCommands frmMain::CommandsOfPage() {
-  switch (CurrentPage()) {
-    case Page::Sessions:
-      return {&cmdAddSession, &cmdEditSession, &cmdDeleteSession};
-    case Page::Invoices:
-      return {&cmdAddInvoice, &cmdEditInvoice, &cmdDeleteInvoice};
-    case Page::Pension:
-      return {&cmdAddPensionForm, &cmdEditPensionForm, &cmdDeletePensionForm};
-    case Page::Practices:
-      return {&cmdAddPractice, &cmdEditPractice, &cmdDeletePractice};
-    default:
-      return {};
-  }
+const CommandHandler* frmMain::HandlerOf(std::string_view command) const {
+  if (const CommandHandler* handler = FrontPage().InFrontHandler(command)) return handler;
+  for (const auto& page : pages_)
+    if (const CommandHandler* handler = page->HandlerFromEverywhere(command)) return handler;
+  const auto own = handlers_.find(command);
+  return own == handlers_.end() ? nullptr : &own->second;
 }
 
-bool frmMain::HasNothingToRun(const CommandSpec& command) const {
-  if (!command.window.empty() && !windows_.Has(command.window)) return true;
-  return command.window.empty() && !handlers_.contains(command.name);
+void frmMain::Run(const CommandSpec& command) {
+  const CommandHandler* handler = HandlerOf(command.name);
+  handler ? handler->run() : OpenFromCatalogue(command);
 }
 
 void frmMain::RefreshCommands() {
-  const bool pageHasItems = CommandsOfPage().add != nullptr;
-  for (const CommandSpec& command : Commands()) {
-    bool enabled = !HasNothingToRun(command);
-    if (command.name == "mnuNewItem" || command.name == "mnuEditItem" ||
-        command.name == "mnuDeleteItem")
-      enabled = pageHasItems;
-    if (command.name.starts_with("mnuPopInv_")) enabled = CurrentPage() == Page::Invoices;
-    if (command.name.ends_with("OpenDocument"))
-      enabled = CurrentPage() == Page::Invoices || CurrentPage() == Page::Pension;
-    if (command.name == "mnuPopCal_AddToInvoice" || command.name == "mnuPopCal_RemoveFromInvoice")
-      enabled = CurrentPage() == Page::Sessions;
-    if (command.name == "mnuPrint") enabled = !PageGrid() || printGrid;
-    FindField(command.name)->SetEnabled(enabled);
+  for (std::size_t i = 0; i < commands_.size(); ++i) {
+    const CommandSpec& command = Commands()[i];
+    const CommandHandler* handler = HandlerOf(command.name);
+    const bool runs =
+        handler ? !handler->enabled || handler->enabled() : !command.window.empty();
+    commands_[i]->SetEnabled(runs && HasWindow(command.window));
+    commands_[i]->SetText(handler && handler->caption ? handler->caption()
+                                                      : std::string(command.caption));
   }
-  const bool sessions = windows_.Has("frmSession");
-  cmdAddSession.SetEnabled(sessions);
-  cmdEditSession.SetEnabled(sessions);
-  cmdCopySession.SetEnabled(sessions);
-  cmdAddInvoice.SetEnabled(windows_.Has("frmPrepareInvoices"));
-  cmdEditInvoice.SetEnabled(windows_.Has("frmInvoice"));
-  const bool practices = windows_.Has("frmPractice");
-  cmdAddPractice.SetEnabled(practices);
-  cmdEditPractice.SetEnabled(practices);
+  for (const auto& page : pages_) page->RefreshButtons();
+}
+
+const MenuNode* frmMain::ContextMenuNamed(std::string_view name) const {
+  const auto menu = std::ranges::find(contextMenus_, name, &MenuNode::name);
+  return menu == contextMenus_.end() ? nullptr : &*menu;
+}
+
+std::vector<MenuEntry> frmMain::ContextMenu(const Grid& grid) {
+  std::vector<MenuEntry> entries;
+  const MainPage& page = FrontPage();
+  const MenuNode* menu = ContextMenuNamed(page.MenuOf(grid));
+  if (!menu) return entries;
+  RefreshCommands();
+  for (const MenuNode& node : menu->children) {
+    const Offer offer = page.OfferOf(node.name);
+    entries.push_back({node.command, offer != Offer::Hidden,
+                       offer == Offer::Enabled && node.command->Enabled()});
+  }
+  return entries;
 }
 
 std::string frmMain::ShortcutTextOf(const MenuNode& node) const {
@@ -121,10 +95,11 @@ std::string frmMain::ShortcutTextOf(const MenuNode& node) const {
 }
 
 bool frmMain::IsChecked(const MenuNode& node) const {
-  return node.name == "mnuViewShortcutBar" && shortcutBarVisible_;
+  const CommandHandler* handler = HandlerOf(node.name);
+  return handler && handler->checked && handler->checked();
 }
 
-void frmMain::ApplyShortcutsToMenus() { CallLayOut(true); }
+void frmMain::ApplyShortcutsToMenus() { LayOut(true); }
 
 bool frmMain::ShortcutPressed(int virtualKey, int shift) {
   const int action = FindShortcut(ledger, virtualKey, shift);
@@ -136,7 +111,7 @@ bool frmMain::ShortcutPressed(int virtualKey, int shift) {
 void frmMain::OpenFromCatalogue(const CommandSpec& command) {
   std::vector<std::string> words;
   if (!command.words.empty()) words.emplace_back(command.words);
-  ChangeRecords([&] { windows_.Open(ledger, command.window, words); });
+  windows_.Open(ledger, command.window, words);
   RefreshCommands();
   ApplyShortcutsToMenus();
 }
@@ -144,12 +119,8 @@ void frmMain::OpenFromCatalogue(const CommandSpec& command) {
 void frmMain::ReloadData() {
   if (!Ask(ledger, "Reload all data?", "This will overwrite any unsaved changes.")) return;
   {
-    const UngroupedLists ungrouped{Ungrouped(sessionsPage_.Grouping()),
-                                   Ungrouped(invoicesPage_.Grouping())};
-    LoadData(ledger);
-    sessionsPage_.ForgetKept();
-    invoicesPage_.ForgetKept();
-    sorts_.clear();
+    const UngroupedLists ungrouped(*this);
+    if (LoadData(ledger)) DataLoaded();
   }
   ApplyShortcutsToMenus();
   fgMenu_Click();
@@ -157,15 +128,7 @@ void frmMain::ReloadData() {
 
 void frmMain::ToggleShortcutBar() {
   shortcutBarVisible_ = !shortcutBarVisible_;
-  CallLayOut(true);
-}
-
-std::string frmMain::PrintTitle() const {
-  const Grid* grid = PageGrid();
-  if (!grid) return "";
-  for (const PrintedTable& printed : kPensionTitles)
-    if (printed.table == grid->Name()) return std::string(printed.title);
-  return std::string(PageSpecOf(CurrentPage()).caption);
+  LayOut(true);
 }
 
 void frmMain::Print() {
@@ -173,7 +136,7 @@ void frmMain::Print() {
   if (!grid)
     ShowMessage(ledger, "Print", "This page cannot be printed");
   else if (printGrid)
-    printGrid(*grid, PrintTitle());
+    printGrid(*grid, FrontPage().Title());
 }
 
 }  // namespace lm

@@ -46,7 +46,30 @@ void RemoveMonthColumn(Grid& grid) {
   grid.SetCols(grid.Cols() - 1);
 }
 
+// Of a row that was made a group by hand it is the first text.
+int TitleHolder(const Grid& grid, int groupRow, int first) {
+  int col = grid.GroupTitleCol(groupRow);
+  if (col >= 0) return col;
+  for (col = first; col < grid.Cols(); ++col)
+    if (grid.ColVisible(col) && !grid.TextMatrix(groupRow, col).empty()) return col;
+  return first;
+}
+
 }  // namespace
+
+int TitlePlace(const Grid& grid, int groupRow, int first) {
+  const int holder = TitleHolder(grid, groupRow, first);
+  for (int col = first; col < grid.Cols(); ++col)
+    if (grid.ColVisible(col) && (col == holder || grid.TextMatrix(groupRow, col).empty()))
+      return col;
+  return holder;
+}
+
+std::string ShownInGroup(const Grid& grid, int groupRow, int col, int first) {
+  const int holder = TitleHolder(grid, groupRow, first);
+  if (col == TitlePlace(grid, groupRow, first)) return grid.DisplayText(groupRow, holder);
+  return col == holder ? "" : grid.DisplayText(groupRow, col);
+}
 
 const GroupedList kGroupedSessions{&Ledger::fgSessions, kSessionChoices, kSessionSums};
 const GroupedList kGroupedInvoices{&Ledger::fgInvoices, kInvoiceChoices, kInvoiceSums};

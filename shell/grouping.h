@@ -32,6 +32,11 @@ std::vector<std::string> GroupCaptions(const GroupedList& list);
 // The column of months, at the front while a list is grouped by month.
 constexpr std::string_view kGroupMonthKey = "GROUPMONTH";
 
+// What a list shows of a group row: its title stands in the first visible column, from `first` on,
+// that holds none of its sums, wherever the columns were moved; the sums stand in their own.
+int TitlePlace(const Grid& grid, int groupRow, int first);
+std::string ShownInGroup(const Grid& grid, int groupRow, int col, int first);
+
 class ListGrouping {
  public:
   ListGrouping(Ledger& ledger, const GroupedList& list) : list_(list), grid_(ledger.*list.table) {

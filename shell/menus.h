@@ -1,6 +1,7 @@
 // The menu commands of the main window and the tree in which they stand, as data.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,6 +19,15 @@ struct CommandSpec {
   int shortcut = -1;             // the action number in fgShortcuts, -1 for none
   std::string_view window = "";  // the window that it opens
   std::string_view words = "";   // the window's operation: "new"
+};
+
+// What a command does, and how it stands in its menu at present. Functions that are not set: it is
+// enabled, is not switched on, and has its own caption.
+struct CommandHandler {
+  std::function<void()> run;
+  std::function<bool()> enabled = nullptr;
+  std::function<bool()> checked = nullptr;
+  std::function<std::string()> caption = nullptr;
 };
 
 std::span<const CommandSpec> Commands();
@@ -41,7 +51,8 @@ struct MenuNode {
 // The menus of the bar: File, View, Tools, Help and the hidden last one. Commands are looked up
 // among the screen's fields.
 std::vector<MenuNode> BuildMenuBar(const Screen& screen);
-// mnuPopCalendar, mnuPopInvoices, mnuPopEvents, mnuPopPractices, mnuPopDocument.
+// The right-button menus: mnuPopCalendar, mnuPopInvoices, mnuPopEvents, mnuPopPractices,
+// mnuPopPension, and mnuPopDocument, which drops below a button.
 std::vector<MenuNode> BuildContextMenus(const Screen& screen);
 
 }  // namespace lm

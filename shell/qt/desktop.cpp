@@ -46,6 +46,25 @@ class OrdinaryPointer {
   std::vector<QCursor> cursors_;
 };
 
+// Calls back, once, when a window has come onto the screen.
+class ShowWatch : public QObject {
+ public:
+  ShowWatch(QWidget& window, std::function<void()> shown)
+      : QObject(&window), shown_(std::move(shown)) {
+    window.installEventFilter(this);
+  }
+  bool eventFilter(QObject* window, QEvent* event) override {
+    if (event->type() != QEvent::Show) return false;
+    window->removeEventFilter(this);
+    QMetaObject::invokeMethod(window, std::move(shown_), Qt::QueuedConnection);
+    deleteLater();
+    return false;
+  }
+
+ private:
+  std::function<void()> shown_;
+};
+
 }  // namespace
 
 Answer DesktopMessages::Show(const MessageBoxText& message) {
@@ -61,7 +80,14 @@ void DesktopMessages::ShowTip(const MessageBoxText& message, std::function<void(
   if (tips_.size() == 1) ShowNextTip();
 }
 
+// The tip of the first page comes before the main window does. It waits, for it would end up behind
+// it, where nobody could close it and let the next one come.
 void DesktopMessages::ShowNextTip() {
+  QWidget* main = MainWindowWidget();
+  if (main && !main->isVisible()) {
+    new ShowWatch(*main, [this] { ShowNextTip(); });
+    return;
+  }
   auto* box = new frmMesgBox(tips_.front().message, TopWindow());
   box->setAttribute(Qt::WA_DeleteOnClose);
   // It must not take the keys from under somebody who types.

@@ -79,7 +79,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool tick = cell.features & QStyleOptionViewItem::HasCheckIndicator;
   cell.features &= ~QStyleOptionViewItem::HasCheckIndicator;
   view_->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, view_);
-  const bool group = view_->IsGroup(row) && index.column() == model.FirstColumn();
+  const bool group = view_->IsGroup(row) && index.column() == model.TitleColumn(row);
   QRect place = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
   if (group) {
     if (HasRowsBelow(*view_->Shown(), row)) PaintExpander(*painter, option, row);

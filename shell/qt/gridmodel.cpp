@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include "shell/grouping.h"
 #include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 
@@ -105,24 +106,18 @@ int GridModel::PressedColumn(int gridRow) const {
 }
 
 int GridModel::TitleColumn(int gridRow) const {
-  for (int col = firstColumn_; col < columns_; ++col)
-    if (grid_->ColVisible(col) && !grid_->TextMatrix(gridRow, col).empty()) return col;
-  return firstColumn_;
+  return TitlePlace(*grid_, gridRow, firstColumn_);
 }
 
 int GridModel::TitleEnd(int gridRow) const {
   int col = TitleColumn(gridRow) + 1;
-  while (col < columns_ && (!grid_->ColVisible(col) || grid_->TextMatrix(gridRow, col).empty()))
-    ++col;
+  while (col < columns_ && (!grid_->ColVisible(col) || ShownText(gridRow, col).empty())) ++col;
   return col;
 }
 
-// A group's title stands at the left edge, in whatever column the grid holds it.
 std::string GridModel::ShownText(int gridRow, int col) const {
-  if (!grid_->IsSubtotal(gridRow)) return grid_->DisplayText(gridRow, col);
-  const int title = TitleColumn(gridRow);
-  if (col == firstColumn_) return grid_->DisplayText(gridRow, title);
-  return col == title ? std::string() : grid_->DisplayText(gridRow, col);
+  return grid_->IsSubtotal(gridRow) ? ShownInGroup(*grid_, gridRow, col, firstColumn_)
+                                    : grid_->DisplayText(gridRow, col);
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const {
@@ -145,7 +140,7 @@ Qt::Alignment GridModel::AlignmentOf(int gridRow, int col) const {
       QByteArray::fromStdString(grid_->Cell(CellSetting::flexcpAlignment, gridRow, col)).toInt();
   if (own > 0 && own <= static_cast<int>(Alignment::Right))
     return ToQtAlignment(static_cast<Alignment>(own), DataType::Text);
-  if (gridRow >= 0 && grid_->IsSubtotal(gridRow) && col == firstColumn_)
+  if (gridRow >= 0 && grid_->IsSubtotal(gridRow) && col == TitleColumn(gridRow))
     return Qt::AlignLeft | Qt::AlignVCenter;
   // A column of figures is one with a number format, whether it is marked as money or not.
   const bool figures = grid_->ColFormat(col).find('#') != std::string::npos;

@@ -25,8 +25,9 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   int ModelRow(int gridRow) const;              // -1 when the row is not visible
   // The narrow first column that shows a row's state by its colour.
   bool HasMarker() const;
-  // The first column that shows something: where a group's title stands.
+  // The first column that shows something.
   int FirstColumn() const { return firstColumn_; }
+  int TitleColumn(int gridRow) const;  // where a group's title stands
   bool HasTick(int gridRow, int col) const;
   // The name of the picture in a cell; "" for none.
   QString PictureOf(int gridRow, int col) const;
@@ -34,7 +35,7 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   bool IsPressed(int gridRow, int col) const;
   // The column of this row that holds one; -1 for none.
   int PressedColumn(int gridRow) const;
-  // The first column behind a group's title that holds a figure.
+  // The first column behind a group's title that shows something else.
   int TitleEnd(int gridRow) const;
   void SetEditable(bool editable) { editable_ = editable; }
   // Layout changes that the view itself makes are not read back.
@@ -59,7 +60,6 @@ class GridModel : public QAbstractTableModel, private GridObserver {
 
   void ReadLater();
   void ReadRows();
-  int TitleColumn(int gridRow) const;
   std::string ShownText(int gridRow, int col) const;
   QVariant Ground(int gridRow, int col) const;
   Qt::Alignment AlignmentOf(int gridRow, int col) const;

@@ -165,8 +165,8 @@ void GridView::ReadSpans() {
   Grid* grid = Shown();
   for (int shown = 0; shown < model_->rowCount(); ++shown) {
     const int row = model_->GridRow(model_->index(shown, 0));
-    const int title = model_->FirstColumn();
     if (grid->IsSubtotal(row)) {
+      const int title = model_->TitleColumn(row);
       if (const int end = model_->TitleEnd(row); end - title > 1)
         setSpan(shown, title, 1, end - title);
       continue;
@@ -222,7 +222,7 @@ int GridView::sizeHintForColumn(int col) const {
     widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
   for (int shown = 0; shown < std::min(model_->rowCount(), kMeasuredRows); ++shown) {
     const int row = model_->GridRow(model_->index(shown, 0));
-    if (IsGroup(row) && col < model_->TitleEnd(row)) continue;
+    if (IsGroup(row) && col >= model_->TitleColumn(row) && col < model_->TitleEnd(row)) continue;
     const QString text = model_->index(shown, col).data().toString();
     widest = std::max(widest, (IsGroup(row) ? boldMetrics : metrics).horizontalAdvance(text));
   }
@@ -392,7 +392,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   slowClick_.stop();
   QTableView::mousePressEvent(event);
   if (event->button() == Qt::LeftButton && IsGroup(row) &&
-      pressed.column() == model_->FirstColumn())
+      pressed.column() == model_->TitleColumn(row))
     ToggleGroup(row);
 }
 
@@ -427,25 +427,26 @@ void GridView::timerEvent(QTimerEvent* event) {
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
-  if (!rules_ || !CommitEditor()) return;
+  if (!screen_ || !CommitEditor()) return;
   const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
   if (byMouse) {
     const QModelIndex index = indexAt(event->pos());
     if (index.isValid()) setCurrentIndex(index);
   }
-  const std::vector<MenuEntry> entries = rules_->ContextMenu(CurrentRow());
+  const std::vector<MenuEntry> entries = screen_->ContextMenu(*Shown());
   if (entries.empty()) return;
   QMenu menu(this);
   for (const MenuEntry& entry : entries) {
-    if (entry.caption.empty()) {
+    if (!entry.command) {
       menu.addSeparator();
       continue;
     }
-    QAction* action = menu.addAction(ToQt(entry.caption));
+    QAction* action = menu.addAction(ToQt(entry.command->Text()));
+    action->setObjectName(ToQt(entry.command->Name()));
+    action->setVisible(entry.visible);
     action->setEnabled(entry.enabled);
-    connect(action, &QAction::triggered, this, [run = entry.run] {
-      if (run) run();
-    });
+    connect(action, &QAction::triggered, this,
+            [this, command = entry.command] { screen_->Press(*command); });
   }
   const QPoint place = byMouse ? event->globalPos()
                                : viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft());

@@ -19,6 +19,7 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/shortcuts.h"
+#include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
@@ -52,7 +53,7 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
   column->setSpacing(12);
   column->addWidget(BuildHead());
   pages_ = new QStackedWidget;
-  BuildPages();
+  for (const auto& page : screen.Pages()) pages_->addWidget(MakePageWidget(*page));
   column->addWidget(pages_, 1);
   across->addWidget(content, 1);
   setCentralWidget(central);
@@ -62,8 +63,9 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
 
   binder_ = std::make_unique<Binder>(*this, screen);
   BindLists();
-  DropMenu("mnuPopDocument", screen.cmdViewInvoice_Options);
-  DropMenu("mnuPopDocument", screen.cmdViewPensionForm_Options);
+  for (const auto& page : screen.Pages())
+    for (const PageButton& each : page->Buttons())
+      if (!each.menu.empty()) DropMenu(each.menu, *each.button);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   showCaption();
   binder_->onCaptionChanged = showCaption;
@@ -135,7 +137,7 @@ void MainWindow::AddMenuNodes(QMenu& menu, const std::vector<MenuNode>& nodes) {
   connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { RefreshMenu(menu); });
 }
 
-void MainWindow::DropMenu(const char* name, const Field& field) {
+void MainWindow::DropMenu(std::string_view name, const Field& field) {
   const auto& menus = screen_.ContextMenus();
   const auto node = std::find_if(menus.begin(), menus.end(),
                                  [&](const MenuNode& menu) { return menu.name == name; });
@@ -240,11 +242,6 @@ QWidget* MainWindow::BuildHead() {
   return head;
 }
 
-void MainWindow::BuildPages() {
-  for (const PageSpec& spec : kPages) pages_->addWidget(MakePage(spec.page));
-  forms_ = pages_->findChild<QStackedWidget*>(kFormStack);
-}
-
 void MainWindow::BindLists() {
   statusTimer_.setSingleShot(true);
   statusTimer_.setInterval(kStatusDelay);
@@ -268,7 +265,7 @@ void MainWindow::BindLists() {
 
 void MainWindow::ShowSortMark(GridView& list) {
   if (!list.Shown()) return;
-  const frmMain::SortState sort = screen_.SortOf(*list.Shown());
+  const SortState sort = screen_.SortOf(*list.Shown());
   list.SetSortMark(sort.key.empty() ? -1 : list.Shown()->ColIndex(sort.key), sort.descending);
 }
 
@@ -279,12 +276,14 @@ GridView* MainWindow::CurrentList() const {
 
 void MainWindow::ShowPage() {
   ShowShortcutBar();
-  const Page page = screen_.CurrentPage();
-  const bool another = pages_->currentIndex() != ColumnOf(page) - 1;
-  pages_->setCurrentIndex(ColumnOf(page) - 1);
-  forms_->setCurrentIndex(screen_.tabForm.Selected());
+  const int index = ColumnOf(screen_.CurrentPage()) - 1;
+  const bool another = pages_->currentIndex() != index;
+  pages_->setCurrentIndex(index);
+  GridView* list = CurrentList();
+  if (auto* stack = qobject_cast<QStackedWidget*>(list ? list->parentWidget() : nullptr))
+    stack->setCurrentWidget(list);
   // A page that is all note tells it in its middle.
-  noteFrame_->setVisible(!screen_.PageReady(page) && screen_.PageGrid());
+  noteFrame_->setVisible(!screen_.FrontPage().Ready() && list);
   if (another && !walkingTheBar_) FocusPage();
   statusTimer_.start();
 }
@@ -307,6 +306,7 @@ void MainWindow::BuildStatusBar() {
   };
   add(newRows_);
   add(editedRows_);
+  add(typedDetails_);
   statusBar()->setContentsMargins(12, 0, 4, 0);
 }
 
@@ -339,6 +339,8 @@ void MainWindow::RefreshStatus() {
   };
   show(*newRows_, added, tr("%1 new, not saved").arg(added), optNewRowColour);
   show(*editedRows_, edited, tr("%1 edited, not saved").arg(edited), optEditedRowColour);
+  show(*typedDetails_, static_cast<int>(ledger_.typedDetails.size()),
+       tr("My Details, not saved"), optEditedRowColour);
 }
 
 // Keys and closing

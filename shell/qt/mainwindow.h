@@ -38,12 +38,11 @@ class MainWindow : public QMainWindow {
  private:
   void BuildMenus();
   // The menu drops below the button and is all that the button does.
-  void DropMenu(const char* menu, const Field& button);
+  void DropMenu(std::string_view menu, const Field& button);
   void AddMenuNodes(QMenu& menu, const std::vector<MenuNode>& nodes);
   void RefreshMenu(QMenu& menu);
   QWidget* BuildShortcutBar();
   QWidget* BuildHead();
-  void BuildPages();
   void BuildStatusBar();
   void BindLists();
   void ShowShortcutBar();
@@ -58,10 +57,10 @@ class MainWindow : public QMainWindow {
   QListWidget* bar_ = nullptr;
   QWidget* noteFrame_ = nullptr;
   QStackedWidget* pages_ = nullptr;
-  QStackedWidget* forms_ = nullptr;  // the lists of the Pension page
   QLabel* rowCount_ = nullptr;
   QLabel* newRows_ = nullptr;
   QLabel* editedRows_ = nullptr;
+  QLabel* typedDetails_ = nullptr;
   bool walkingTheBar_ = false;  // the page changes because the bar's current row did
   std::map<QAction*, const MenuNode*> actions_;
   QTimer statusTimer_;

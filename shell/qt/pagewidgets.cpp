@@ -1,21 +1,18 @@
 #include "shell/qt/pagewidgets.h"
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QStackedWidget>
 #include <QTabBar>
-#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "shell/mydetails.h"
+#include "shell/pages/mainpage.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
+#include "shell/qt/mydetailswidget.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -23,106 +20,43 @@ namespace {
 
 constexpr int kSpacing = 10;
 
-struct ButtonSpec {
-  const char* name;
-  const char* drawing;
-  bool drops = false;  // narrow, and part of the button before it: its menu says more of the same
+struct OwnWidget {
+  Page page;
+  QWidget* (*make)(const MainPage& page);
 };
 
-constexpr ButtonSpec kSessionButtons[] = {{"cmdAddSession", "plus"},
-                                          {"cmdEditSession", "edit"},
-                                          {"cmdCopySession", "copy"},
-                                          {"cmdDeleteSession", "delete"}};
-constexpr ButtonSpec kInvoiceButtons[] = {{"cmdAddInvoice", "plus"},
-                                          {"cmdEditInvoice", "edit"},
-                                          {"cmdViewInvoice", "pdf"},
-                                          {"cmdViewInvoice_Options", "down", true},
-                                          {"cmdDeleteInvoice", "delete"}};
-constexpr ButtonSpec kPensionButtons[] = {{"cmdAddPensionForm", "plus"},
-                                          {"cmdEditPensionForm", "edit"},
-                                          {"cmdViewPensionForm", "pdf"},
-                                          {"cmdViewPensionForm_Options", "down", true},
-                                          {"cmdDeletePensionForm", "delete"}};
-constexpr ButtonSpec kPracticeButtons[] = {
-    {"cmdAddPractice", "plus"}, {"cmdEditPractice", "edit"}, {"cmdDeletePractice", "delete"}};
-
-struct ListSpec {
-  const char* table;
-  const char* accessibleName;
-  const char* emptyText;
-};
-
-constexpr ListSpec kSessions{
-    "fgSessions", "Sessions",
-    "No sessions here. Choose another period above, or add a session with the green plus."};
-constexpr ListSpec kPractices{"fgPractices", "Practices",
-                              "No practices yet. Add the first one with the green plus."};
-constexpr ListSpec kEvents{"fgEvents", "Events", "There are no events."};
-constexpr ListSpec kInvoices{"fgInvoices", "Invoices",
-                             "No invoices here. Choose another tab above, or prepare invoices "
-                             "with the green plus."};
-constexpr ListSpec kExpenses{"fgExpenses", "Expenses", "There are no general expenses."};
-constexpr ListSpec kForms[] = {
-    {"fgPensionA", "Forms A",
-     "No Forms A yet. They are made from a month's NHS Normal sessions: begin with the green "
-     "plus."},
-    {"fgPensionB", "Forms B",
-     "No Forms B yet. Enter the day each Form A came back from its practice, then make the month's "
-     "Form B with the green plus."},
-    {"fgPensionSolo", "Forms SOLO",
-     "No Forms SOLO yet. They are made from a month's NHS OOH sessions: begin with the green "
-     "plus."},
-    {"fgPensionC", "Forms C", "There are no Forms C. They belong to earlier years."},
-    {"fgPensionD", "Forms D", "There are no Forms D. They belong to earlier years."},
-    {"fgPensionPayments", "Pension payments",
-     "No pension payments yet. Record the first one with the green plus."},
+// The pages that are more than buttons, tabs and lists, one a line.
+constexpr OwnWidget kOwnWidgets[] = {
+    {Page::MyDetails, MakeMyDetailsWidget},
 };
 
 template <typename Widget>
-Widget* Named(const char* name) {
-  auto* widget = new Widget;
-  widget->setObjectName(name);
-  return widget;
+Widget* NamedAfter(const Field& field) {
+  return Named<Widget>(field.Name().c_str());
 }
 
-GridView* MakeList(const ListSpec& spec) {
-  auto* list = Named<GridView>(spec.table);
-  list->setAccessibleName(spec.accessibleName);
-  list->setProperty("emptyText", QString(spec.emptyText));
-  return list;
+QAbstractButton* MakeButton(const PageButton& spec, bool drops) {
+  QAbstractButton* button = nullptr;
+  if (drops)
+    button = NamedAfter<QToolButton>(*spec.button);
+  else
+    button = NamedAfter<QPushButton>(*spec.button);
+  button->setProperty("lineIcon", ToQt(spec.drawing));
+  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the list
+  return button;
 }
 
-QTabBar* MakeTabs(const char* name) {
-  auto* tabs = Named<QTabBar>(name);
-  tabs->setExpanding(false);
-  tabs->setDrawBase(false);
-  tabs->setDocumentMode(true);
-  return tabs;
-}
-
-QVBoxLayout* MakeColumn(QWidget* page) {
-  auto* column = new QVBoxLayout(page);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kSpacing);
-  return column;
-}
-
-template <std::size_t N>
-QHBoxLayout* MakeButtons(const ButtonSpec (&specs)[N]) {
+QHBoxLayout* MakeButtons(const std::vector<PageButton>& specs) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
-  for (const ButtonSpec& spec : specs) {
-    QAbstractButton* button = nullptr;
-    if (spec.drops)
-      button = Named<QToolButton>(spec.name);
-    else
-      button = Named<QPushButton>(spec.name);
-    button->setProperty("lineIcon", spec.drawing);
-    button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the list
-    if (!spec.drops) {
+  for (const PageButton& spec : specs) {
+    const bool drops = !spec.menu.empty();
+    QAbstractButton* button = MakeButton(spec, drops);
+    if (!drops) {
       row->addWidget(button);
       continue;
     }
+    // Narrow, and part of the button before it: its menu says more of the same.
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     auto* pair = new QHBoxLayout;
     pair->setSpacing(1);
@@ -134,109 +68,55 @@ QHBoxLayout* MakeButtons(const ButtonSpec (&specs)[N]) {
   return row;
 }
 
-// The names of what stands beside the buttons of a filtered and grouped list, and its tabs.
-struct ListPageSpec {
-  const char* expand;
-  const char* collapse;
-  const char* group;
-  const char* tabs;
-  const ListSpec& list;
-};
-
-constexpr ListPageSpec kSessionsPage{"lblGrpBySession", "lblCollapseSessions", "cboGroupSessions",
-                                     "tabSessions", kSessions};
-constexpr ListPageSpec kInvoicesPage{"lblGrpByInvoice", "lblCollapseInvoices", "cboGroupInvoices",
-                                     "tabInvoices", kInvoices};
-
-QWidget* MakeListPage(QHBoxLayout* top, const ListPageSpec& spec) {
-  auto* page = new QWidget;
-  QVBoxLayout* column = MakeColumn(page);
-  auto* group = Named<QComboBox>(spec.group);
+void AddGrouping(QHBoxLayout& row, const GroupControls& controls) {
+  auto* group = NamedAfter<QComboBox>(*controls.choice);
   auto* caption = new QLabel(QObject::tr("&Group by:"));
   caption->setBuddy(group);
-  top->addWidget(Named<QLabel>(spec.expand));
-  top->addSpacing(6);
-  top->addWidget(Named<QLabel>(spec.collapse));
-  top->addSpacing(12);
-  top->addWidget(caption);
-  top->addWidget(group);
-  column->addLayout(top);
-  column->addWidget(MakeTabs(spec.tabs));
-  column->addWidget(MakeList(spec.list), 1);
-  return page;
+  row.addWidget(NamedAfter<QLabel>(*controls.expand));
+  row.addSpacing(6);
+  row.addWidget(NamedAfter<QLabel>(*controls.collapse));
+  row.addSpacing(12);
+  row.addWidget(caption);
+  row.addWidget(group);
 }
 
-QWidget* MakePracticesPage() {
-  auto* page = new QWidget;
-  QVBoxLayout* column = MakeColumn(page);
-  column->addLayout(MakeButtons(kPracticeButtons));
-  column->addWidget(MakeList(kPractices), 1);
-  return page;
+QTabBar* MakeTabs(const TabField& field) {
+  auto* tabs = NamedAfter<QTabBar>(field);
+  tabs->setExpanding(false);
+  tabs->setDrawBase(false);
+  tabs->setDocumentMode(true);
+  return tabs;
 }
 
-QWidget* MakePensionPage() {
-  auto* page = new QWidget;
-  QVBoxLayout* column = MakeColumn(page);
-  column->addLayout(MakeButtons(kPensionButtons));
-  column->addWidget(MakeTabs("tabForm"));
-  auto* stack = Named<QStackedWidget>(kFormStack);
-  for (const ListSpec& form : kForms) stack->addWidget(MakeList(form));
-  column->addWidget(stack, 1);
-  return page;
+GridView* MakeList(const RecordList& list) {
+  auto* view = Named<GridView>(list.Table().Name().c_str());
+  view->setAccessibleName(ToQt(list.ShownTexts().name));
+  view->setProperty("emptyText", ToQt(list.ShownTexts().whenEmpty));
+  return view;
 }
 
-// The fields of one tab in two columns, the first half in the left one.
-QWidget* MakeDetailsTab(MyDetailsTab tab) {
-  std::vector<const MyDetailSpec*> fields;
-  for (const MyDetailSpec& spec : kMyDetailSpecs)
-    if (spec.tab == tab) fields.push_back(&spec);
-  auto* page = new QWidget;
-  auto* grid = new QGridLayout(page);
-  grid->setContentsMargins(20, 20, 20, 20);
-  grid->setHorizontalSpacing(12);
-  grid->setVerticalSpacing(12);
-  grid->setColumnMinimumWidth(2, 28);
-  grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(4, 1);
-  const auto half = static_cast<int>(fields.size() + 1) / 2;
-  for (int i = 0; i < static_cast<int>(fields.size()); ++i) {
-    const MyDetailSpec& spec = *fields[static_cast<std::size_t>(i)];
-    auto* box = new QLineEdit;
-    box->setObjectName(QStringLiteral("txtMyDetails%1").arg(spec.field));
-    auto* caption = new QLabel(ToQt(spec.caption));
-    caption->setBuddy(box);
-    const int column = i < half ? 0 : 3;
-    grid->addWidget(caption, i % half, column);
-    grid->addWidget(box, i % half, column + 1);
+// Of several lists the main window shows the one in front.
+QWidget* MakeLists(const MainPage& page) {
+  if (page.Lists().size() == 1) return MakeList(*page.Lists().front());
+  auto* stack = new QStackedWidget;
+  for (const auto& list : page.Lists()) stack->addWidget(MakeList(*list));
+  return stack;
+}
+
+QWidget* MakeListPage(const MainPage& page) {
+  auto* widget = new QWidget;
+  QVBoxLayout* column = MakeColumn(widget);
+  if (!page.Buttons().empty()) {
+    QHBoxLayout* top = MakeButtons(page.Buttons());
+    if (page.Grouping().choice) AddGrouping(*top, page.Grouping());
+    column->addLayout(top);
   }
-  grid->setRowStretch(half, 1);
-  return page;
+  if (page.Tabs()) column->addWidget(MakeTabs(*page.Tabs()));
+  column->addWidget(MakeLists(page), 1);
+  return widget;
 }
 
-QWidget* MakeMyDetailsPage() {
-  auto* page = new QWidget;
-  QVBoxLayout* column = MakeColumn(page);
-  auto* name = Named<QLabel>("lblMyName");
-  QFont bold = name->font();
-  bold.setBold(true);
-  name->setFont(bold);
-  column->addWidget(name);
-  auto* tabs = Named<QTabWidget>("tabMyDetails");
-  for (std::size_t i = 0; i < kMyDetailsTabs.size(); ++i)
-    tabs->addTab(MakeDetailsTab(static_cast<MyDetailsTab>(i)), ToQt(kMyDetailsTabs[i]));
-  column->addWidget(tabs, 1);
-  auto* hint = Named<QLabel>("lblMyDetailsHint");
-  hint->setWordWrap(true);
-  column->addWidget(hint);
-  const auto showFirstBox = [page, tabs] {
-    page->setFocusProxy(tabs->currentWidget()->findChild<QLineEdit*>());
-  };
-  QObject::connect(tabs, &QTabWidget::currentChanged, page, showFirstBox);
-  showFirstBox();
-  return page;
-}
-
-QWidget* MakeEmptyPage(const PageSpec& spec) {
+QWidget* MakeNotePage(const PageSpec& spec) {
   constexpr int kDrawing = 72;
   auto* page = new QWidget;
   QVBoxLayout* column = MakeColumn(page);
@@ -262,28 +142,17 @@ QWidget* MakeEmptyPage(const PageSpec& spec) {
 
 }  // namespace
 
-QWidget* MakePage(Page page) {
-  switch (page) {
-    case Page::Sessions:
-      return MakeListPage(MakeButtons(kSessionButtons), kSessionsPage);
-    case Page::Practices:
-      return MakePracticesPage();
-    case Page::Pension:
-      return MakePensionPage();
-    case Page::MyDetails:
-      return MakeMyDetailsPage();
-    case Page::Events:
-      return MakeList(kEvents);
-    case Page::Invoices:
-      return MakeListPage(MakeButtons(kInvoiceButtons), kInvoicesPage);
-    case Page::Expenses:
-      return MakeList(kExpenses);
-    case Page::Calendar:
-    case Page::Reports:
-    case Page::LMToday:
-      break;
-  }
-  return MakeEmptyPage(PageSpecOf(page));
+QVBoxLayout* MakeColumn(QWidget* page) {
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kSpacing);
+  return column;
+}
+
+QWidget* MakePageWidget(const MainPage& page) {
+  for (const OwnWidget& own : kOwnWidgets)
+    if (own.page == page.Spec().page) return own.make(page);
+  return page.Lists().empty() ? MakeNotePage(page.Spec()) : MakeListPage(page);
 }
 
 }  // namespace lm

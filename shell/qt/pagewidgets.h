@@ -1,16 +1,24 @@
 // The pages of the main window as widgets, named after the screen's fields and tables.
 #pragma once
 
-#include "shell/pages.h"
-
-class QStackedWidget;
+class QVBoxLayout;
 class QWidget;
 
 namespace lm {
 
-// The frame of one page. A page without content of its own yet shows its drawing and its note.
-QWidget* MakePage(Page page);
+class MainPage;
 
-constexpr const char* kFormStack = "stackForms";  // the Pension page's lists, in the tabs' order
+// What a page shows is built from its own description; one that needs other widgets has a maker of
+// its own. A page without content yet shows its drawing and its note.
+QWidget* MakePageWidget(const MainPage& page);
+
+// For makers of a page's own widgets.
+template <typename Widget>
+Widget* Named(const char* name) {
+  auto* widget = new Widget;
+  widget->setObjectName(name);
+  return widget;
+}
+QVBoxLayout* MakeColumn(QWidget* page);
 
 }  // namespace lm

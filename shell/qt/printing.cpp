@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "shell/grouping.h"
 #include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 
@@ -47,6 +48,10 @@ class GridPainter {
   }
 
  private:
+  std::string ShownText(int row, int col) const {
+    return grid_.IsSubtotal(row) ? ShownInGroup(grid_, row, col, 1) : grid_.DisplayText(row, col);
+  }
+
   struct Column {
     int col;
     int left;
@@ -97,7 +102,7 @@ class GridPainter {
     painter_.setFont(font);
     for (const Column& column : columns_) {
       const QRect cell(column.left + padding_, y_, column.width - 2 * padding_, lineHeight_);
-      const QString text = ToQt(grid_.DisplayText(row, column.col)).replace('\n', ' ').remove('\r');
+      const QString text = ToQt(ShownText(row, column.col)).replace('\n', ' ').remove('\r');
       painter_.drawText(cell,
                         static_cast<int>(column.alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
                         painter_.fontMetrics().elidedText(text, Qt::ElideRight, cell.width()));

@@ -132,7 +132,6 @@ TEST_F(PensionLists, DamagedRowsStopNothing) {
       desk.shown.answers = {Answer::Yes, Answer::Yes};
       rules->Opened(any);
       rules->DeletePressed(any);
-      rules->ContextMenu(any);
       OpenDocumentOfRow(ledger, *table, any, true);
     }
   }

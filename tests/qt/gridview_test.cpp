@@ -405,6 +405,25 @@ TEST(GridView, GroupsOpenAndClose) {
   EXPECT_TRUE(list.screen.rules.opened.empty());
 }
 
+TEST(GridView, GroupTitlesLeaveMovedSumsAlone) {
+  ShownList list(4);
+  Grid& grid = list.screen.grid;
+  const auto shown = [&] {
+    grid.ClearSubtotals();
+    grid.Subtotal(SubtotalFunction::Sum, grid.ColIndex("KIND"), grid.ColIndex("RATE"), {});
+    QApplication::processEvents();
+    QStringList texts;
+    for (int col = 1; col < grid.Cols(); ++col)
+      if (grid.ColVisible(col)) texts << list.Cell(0, col).data().toString();
+    return texts.join("|").toStdString();
+  };
+  EXPECT_EQ(shown(), "First||100.00");
+  grid.SetColPosition(grid.ColIndex("RATE"), 3);
+  EXPECT_EQ(shown(), "First|100.00|");
+  grid.SetColPosition(grid.ColIndex("RATE"), 2);
+  EXPECT_EQ(shown(), "100.00|First|");
+}
+
 TEST(GridView, HeadersSortMoveAndSize) {
   ShownList list;
   std::vector<int> clicked;

@@ -22,6 +22,7 @@
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
+#include "shell/pages/sessionspage.h"
 #include "shell/qt/qtext.h"
 #include "shell/windows.h"
 #include "tests/qt/demo.h"
@@ -139,8 +140,7 @@ TEST(MainWindow, MyDetailsAreTakenBeforeThePageChanges) {
 TEST(MainWindow, StatusBarCounts) {
   Running run;
   run.screen->ShowPage(Page::Sessions);
-  run.screen->tabSessions.SetSelected(run.screen->tabSessions.Count() - 1);
-  run.screen->tabSessions.onEntered();
+  run.screen->Enter(run.screen->PageOf<SessionsPage>().tabSessions, "All");
   run.window->RefreshStatus();
   QStringList texts;
   for (const QLabel* label : run.window->statusBar()->findChildren<QLabel*>())

@@ -17,6 +17,7 @@
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
 #include "shell/frmMain.h"
+#include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
@@ -202,10 +203,11 @@ TEST(Views, MainWindowShowsEveryFieldAndCommand) {
     if (FindCommand(field->Name())) continue;  // menus are looked at with the main window
     EXPECT_NE(window.Bindings().WidgetOf(*field), nullptr) << field->Name();
   }
-  for (const PageSpec& page : kPages) {
-    test.ledger.starting = false;
-    screen.ShowPage(page.page);
-    EXPECT_EQ(screen.PageGrid() != nullptr, window.CurrentList() != nullptr) << page.caption;
+  test.ledger.starting = false;
+  for (const auto& page : screen.Pages()) {
+    screen.ShowPage(page->Spec().page);
+    EXPECT_EQ(screen.PageGrid() != nullptr, window.CurrentList() != nullptr)
+        << page->Spec().caption;
   }
 }
 

@@ -21,6 +21,8 @@
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
 #include "shell/frmMain.h"
+#include "shell/pages/pensionpage.h"
+#include "shell/pages/sessionspage.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
@@ -86,22 +88,21 @@ void GrabMain(test::TestLedger& test) {
   MainWindow window(screen);
   screen.SetWindowTitle();
   window.resize(1240, 780);
-  for (const PageSpec& page : kPages) {
+  for (const auto& each : screen.Pages()) {
+    const PageSpec& page = each->Spec();
     screen.ShowPage(page.page);
     window.RefreshStatus();
     Grab(window,
          QString("main-%1").arg(QString::fromLatin1(page.icon.data(), int(page.icon.size()))));
   }
   screen.ShowPage(Page::Sessions);
-  screen.tabSessions.SetSelected(screen.tabSessions.Count() - 1);
-  screen.tabSessions.onEntered();
-  screen.cboGroupSessions.SetSelected(1);
-  screen.cboGroupSessions.onEntered();
+  auto& page = screen.PageOf<SessionsPage>();
+  screen.Enter(page.tabSessions, "All");
+  screen.Enter(page.cboGroupSessions, "Practice");
   screen.HeaderClicked(test.ledger.fgSessions, test.ledger.fgSessions.ColIndex("SDATE"));
   test.ledger.fgSessions.Select(4, 4);
   Grab(window, "main-sessions-grouped");
-  screen.cboGroupSessions.SetSelected(0);
-  screen.cboGroupSessions.onEntered();
+  screen.Enter(page.cboGroupSessions, "No Grouping");
   QApplication::processEvents();
   window.CurrentList()->EditCellAt(test.ledger.fgSessions.FixedRows() + 7,
                                    test.ledger.fgSessions.ColIndex("RATE"));
@@ -186,9 +187,9 @@ void GrabPension(test::TestLedger& test) {
     screen.SetWindowTitle();
     window.resize(1240, 780);
     screen.ShowPage(Page::Pension);
-    for (int tab = 0; tab < screen.tabForm.Count(); ++tab) {
-      screen.tabForm.SetSelected(tab);
-      screen.tabForm.onEntered();
+    auto& tabs = screen.PageOf<PensionPage>().tabForm;
+    for (int tab = 0; tab < tabs.Count(); ++tab) {
+      screen.Enter(tabs, tabs.TabCaption(tab));
       window.RefreshStatus();
       Grab(window, QString("main-pension-forms-%1").arg(tab));
     }

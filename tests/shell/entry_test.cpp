@@ -11,6 +11,7 @@
 #include "records/frmWelcome.h"
 #include "shell/entry.h"
 #include "shell/frmMain.h"
+#include "shell/pages/pensionpage.h"
 #include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
@@ -215,8 +216,8 @@ TEST_F(Entry, RetiredFormsShowOnlyToThoseWhoHaveThem) {
     ProgramRun run(home);
     ASSERT_TRUE(run.Start());
     EXPECT_EQ(GetOption(run.ledger, optHasRetiredForms), retired ? "TRUE" : "FALSE");
-    for (const int tab : {frmMain::kTabFormC, frmMain::kTabFormD})
-      EXPECT_EQ(run.window->tabForm.TabVisible(tab), retired);
+    const TabField& tabs = run.window->PageOf<PensionPage>().tabForm;
+    for (const int tab : {3, 4}) EXPECT_EQ(tabs.TabVisible(tab), retired);
     const Grid& sessions = run.ledger.fgSessions;
     const std::string& types = sessions.ColComboList(sessions.ColIndex("SESS_TYPE"));
     EXPECT_EQ(types.find("Deputising") != std::string::npos, retired);

@@ -10,7 +10,9 @@
 #include "core/rows.h"
 #include "core/shortcuts.h"
 #include "shell/frmMain.h"
-#include "shell/mydetails.h"
+#include "shell/pages/mydetails.h"
+#include "shell/pages/pensionpage.h"
+#include "shell/pages/sessionspage.h"
 #include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
@@ -85,28 +87,29 @@ TEST_F(MainWindow, CommandsWithoutTheirWindowAreDisabled) {
   WindowCatalogue none;
   frmMain bare(ledger, none);
   EXPECT_FALSE(bare.FindField("mnuNewPractice")->Enabled());
-  EXPECT_FALSE(bare.cmdAddSession.Enabled());
+  EXPECT_FALSE(bare.PageOf<SessionsPage>().cmdAddSession.Enabled());
 }
 
 TEST_F(MainWindow, EveryPageIsReachedByBarMenuAndCommand) {
   int laidOut = 0;
   window->layOut = [&](bool) { ++laidOut; };
-  for (const PageSpec& page : kPages) {
+  for (const auto& each : window->Pages()) {
+    const PageSpec& page = each->Spec();
     EXPECT_EQ(window->fgMenu.TextMatrix(1, ColumnOf(page.page)), page.caption);
     EXPECT_EQ(window->fgMenu.Cell(CellSetting::flexcpPicture, 0, ColumnOf(page.page)), page.icon);
     for (const std::string_view command : {page.menu, page.command}) {
       if (command.empty()) continue;
       window->ShowPage(page.page == Page::LMToday ? Page::Reports : Page::LMToday);
       PressNamed(command);
-      EXPECT_EQ(window->CurrentPage(), page.page) << command;
+      EXPECT_EQ(&window->FrontPage(), each.get()) << command;
       EXPECT_EQ(window->lblPage.Text(), page.caption);
-      EXPECT_EQ(window->lblPageNote.Visible(), !window->PageReady(page.page));
+      EXPECT_EQ(window->lblPageNote.Visible(), !each->Ready());
     }
   }
   EXPECT_GT(laidOut, 20);
   window->ShowPage(Page::Pension);
   EXPECT_EQ(window->PageGrid(), &ledger.fgPensionA);
-  window->Enter(window->tabForm, "Payments");
+  window->Enter(window->PageOf<PensionPage>().tabForm, "Payments");
   EXPECT_EQ(window->PageGrid(), &ledger.fgPensionPayments);
 
   ledger.starting = true;
@@ -187,26 +190,53 @@ TEST_F(MainWindow, TipsComeOneAVisitAndOnlyOnce) {
   EXPECT_EQ(TipTitles(), Titles{"My Details"}) << "not set is not off";
 }
 
-TEST_F(MainWindow, MyDetailsGoStraightToTheOptions) {
+// What the file of options holds now.
+std::string StoredDetail(Ledger& ledger, int field) {
+  test::ScriptedPlatform other;
+  Ledger reloaded(other.platform);
+  EXPECT_TRUE(LoadGridFile(reloaded, ledger.File("Options.dat"), reloaded.fgOptions));
+  return MyDetail(reloaded, field);
+}
+
+TEST_F(MainWindow, MyDetailsWaitForASave) {
   std::set<int> fields;
   for (const MyDetailSpec& spec : kMyDetailSpecs) {
     EXPECT_TRUE(fields.insert(spec.field).second);
-    EXPECT_FALSE(MyDetailCaption(spec.field).empty());
+    EXPECT_FALSE(spec.caption.empty());
+    EXPECT_TRUE(window->FindField(MyDetailBox(spec))) << spec.caption;
   }
-  EXPECT_EQ(*fields.rbegin(), kMyDetailsFields - 1);
-  EXPECT_EQ(MyDetailCaption(21), "");
+  EXPECT_EQ(*fields.rbegin(), kLastNameField);
 
-  SetMyDetail(ledger, kFirstNameField, "Alex");
-  SetMyDetail(ledger, kLastNameField, "Morgan");
-  window->ShowPage(Page::MyDetails);
-  EXPECT_EQ(window->lblMyName.Text(), "Alex Morgan");
-  window->Enter(*window->FindField("txtMyDetails5"), "1234567");
-  EXPECT_EQ(MyDetail(ledger, 5), "1234567");
+  SetMyDetail(ledger, 5, "7654321");
   ASSERT_TRUE(window->SaveAll());
-  test::ScriptedPlatform other;
-  Ledger reloaded(other.platform);
-  ASSERT_TRUE(LoadGridFile(reloaded, ledger.File("Options.dat"), reloaded.fgOptions));
-  EXPECT_EQ(MyDetail(reloaded, 5), "1234567");
+  EXPECT_FALSE(HasUnsaved(ledger));
+  window->ShowPage(Page::MyDetails);
+  const auto type = [&](const char* box, const char* text) {
+    window->Enter(*window->FindField(box), text);
+  };
+  type("txtMyDetails5", "1234567");
+  type("txtMyFirstName", "Alex ");
+  type("txtMyLastName", "Morgan");
+  EXPECT_EQ(window->FindField("lblMyName")->Text(), "Alex Morgan");
+  EXPECT_EQ(window->Caption(), "LedgerMinder  - Alex Morgan");
+  EXPECT_EQ(MyDetail(ledger, 5), "1234567") << "documents show what was typed";
+
+  EXPECT_TRUE(HasUnsaved(ledger));
+  ASSERT_TRUE(SaveOptions(ledger));
+  EXPECT_EQ(StoredDetail(ledger, 5), "7654321") << "others save the options too";
+  window->ShowPage(Page::Practices);
+  window->ShowPage(Page::MyDetails);
+  EXPECT_EQ(window->FindField("txtMyDetails5")->Text(), "1234567");
+  ASSERT_TRUE(window->SaveAll());
+  EXPECT_EQ(StoredDetail(ledger, 5), "1234567");
+  EXPECT_EQ(StoredDetail(ledger, kLastNameField), "Morgan");
+  EXPECT_FALSE(HasUnsaved(ledger));
+
+  type("txtMyLastName", "Mogran");
+  test.shown.answers = {Answer::Yes};
+  PressNamed("mnuReloadData");
+  EXPECT_EQ(window->FindField("txtMyLastName")->Text(), "Morgan");
+  EXPECT_EQ(window->Caption(), "LedgerMinder  - Alex Morgan");
 }
 
 TEST_F(MainWindow, TitleNamesTheUserWhenTheOptionsSaySo) {
@@ -238,7 +268,7 @@ TEST_F(MainWindow, PrintingGoesByThePage) {
   PressNamed("mnuPrint");
   window->ShowPage(Page::Pension);
   for (const char* tab : {"Form SOLO", "Form C", "Payments"}) {
-    window->Enter(window->tabForm, tab);
+    window->Enter(window->PageOf<PensionPage>().tabForm, tab);
     PressNamed("mnuPrint");
   }
   EXPECT_EQ(printed,
@@ -254,7 +284,7 @@ TEST_F(MainWindow, ReloadAsksAndBringsTheFileBack) {
   EXPECT_EQ(test.shown.TakeMessage(), "Reload all data?");
   EXPECT_EQ(ledger.fgPractices.Rows(), 4);
   window->ShowPage(Page::Sessions);
-  window->Enter(window->cboGroupSessions, "Month");
+  window->Enter(window->PageOf<SessionsPage>().cboGroupSessions, "Month");
   test.shown.answers = {Answer::Yes};
   PressNamed("mnuReloadData");
   EXPECT_EQ(ledger.fgPractices.Rows(), 3);
@@ -294,6 +324,21 @@ TEST_F(Closing, SavesWhenAutoSaveIsOn) {
   EXPECT_TRUE(window->CloseMain());
   EXPECT_TRUE(std::filesystem::exists(DataFile()));
   EXPECT_TRUE(test.shown.messages.empty());
+}
+
+TEST_F(Closing, TypedDetailsAreSavedAsTheRestIs) {
+  SaveOptions(ledger);
+  for (const char* autoSave : {"FALSE", "TRUE"}) {
+    SetOption(ledger, optAutoSave, autoSave);
+    SetOption(ledger, optAutoBackupDays, "1");
+    SetOption(ledger, optLastBackupDate, "");
+    frmMain closing(ledger, windows);
+    closing.Enter(*closing.FindField("txtMyDetails5"), "1234567");
+    EXPECT_TRUE(closing.CloseMain());
+    EXPECT_TRUE(std::filesystem::exists(BackupFile()));
+    const bool saved = std::string_view(autoSave) == "TRUE";
+    EXPECT_EQ(StoredDetail(ledger, 5), saved ? "1234567" : "");
+  }
 }
 
 TEST_F(Closing, StaysWhenTheSaveFails) {
@@ -357,19 +402,19 @@ TEST_F(Closing, BackupIsMadeWhenDue) {
     SetOption(ledger, optLastBackupFile, "");
     frmMain closing(ledger, windows);
     closing.ShowPage(Page::Sessions);
-    closing.Enter(closing.cboGroupSessions, "Month");
+    closing.Enter(closing.PageOf<SessionsPage>().cboGroupSessions, "Month");
     EXPECT_TRUE(closing.CloseMain());
     EXPECT_EQ(std::filesystem::exists(BackupFile()), due) << days << " " << last;
     EXPECT_EQ(GetOption(ledger, optLastBackupFile), due ? PathText(BackupFile()) : "");
     EXPECT_EQ(GetOption(ledger, optLastBackupDate), due ? "03/02/2026 10:30" : last);
     closing.Reopen();
-    closing.Enter(closing.cboGroupSessions, "No Grouping");
+    closing.Enter(closing.PageOf<SessionsPage>().cboGroupSessions, "No Grouping");
     if (!due) continue;
     test::ScriptedPlatform other;
     Ledger reloaded(other.platform);
     ASSERT_TRUE(LoadData(reloaded, BackupFile()));
     EXPECT_EQ(reloaded.fgSessions.Rows(), 3);
-    EXPECT_EQ(reloaded.fgSessions.ColIndex(kGroupMonthKey), -1);
+    EXPECT_EQ(reloaded.fgSessions.FindCol(kGroupMonthKey), -1);
   }
   EXPECT_FALSE(std::filesystem::exists(DataFile())) << "auto save is off, yet the backup ran";
 }

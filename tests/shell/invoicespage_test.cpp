@@ -8,6 +8,8 @@
 #include "documents/frmInvoice.h"
 #include "documents/frmPrepareInvoices.h"
 #include "shell/frmMain.h"
+#include "shell/pages/invoicespage.h"
+#include "shell/pages/sessionspage.h"
 #include "shell/windows.h"
 #include "tests/documents/invoice_desk.h"
 
@@ -23,6 +25,8 @@ struct InvoicesPageDesk {
   Grid& sessions = ledger.fgSessions;
   WindowCatalogue windows;
   std::unique_ptr<frmMain> window;
+  SessionsPage* sessionsPage = nullptr;
+  InvoicesPage* invoicesPage = nullptr;
 
   InvoicesPageDesk() {
     AddWindows(windows);
@@ -41,8 +45,10 @@ struct InvoicesPageDesk {
   void Open(Page page = Page::Invoices) {
     FormatTables(ledger);
     window = std::make_unique<frmMain>(ledger, windows);
+    sessionsPage = &window->PageOf<SessionsPage>();
+    invoicesPage = &window->PageOf<InvoicesPage>();
     window->ShowPage(page);
-    window->Enter(window->tabSessions, "All");
+    window->Enter(sessionsPage->tabSessions, "All");
     desk.shown.tips.clear();
   }
   Field& Named(std::string_view name) { return *window->FindField(name); }
@@ -60,20 +66,24 @@ struct InvoicesPageDesk {
   }
   Ids Shown(std::string_view by = "PRACTICE") { return Shown(invoices, by, "AMOUNT"); }
   Ids ShownSessions(std::string_view by = "PRACTICE") { return Shown(sessions, by, "TOTAL"); }
-  void RunEntry(Grid& grid, const std::string& id, const std::string& caption) {
-    const Screen::ListedGrid listed = window->FindGrid(grid.Name());
-    for (const MenuEntry& entry : listed.rules->ContextMenu(grid.FindRow(id, "ID")))
-      if (entry.caption == caption) {
-        EXPECT_TRUE(entry.enabled) << caption;
-        return entry.run();
-      }
-    FAIL() << caption;
+  // The state of an entry of the right-button menu at this record.
+  std::string StateOf(Grid& grid, const std::string& id, std::string_view name) {
+    window->BringToFront(grid);
+    SelectId(grid, id);
+    for (const MenuEntry& entry : window->ContextMenu(grid))
+      if (entry.command && entry.command->Name() == name)
+        return !entry.visible ? "hidden" : entry.enabled ? "enabled" : "disabled";
+    return "missing";
+  }
+  void RunEntry(Grid& grid, const std::string& id, std::string_view name) {
+    EXPECT_EQ(StateOf(grid, id, name), "enabled") << name;
+    window->Press(Named(name));
   }
 };
 
-struct InvoicesPage : testing::Test, InvoicesPageDesk {};
+struct InvoicesDesk : testing::Test, InvoicesPageDesk {};
 
-TEST_F(InvoicesPage, Tabs) {
+TEST_F(InvoicesDesk, Tabs) {
   // 1 not sent, 2 sent, 3 sent and paid, 4 paid and receipted, 5 paid without having been sent,
   // 6 of the tax year before, 7 without a date.
   Invoice("1", "10");
@@ -93,62 +103,62 @@ TEST_F(InvoicesPage, Tabs) {
                 {"This Tax Year", {"1", "2", "3", "4", "5", "7"}},
                 {"All", {"1", "2", "3", "4", "5", "6", "7"}}};
   for (const auto& [tab, shown] : kCases) {
-    EXPECT_TRUE(window->Enter(window->tabInvoices, tab));
+    EXPECT_TRUE(window->Enter(invoicesPage->tabInvoices, tab));
     EXPECT_EQ(Shown(), shown) << tab;
   }
   // What is edited stays in sight until another tab is chosen.
-  window->Enter(window->tabInvoices, "Not Sent");
+  window->Enter(invoicesPage->tabInvoices, "Not Sent");
   window->Edit(invoices, 2, invoices.ColIndex("SDATE"), "today");
   window->ShowPage(Page::Sessions);
   window->ShowPage(Page::Invoices);
   EXPECT_EQ(Shown(), (Ids{"1", "5", "7"}));
-  window->Enter(window->tabInvoices, "All");
-  window->Enter(window->tabInvoices, "Not Sent");
+  window->Enter(invoicesPage->tabInvoices, "All");
+  window->Enter(invoicesPage->tabInvoices, "Not Sent");
   EXPECT_EQ(Shown(), (Ids{"5", "7"}));
 }
 
-TEST_F(InvoicesPage, Groups) {
+TEST_F(InvoicesDesk, Groups) {
   Invoice("1", "1,000.10", {"CDATE=10/02/2026", "SDATE=28/12/2025"});
   Invoice("2", "20", {"CDATE=01/01/2026"});
   Invoice("1", "0.15", {"CDATE=28/02/2026", "SDATE=01/01/2026"});
   Invoice("9", "5", {"CDATE=", "SDATE=banana"});
   Open();
   std::string groups;
-  for (const ComboItem& item : window->cboGroupInvoices.Items()) groups += item.text + ";";
+  for (const ComboItem& item : invoicesPage->cboGroupInvoices.Items()) groups += item.text + ";";
   EXPECT_EQ(groups, "No Grouping;Practice;Month Created;Month Sent;");
-  EXPECT_FALSE(window->lblGrpByInvoice.Visible());
+  EXPECT_FALSE(invoicesPage->lblGrpByInvoice.Visible());
 
-  window->Enter(window->cboGroupInvoices, "Practice");
+  window->Enter(invoicesPage->cboGroupInvoices, "Practice");
   EXPECT_EQ(Shown(), (Ids{"<none>=5.00", "4", "Abbey=20.00", "2", "Riverside=1,000.25", "1", "3"}));
   EXPECT_EQ(invoices.TextMatrix(invoices.Rows() - 3, "EMPLOYERCONTRIB"), "3");
-  window->Press(window->lblCollapseInvoices);
+  window->Press(invoicesPage->lblCollapseInvoices);
   EXPECT_EQ(Shown(), (Ids{"<none>=5.00", "Abbey=20.00", "Riverside=1,000.25"}));
-  window->Press(window->lblGrpByInvoice);
+  window->Press(invoicesPage->lblGrpByInvoice);
   EXPECT_EQ(Shown().size(), 7u);
-  window->Enter(window->cboGroupInvoices, "Month Created");
+  window->Enter(invoicesPage->cboGroupInvoices, "Month Created");
   EXPECT_EQ(Shown(kGroupMonthKey),
             (Ids{"<none>=5.00", "4", "Jan 2026=20.00", "2", "Feb 2026=1,000.25", "1", "3"}));
   EXPECT_EQ(invoices.ColIndex(kGroupMonthKey), 1);
-  window->Enter(window->cboGroupInvoices, "Month Sent");
+  window->Enter(invoicesPage->cboGroupInvoices, "Month Sent");
   EXPECT_EQ(Shown(kGroupMonthKey).front(), "<none>=25.00");
   EXPECT_EQ(Shown(kGroupMonthKey)[3], "Dec 2025=1,000.10");
-  window->Enter(window->tabInvoices, "Not Sent");
+  window->Enter(invoicesPage->tabInvoices, "Not Sent");
   EXPECT_EQ(Shown(kGroupMonthKey), (Ids{"<none>=20.00", "2"})) << "hidden ones take no part";
-  window->Enter(window->cboGroupInvoices, "No Grouping");
+  window->Enter(invoicesPage->cboGroupInvoices, "No Grouping");
   EXPECT_EQ(invoices.ColIndex(kGroupMonthKey), -1);
   EXPECT_EQ(Shown(), Ids{"2"});
 }
 
-TEST_F(InvoicesPage, SavingGroupedListsStoresTheUngroupedData) {
+TEST_F(InvoicesDesk, SavingGroupedListsStoresTheUngroupedData) {
   for (const char* practice : {"1", "2", "1"}) desk.AddSession(practice, "01/02/2026", "10");
   desk.Prepare();
   const int columns = invoices.Cols();
   SaveOptions(ledger);
   Open();
-  window->Enter(window->cboGroupSessions, "Invoice");
+  window->Enter(sessionsPage->cboGroupSessions, "Invoice");
   for (const char* group : {"Practice", "Month Created", "Month Sent", "No Grouping"}) {
-    ASSERT_TRUE(window->Enter(window->cboGroupInvoices, group));
-    window->Press(window->lblCollapseInvoices);
+    ASSERT_TRUE(window->Enter(invoicesPage->cboGroupInvoices, group));
+    window->Press(invoicesPage->lblCollapseInvoices);
     const Ids before = Shown();
     ASSERT_TRUE(window->SaveAll());
     EXPECT_EQ(Shown(), before) << "the groups are back";
@@ -173,18 +183,17 @@ void LiveThroughAMonth(InvoicesPageDesk& page) {
     prepare.Enter(prepare.optCreateInvoices0, "TRUE");
     prepare.Press(prepare.cmdCreateInvoices);
   });
-  page.window->Press(page.window->cmdAddInvoice);
+  page.window->Press(page.invoicesPage->cmdAddInvoice);
   EXPECT_EQ(page.desk.Messages(), "3 new invoices created");
   test::ExpectSoundBooks(ledger);
   EXPECT_EQ(page.desk.Cell("1", "PRACTICE") + page.desk.Cell("2", "PRACTICE"), "12");
   EXPECT_EQ(sums("1"), "30");
 
   page.desk.AddSession("1", "05/02/2026", "0.5");
-  page.window->RefreshLists();
   page.desk.shown.answers = {Answer::Yes, Answer::Yes};
-  page.RunEntry(ledger.fgSessions, "5", "Add To &Invoice");
+  page.RunEntry(ledger.fgSessions, "5", "mnuPopCal_AddToInvoice");
   EXPECT_EQ(sums("1"), "30.5");
-  page.RunEntry(ledger.fgSessions, "1", "&Remove From Invoice");
+  page.RunEntry(ledger.fgSessions, "1", "mnuPopCal_RemoveFromInvoice");
   EXPECT_EQ(sums("1"), "20.5");
   test::ExpectSoundBooks(ledger);
 
@@ -195,7 +204,7 @@ void LiveThroughAMonth(InvoicesPageDesk& page) {
     EXPECT_EQ(invoice.cID.Text(), "1");
     invoice.Press(invoice.cmdDeleteInvoice);
   });
-  page.window->Press(page.window->cmdEditInvoice);
+  page.window->Press(page.invoicesPage->cmdEditInvoice);
   EXPECT_EQ(InvoiceRow(ledger, "1"), -1);
   test::ExpectSoundBooks(ledger);
   page.desk.Messages();
@@ -216,8 +225,8 @@ TEST(InvoicesPageGroups, BothListsStayInStep) {
           page.desk.AddSession(practice, "01/02/2026", total);
         page.ledger.fgPractices.SetTextMatrix(5, "NAME", "1");
         page.Open();
-        page.window->Enter(page.window->cboGroupSessions, bySession);
-        page.window->Enter(page.window->cboGroupInvoices, byInvoice);
+        page.window->Enter(page.sessionsPage->cboGroupSessions, bySession);
+        page.window->Enter(page.invoicesPage->cboGroupInvoices, byInvoice);
         LiveThroughAMonth(page);
 
         // The groups are those of the records as they are now.
@@ -225,20 +234,22 @@ TEST(InvoicesPageGroups, BothListsStayInStep) {
         if (std::string(byInvoice) == "Practice") expected = {"1=7.00", "3", "Abbey=5.00", "2"};
         if (std::string(byInvoice) == "No Grouping")
           expected = std::string(position) == "TOP" ? Ids{"3", "2"} : Ids{"2", "3"};
+        page.window->ShowPage(Page::Invoices);
         if (!expected.empty()) {
           EXPECT_EQ(page.Shown(), expected);
         }
+        page.window->ShowPage(Page::Sessions);
         if (std::string(bySession) == "Invoice") {
           EXPECT_EQ(page.ShownSessions("INVOICE").front(), "<none>=30.50");
         }
-        page.window->Enter(page.window->cboGroupSessions, "No Grouping");
-        page.window->Enter(page.window->cboGroupInvoices, "No Grouping");
+        page.window->Enter(page.sessionsPage->cboGroupSessions, "No Grouping");
+        page.window->Enter(page.invoicesPage->cboGroupInvoices, "No Grouping");
         EXPECT_EQ(page.ledger.fgSessions.Rows(), 7);
         EXPECT_EQ(page.ledger.fgInvoices.Rows(), 4);
       }
 }
 
-TEST_F(InvoicesPage, CommandsNeedARow) {
+TEST_F(InvoicesDesk, CommandsNeedARow) {
   Invoice("1", "10");
   Open();
   const struct {
@@ -259,24 +270,24 @@ TEST_F(InvoicesPage, CommandsNeedARow) {
     EXPECT_EQ(desk.shown.messages[0].minorPrompt, minor) << command;
     desk.Messages();
   }
-  window->Enter(window->cboGroupInvoices, "Practice");
+  window->Enter(invoicesPage->cboGroupInvoices, "Practice");
   invoices.Select(2, 1);
   ASSERT_TRUE(invoices.IsSubtotal(2));
-  window->Press(window->cmdDeleteInvoice);
+  window->Press(invoicesPage->cmdDeleteInvoice);
   EXPECT_EQ(desk.shown.messages[0].minorPrompt, "Select an ungrouped row.");
-  window->Press(window->cmdEditInvoice);
+  window->Press(invoicesPage->cmdEditInvoice);
   EXPECT_EQ(desk.shown.messages[1].mainPrompt, "Edit Invoice");
   // A record in a collapsed group is out of sight, and nothing is done to it.
   SelectId(invoices, "1");
-  window->Press(window->lblCollapseInvoices);
+  window->Press(invoicesPage->lblCollapseInvoices);
   desk.Messages();
   desk.shown.answers = {Answer::Yes};
-  window->Press(window->cmdDeleteInvoice);
+  window->Press(invoicesPage->cmdDeleteInvoice);
   EXPECT_EQ(desk.Messages(), "Delete Invoice");
   EXPECT_GE(InvoiceRow(ledger, "1"), 0);
 }
 
-TEST_F(InvoicesPage, PreparingNeedsSessions) {
+TEST_F(InvoicesDesk, PreparingNeedsSessions) {
   Open();
   for (const char* command : {"cmdAddInvoice", "mnuNewInvoices", "mnuNewItem"}) {
     window->Press(Named(command));
@@ -284,7 +295,7 @@ TEST_F(InvoicesPage, PreparingNeedsSessions) {
   }
 }
 
-TEST_F(InvoicesPage, TheDocumentMenu) {
+TEST_F(InvoicesDesk, TheDocumentMenu) {
   desk.AddSession("1", "01/02/2026", "10");
   desk.Prepare();
   Open();
@@ -301,7 +312,7 @@ TEST_F(InvoicesPage, TheDocumentMenu) {
   EXPECT_TRUE(window->ShortcutPressed('O', kCtrlBit));
   EXPECT_TRUE(window->ShortcutPressed('O', kCtrlBit | kShiftBit));
   EXPECT_EQ(desk.shown.opened.size(), 2u);
-  RunEntry(invoices, "1", "&Recreate then Open");
+  RunEntry(invoices, "1", "mnuPopRecreateAndOpenDocument");
   EXPECT_EQ(desk.shown.opened.size(), 3u);
 
   window->ShowPage(Page::Practices);
@@ -310,7 +321,7 @@ TEST_F(InvoicesPage, TheDocumentMenu) {
     EXPECT_FALSE(Named(command).Enabled()) << command;
 }
 
-TEST_F(InvoicesPage, TheSessionListsMenuAddsAndRemoves) {
+TEST_F(InvoicesDesk, TheSessionListsMenuAddsAndRemoves) {
   desk.AddSession("1", "01/02/2026", "10");
   desk.AddSession("1", "02/02/2026", "20");
   Open(Page::Sessions);
@@ -333,18 +344,17 @@ TEST_F(InvoicesPage, TheSessionListsMenuAddsAndRemoves) {
   EXPECT_EQ(desk.Cell("1", "AMOUNT"), "10");
   EXPECT_EQ(desk.InvoicesOfSessions(), "1 -");
 
-  const Screen::ListedGrid list = window->FindGrid("fgSessions");
-  for (const auto& [row, add, remove] :
-       {std::tuple(2, false, true), std::tuple(3, true, false), std::tuple(-1, false, false)}) {
-    for (const MenuEntry& entry : list.rules->ContextMenu(row)) {
-      if (entry.caption == "Add To &Invoice") {
-        EXPECT_EQ(entry.enabled, add) << row;
-      }
-      if (entry.caption == "&Remove From Invoice") {
-        EXPECT_EQ(entry.enabled, remove) << row;
-      }
-    }
-  }
+  const struct {
+    const char *id, *entry, *state;
+  } kCases[] = {
+      {"1", "mnuPopCal_AddToInvoice", "disabled"}, {"1", "mnuPopCal_RemoveFromInvoice", "enabled"},
+      {"2", "mnuPopCal_AddToInvoice", "enabled"},  {"2", "mnuPopCal_RemoveFromInvoice", "disabled"},
+      {"9", "mnuPopCal_AddToInvoice", "disabled"}, {"9", "mnuPopEditSession", "disabled"},
+      {"9", "mnuPopAddSession", "enabled"},        {"1", "mnuPopEditSession", "enabled"},
+      {"1", "mnuPopEditEvent", "hidden"},          {"1", "mnuPopOpenDocument", "missing"},
+  };
+  for (const auto& [id, entry, state] : kCases)
+    EXPECT_EQ(StateOf(sessions, id, entry), state) << id << " " << entry;
 }
 
 }  // namespace

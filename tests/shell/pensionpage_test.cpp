@@ -3,6 +3,7 @@
 
 #include "core/shortcuts.h"
 #include "shell/frmMain.h"
+#include "shell/pages/pensionpage.h"
 #include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
@@ -20,21 +21,23 @@ struct CellWatcher : ScreenObserver {
   void ScreenClosed() override {}
 };
 
-struct PensionPage : testing::Test {
+struct PensionDesk : testing::Test {
   test::TestLedger test;
   Ledger& ledger = test.ledger;
   WindowCatalogue windows;
   std::unique_ptr<frmMain> window;
+  PensionPage* page = nullptr;
 
-  PensionPage() {
+  PensionDesk() {
     AddWindows(windows);
     SetDefaultShortcuts(ledger);
     window = std::make_unique<frmMain>(ledger, windows);
+    page = &window->PageOf<PensionPage>();
     window->ShowPage(Page::Pension);
     test.shown.tips.clear();
   }
   std::string Press(Field& button, const char* tab) {
-    window->Enter(window->tabForm, tab);
+    window->Enter(page->tabForm, tab);
     test.shown.messages.clear();
     window->Press(button);
     std::string told;
@@ -44,31 +47,31 @@ struct PensionPage : testing::Test {
   }
 };
 
-TEST_F(PensionPage, SaysWhatIsMissing) {
+TEST_F(PensionDesk, SaysWhatIsMissing) {
   for (const char* tab : {"Form A", "Form B", "Form SOLO"}) {
-    EXPECT_EQ(Press(window->cmdAddPensionForm, tab),
+    EXPECT_EQ(Press(page->cmdAddPensionForm, tab),
               "Pension forms cannot be created if there are no Sessions.|");
     EXPECT_EQ(
-        Press(window->cmdEditPensionForm, tab),
+        Press(page->cmdEditPensionForm, tab),
         "Edit " + std::string(tab) + "|Select a pension form to view by clicking on any row.");
-    EXPECT_EQ(Press(window->cmdDeletePensionForm, tab),
+    EXPECT_EQ(Press(page->cmdDeletePensionForm, tab),
               "Delete Pension Form|There is no form selected to delete.");
   }
-  EXPECT_EQ(Press(window->cmdDeletePensionForm, "Payments"),
+  EXPECT_EQ(Press(page->cmdDeletePensionForm, "Payments"),
             "Delete Pension Payment|There is no payment selected to delete.");
 }
 
-TEST_F(PensionPage, OnlyANewPaymentIsOpenedForTyping) {
+TEST_F(PensionDesk, OnlyANewPaymentIsOpenedForTyping) {
   CellWatcher watcher;
   window->SetObserver(&watcher);
   Grid& payments = ledger.fgPensionPayments;
   const int old = test.AddRow(payments, {"ID=3", "FORM=B"});
   payments.Select(old, payments.ColIndex("AMOUNT"));
-  EXPECT_EQ(Press(window->cmdAddPensionForm, "Payments"),
+  EXPECT_EQ(Press(page->cmdAddPensionForm, "Payments"),
             "Pension payments cannot be created if there are no Practices.|");
   EXPECT_EQ(watcher.opened, "");
   test.AddRow(ledger.fgPractices, {"NAME=Riverside"});
-  EXPECT_EQ(Press(window->cmdAddPensionForm, "Payments"), "");
+  EXPECT_EQ(Press(page->cmdAddPensionForm, "Payments"), "");
   ASSERT_EQ(payments.Rows(), payments.FixedRows() + 2);
   const int added = payments.TextMatrix(old, "ID") == "3" ? old + 1 : old;
   EXPECT_EQ(payments.TextMatrix(added, "ID"), "4");

@@ -1,11 +1,15 @@
 // The Sessions page: its periods, its groups, and that neither leaves a trace in the data.
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "core/change.h"
 #include "core/datafile.h"
 #include "core/formatting.h"
 #include "core/options.h"
 #include "records/frmSession.h"
 #include "shell/frmMain.h"
+#include "shell/pages/sessionspage.h"
 #include "shell/windows.h"
 #include "tests/support/scripted_platform.h"
 
@@ -14,14 +18,15 @@ namespace {
 
 using Ids = std::vector<std::string>;
 
-struct SessionsPage : testing::Test {
+struct SessionsDesk : testing::Test {
   test::TestLedger test;
   Ledger& ledger = test.ledger;
   Grid& sessions = ledger.fgSessions;
   WindowCatalogue windows;
   std::unique_ptr<frmMain> window;
+  SessionsPage* page = nullptr;
 
-  SessionsPage() {
+  SessionsDesk() {
     AddWindows(windows);
     test.AddRow(ledger.fgPractices, {"NAME=Riverside"});
     test.AddRow(ledger.fgPractices, {"NAME=abbey"});
@@ -38,14 +43,15 @@ struct SessionsPage : testing::Test {
   void Open(std::string_view period = "All") {
     FormatTables(ledger);
     window = std::make_unique<frmMain>(ledger, windows);
+    page = &window->PageOf<SessionsPage>();
     window->ShowPage(Page::Sessions);
-    window->Enter(window->tabSessions, period);
+    window->Enter(page->tabSessions, period);
   }
 
   // Ids of the sessions in sight; a group row stands as its title and its sum.
   Ids Shown() {
     Ids shown;
-    const int title = window->cboGroupSessions.Text() == "Month" ? sessions.ColIndex(kGroupMonthKey)
+    const int title = page->cboGroupSessions.Text() == "Month" ? sessions.ColIndex(kGroupMonthKey)
                                                                  : sessions.ColIndex("PRACTICE");
     for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
       if (!sessions.RowVisible(row)) continue;
@@ -57,7 +63,7 @@ struct SessionsPage : testing::Test {
   }
 };
 
-TEST_F(SessionsPage, PeriodsAtTheirEdges) {
+TEST_F(SessionsDesk, PeriodsAtTheirEdges) {
   // Today is 3 February 2026; ids follow the order.
   const char* dates[] = {"05/04/2025", "06/04/2025", "31/12/2025", "01/01/2026",
                          "23/01/2026", "24/01/2026", "31/01/2026", "01/02/2026",
@@ -80,12 +86,12 @@ TEST_F(SessionsPage, PeriodsAtTheirEdges) {
        {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "13", "14", "15", "16"}},
   };
   for (const auto& [period, shown] : kCases) {
-    EXPECT_TRUE(window->Enter(window->tabSessions, period));
+    EXPECT_TRUE(window->Enter(page->tabSessions, period));
     EXPECT_EQ(Shown(), shown) << period;
   }
   SetOption(ledger, optCurrentSessionsPast, "lots");
   SetOption(ledger, optCurrentSessionsFuture, "99999999999");
-  window->Enter(window->tabSessions, "Current");
+  window->Enter(page->tabSessions, "Current");
   EXPECT_EQ(Shown(), (Ids{"9", "10", "11", "12", "13", "14", "15", "16"}));
 }
 
@@ -101,33 +107,33 @@ TEST(TaxYear, StartsOnTheSixthOfApril) {
   for (const auto& [day, year] : kCases) EXPECT_EQ(TaxYearStart(day), DateSerial(year, 4, 6));
 }
 
-TEST_F(SessionsPage, GroupsByEachColumn) {
+TEST_F(SessionsDesk, GroupsByEachColumn) {
   Session("01/02/2026", "1", "100.10");
   Session("15/01/2027", "2", "20");
   Session("28/02/2026", "2", "3.15");
   Session("banana", "", "1,000");
   Open();
-  window->Enter(window->cboGroupSessions, "Practice");
+  window->Enter(page->cboGroupSessions, "Practice");
   EXPECT_EQ(Shown(),
             (Ids{"<none>=1,000.00", "4", "abbey=23.15", "2", "3", "Riverside=100.10", "1"}));
 
-  window->Enter(window->cboGroupSessions, "Month");
+  window->Enter(page->cboGroupSessions, "Month");
   EXPECT_EQ(Shown(),
             (Ids{"<none>=1,000.00", "4", "Feb 2026=103.25", "3", "1", "Jan 2027=20.00", "2"}));
   EXPECT_EQ(sessions.ColIndex(kGroupMonthKey), 1);
 
-  window->Enter(window->cboGroupSessions, "Session Type");
+  window->Enter(page->cboGroupSessions, "Session Type");
   EXPECT_EQ(sessions.ColIndex(kGroupMonthKey), -1);
   EXPECT_EQ(sessions.TextMatrix(2, "SESS_TYPE"), "NHS Normal");
   EXPECT_EQ(sessions.DisplayText(2, "TOTAL"), "1,123.25");
 
   const int columns = sessions.Cols();
-  window->Enter(window->cboGroupSessions, "No Grouping");
+  window->Enter(page->cboGroupSessions, "No Grouping");
   EXPECT_EQ(sessions.Cols(), columns);
   EXPECT_EQ(sessions.Rows(), 6);
 }
 
-TEST_F(SessionsPage, TwoPracticesOfOneNameAreTwoGroups) {
+TEST_F(SessionsDesk, TwoPracticesOfOneNameAreTwoGroups) {
   const int riverside = ledger.fgPractices.FindRow("1", "ID");
   const int abbey = ledger.fgPractices.FindRow("2", "ID");
   ledger.fgPractices.SetTextMatrix(abbey, "NAME", ledger.fgPractices.TextMatrix(riverside, "NAME"));
@@ -136,36 +142,36 @@ TEST_F(SessionsPage, TwoPracticesOfOneNameAreTwoGroups) {
   Session("02/02/2026", "1", "100");
   Session("03/02/2026", "2", "3");
   Open();
-  window->Enter(window->cboGroupSessions, "Practice");
+  window->Enter(page->cboGroupSessions, "Practice");
   EXPECT_EQ(Shown(), (Ids{"Riverside=100.00", "2", "Riverside=23.00", "1", "3"}));
   sessions.SetRowCollapsed(4, true);
-  window->RefreshLists();
+  window->ShowPage(Page::Sessions);
   EXPECT_EQ(Shown(), (Ids{"Riverside=100.00", "2", "Riverside=23.00"})) << "the other stays open";
 }
 
-TEST_F(SessionsPage, SumsTakeOnlyTheSessionsInSight) {
+TEST_F(SessionsDesk, SumsTakeOnlyTheSessionsInSight) {
   Session("01/02/2026", "1", "100");
   Session("01/02/2020", "1", "7");
   Session("01/02/2020", "2", "8");
   Open("Current");
-  window->Enter(window->cboGroupSessions, "Practice");
+  window->Enter(page->cboGroupSessions, "Practice");
   EXPECT_EQ(Shown(), (Ids{"Riverside=100.00", "1"}));
-  window->Enter(window->tabSessions, "All");
+  window->Enter(page->tabSessions, "All");
   EXPECT_EQ(Shown(), (Ids{"abbey=8.00", "3", "Riverside=107.00", "1", "2"}));
 }
 
-TEST_F(SessionsPage, SavingAGroupedListStoresTheUngroupedData) {
+TEST_F(SessionsDesk, SavingAGroupedListStoresTheUngroupedData) {
   Session("01/02/2026", "1", "100");
   Session("01/03/2026", "2", "20");
   Open();
   const int columns = sessions.Cols();
   SaveOptions(ledger);
   for (const std::string& group : GroupCaptions(kGroupedSessions)) {
-    ASSERT_TRUE(window->Enter(window->cboGroupSessions, group));
+    ASSERT_TRUE(window->Enter(page->cboGroupSessions, group));
     const Ids before = Shown();
     ASSERT_TRUE(window->SaveAll());
     EXPECT_EQ(Shown(), before) << group;
-    EXPECT_EQ(window->cboGroupSessions.Text(), group);
+    EXPECT_EQ(page->cboGroupSessions.Text(), group);
 
     test::ScriptedPlatform other;
     Ledger reloaded(other.platform);
@@ -173,11 +179,11 @@ TEST_F(SessionsPage, SavingAGroupedListStoresTheUngroupedData) {
     ASSERT_TRUE(LoadData(reloaded));
     EXPECT_EQ(reloaded.fgSessions.Rows(), 4) << group;
     EXPECT_EQ(reloaded.fgSessions.Cols(), columns) << group;
-    EXPECT_EQ(reloaded.fgSessions.ColIndex(kGroupMonthKey), -1);
+    EXPECT_EQ(reloaded.fgSessions.FindCol(kGroupMonthKey), -1);
   }
 }
 
-TEST_F(SessionsPage, SortingKeepsTheGroupsAndASecondClickReverses) {
+TEST_F(SessionsDesk, SortingKeepsTheGroupsAndASecondClickReverses) {
   Session("01/02/2026", "1", "9");
   Session("02/02/2026", "1", "100");
   Session("03/02/2026", "2", "50");
@@ -193,7 +199,7 @@ TEST_F(SessionsPage, SortingKeepsTheGroupsAndASecondClickReverses) {
   click("SDATE");
   EXPECT_EQ(Shown(), (Ids{"1", "2", "3"}));
 
-  window->Enter(window->cboGroupSessions, "Month");
+  window->Enter(page->cboGroupSessions, "Month");
   click("RATE");
   EXPECT_EQ(Shown(), (Ids{"Feb 2026=159.00", "1", "3", "2"}));
   window->HeaderClicked(sessions, 0);  // the marker
@@ -204,30 +210,30 @@ TEST_F(SessionsPage, SortingKeepsTheGroupsAndASecondClickReverses) {
   EXPECT_EQ(sessions.ColIndex(kGroupMonthKey), 1);
   window->ColumnMoved(sessions, sessions.ColIndex("RATE"), 2);
   EXPECT_EQ(sessions.ColIndex("RATE"), 2);
-  window->Enter(window->cboGroupSessions, "No Grouping");
+  window->Enter(page->cboGroupSessions, "No Grouping");
   EXPECT_EQ(sessions.ColIndex("RATE"), 1);
 }
 
-TEST_F(SessionsPage, CollapsedGroupsStayCollapsedThroughASave) {
+TEST_F(SessionsDesk, CollapsedGroupsStayCollapsedThroughASave) {
   Session("01/02/2026", "1", "9");
   Session("01/02/2026", "2", "5");
   Open();
-  EXPECT_FALSE(window->lblCollapseSessions.Visible());
-  window->Enter(window->cboGroupSessions, "Practice");
-  window->Press(window->lblCollapseSessions);
+  EXPECT_FALSE(page->lblCollapseSessions.Visible());
+  window->Enter(page->cboGroupSessions, "Practice");
+  window->Press(page->lblCollapseSessions);
   EXPECT_EQ(Shown(), (Ids{"abbey=5.00", "Riverside=9.00"}));
   sessions.SetRowCollapsed(2, false);
   SaveOptions(ledger);
   ASSERT_TRUE(window->SaveAll());
   EXPECT_EQ(Shown(), (Ids{"abbey=5.00", "2", "Riverside=9.00"}));
-  window->Press(window->lblGrpBySession);
+  window->Press(page->lblGrpBySession);
   EXPECT_EQ(Shown(), (Ids{"abbey=5.00", "2", "Riverside=9.00", "1"}));
 }
 
-TEST_F(SessionsPage, ASessionJustSavedStaysInSightUntilTheTabChanges) {
+TEST_F(SessionsDesk, ASessionJustSavedStaysInSightUntilTheTabChanges) {
   Session("01/02/2026", "1", "9");
   Open("Current");
-  window->Enter(window->cboGroupSessions, "Practice");
+  window->Enter(page->cboGroupSessions, "Practice");
   test.shown.modal.push_back([](Screen& screen) {
     auto& session = dynamic_cast<frmSession&>(screen);
     session.Enter(session.cPractice, "abbey");
@@ -236,7 +242,7 @@ TEST_F(SessionsPage, ASessionJustSavedStaysInSightUntilTheTabChanges) {
     session.Enter(session.cRate, "55");
     session.Press(session.cmdOk);
   });
-  window->Press(window->cmdAddSession);
+  window->Press(page->cmdAddSession);
   EXPECT_EQ(Shown(), (Ids{"abbey=55.00", "2", "Riverside=9.00", "1"}));
   EXPECT_EQ(sessions.TextMatrix(sessions.Row(), "ID"), "2");
 
@@ -247,25 +253,86 @@ TEST_F(SessionsPage, ASessionJustSavedStaysInSightUntilTheTabChanges) {
   window->Edit(sessions, sessions.FindRow("1", "ID"), sessions.ColIndex("RATE"), "10");
   EXPECT_EQ(Shown(), (Ids{"abbey=55.00", "2", "Riverside=10.00", "1"}));
 
-  window->Enter(window->tabSessions, "Current");  // chosen afresh
-  window->Enter(window->tabSessions, "This Month");
+  window->Enter(page->tabSessions, "Current");  // chosen afresh
+  window->Enter(page->tabSessions, "This Month");
   EXPECT_EQ(Shown(), Ids{});
 }
 
-TEST_F(SessionsPage, ButtonsActOnTheSelectedSession) {
+// What a view of the list is told.
+struct ListWatcher : GridObserver {
+  int cells = 0, layouts = 0;
+  std::set<int> rows;
+  void CellsChanged(Grid&, const CellRange& range) override {
+    ++cells;
+    for (int row = range.row1; row <= range.row2; ++row) rows.insert(row);
+  }
+  void RowsInserted(Grid&, int, int) override { ++layouts; }
+  void RowsRemoved(Grid&, int, int) override { ++layouts; }
+  void LayoutChanged(Grid&) override { ++layouts; }
+  void CursorMoved(Grid&) override {}
+  void GridReset(Grid&) override { ++layouts; }
+};
+
+TEST_F(SessionsDesk, AnEditInAListWithoutGroupsTouchesItsRowAlone) {
+  for (int i = 0; i < 20; ++i) Session("01/02/2026", "1", "9");
+  Open("Current");
+  ListWatcher watcher;
+  sessions.AddObserver(watcher);
+  window->Edit(sessions, 7, sessions.ColIndex("RATE"), "10");
+  window->Edit(sessions, 7, sessions.ColIndex("SDATE"), "01/01/2020");
+  EXPECT_EQ(watcher.rows, std::set<int>{7});
+  EXPECT_EQ(watcher.layouts, 0);
+  EXPECT_TRUE(sessions.RowVisible(7));
+  sessions.RemoveObserver(watcher);
+}
+
+TEST_F(SessionsDesk, OnlyWhatIsWorkedOnStaysAgainstItsTab) {
+  for (int i = 0; i < 3; ++i) Session("01/02/2026", "1", "9");
+  Open("Uninvoiced");
+  {
+    const Change change(ledger, "Prepare Invoices");
+    for (const int row : {2, 3}) sessions.SetTextMatrix(row, "INVOICE", "1");
+  }
+  EXPECT_EQ(Shown(), Ids{"3"}) << "many at once: none of them was worked on by itself";
+  window->ShowPage(Page::Practices);
+  {
+    const Change change(ledger, "Add To Invoice");
+    sessions.SetTextMatrix(4, "INVOICE", "1");
+  }
+  window->ShowPage(Page::Sessions);
+  EXPECT_EQ(Shown(), Ids{"3"}) << "remembered while the page was out of sight";
+  window->Enter(page->tabSessions, "All");
+  window->Enter(page->tabSessions, "Uninvoiced");
+  EXPECT_EQ(Shown(), Ids{});
+}
+
+TEST_F(SessionsDesk, TheOrderIsTheOneThatTheHeaderShows) {
+  Session("01/02/2026", "1", "9");
+  Session("02/01/2026", "2", "100");
+  Session("03/02/2026", "1", "50");
+  Open();
+  window->HeaderClicked(sessions, sessions.ColIndex("RATE"));
+  window->HeaderClicked(sessions, sessions.ColIndex("RATE"));
+  for (const char* group : {"Practice", "Month", "No Grouping"})
+    window->Enter(page->cboGroupSessions, group);
+  EXPECT_EQ(Shown(), (Ids{"2", "3", "1"}));
+  EXPECT_EQ(window->SortOf(sessions).key, "RATE");
+}
+
+TEST_F(SessionsDesk, ButtonsActOnTheSelectedSession) {
   Session("01/02/2026", "1", "9");
   Session("02/02/2026", "1", "8");
   Open();
   sessions.Select(-1, -1);
   for (Button* button :
-       {&window->cmdEditSession, &window->cmdCopySession, &window->cmdDeleteSession}) {
+       {&page->cmdEditSession, &page->cmdCopySession, &page->cmdDeleteSession}) {
     window->Press(*button);
     EXPECT_TRUE(test.shown.messages.back().minorPrompt.starts_with("There is no session selected"));
   }
-  window->Enter(window->cboGroupSessions, "Practice");
+  window->Enter(page->cboGroupSessions, "Practice");
   test.shown.messages.clear();
   sessions.Select(2, 1);  // a group row
-  window->Press(window->cmdCopySession);
+  window->Press(page->cmdCopySession);
   EXPECT_EQ(test.shown.TakeMessage(), "Copy Session");
 
   std::string caption;
@@ -276,13 +343,13 @@ TEST_F(SessionsPage, ButtonsActOnTheSelectedSession) {
     session.Enter(session.cSDate, "04/02/2026");
     session.Press(session.cmdOk);
   });
-  window->Press(window->cmdCopySession);
+  window->Press(page->cmdCopySession);
   EXPECT_EQ(caption, "Copy Session");
   EXPECT_EQ(Shown(), (Ids{"Riverside=25.00", "1", "2", "3"}));
 
   sessions.Select(sessions.FindRow("3", "ID"), 1);
   test.shown.answers = {Answer::Yes};
-  window->Press(window->cmdDeleteSession);
+  window->Press(page->cmdDeleteSession);
   EXPECT_EQ(Shown(), (Ids{"Riverside=17.00", "1", "2"}));
 }
 

@@ -1,22 +1,25 @@
-#include "shell/mydetails.h"
+#include "shell/pages/mydetails.h"
 
 #include <algorithm>
 
+#include "core/numbers.h"
 #include "core/text.h"
 
 namespace lm {
 
-const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs{{
+const std::array<MyDetailSpec, kMyDetailsFields + 2> kMyDetailSpecs{{
     {kMyTitleField, "Title:", MyDetailsTab::Personal},
+    {kFirstNameField, "First name:", MyDetailsTab::Personal, "", "", "txtMyFirstName"},
+    {kLastNameField, "Last name:", MyDetailsTab::Personal, "", "", "txtMyLastName"},
+    {kBirthDateField, "Date of Birth:", MyDetailsTab::Personal},
+    {kTelephoneField, "Telephone:", MyDetailsTab::Personal},
+    {kMobileField, "Mobile:", MyDetailsTab::Personal},
     {kAddress1Field, "Address:", MyDetailsTab::Personal},
     {kAddress2Field, "Address line 2:", MyDetailsTab::Personal},
     {kAddress3Field, "Address line 3:", MyDetailsTab::Personal},
     {kAddress4Field, "Address line 4:", MyDetailsTab::Personal},
     {kPostcodeField, "Postcode:", MyDetailsTab::Personal},
-    {kTelephoneField, "Telephone:", MyDetailsTab::Personal},
-    {kMobileField, "Mobile:", MyDetailsTab::Personal},
     {kEmailField, "E-mail:", MyDetailsTab::Personal},
-    {kBirthDateField, "Date of Birth:", MyDetailsTab::Personal},
     {kQualificationsField, "Qualifications:", MyDetailsTab::Professional},
     {kGmcNumberField, "GMC Number:", MyDetailsTab::Professional, "9999999",
      "A GMC number has seven figures."},
@@ -34,10 +37,8 @@ const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs{{
     {kOdsCodeField, "ODS Code:", MyDetailsTab::Pension},
 }};
 
-std::string_view MyDetailCaption(int field) {
-  for (const MyDetailSpec& spec : kMyDetailSpecs)
-    if (spec.field == field) return spec.caption;
-  return "";
+std::string MyDetailBox(const MyDetailSpec& spec) {
+  return spec.box.empty() ? "txtMyDetails" + PlainText(spec.field) : std::string(spec.box);
 }
 
 namespace {
@@ -51,13 +52,10 @@ bool HasShape(std::string_view text, std::string_view shape) {
 
 }  // namespace
 
-std::string MyDetailHint(int field, std::string_view text) {
+std::string MyDetailHint(const MyDetailSpec& spec, std::string_view text) {
   const std::string typed = ToUpper(RemoveAny(text, "-./\\, "));
-  if (typed.empty()) return "";
-  for (const MyDetailSpec& spec : kMyDetailSpecs)
-    if (spec.field == field && !spec.shape.empty() && !HasShape(typed, spec.shape))
-      return std::string(spec.hint);
-  return "";
+  const bool fits = typed.empty() || spec.shape.empty() || HasShape(typed, spec.shape);
+  return std::string(fits ? "" : spec.hint);
 }
 
 }  // namespace lm

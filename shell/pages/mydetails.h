@@ -1,5 +1,4 @@
-// The My Details page, as data: what each of the 21 numbered fields holds and on which tab it
-// stands.
+// The My Details page, as data: what each of the numbered fields holds and on which tab it stands.
 #pragma once
 
 #include <array>
@@ -19,16 +18,17 @@ struct MyDetailSpec {
   MyDetailsTab tab;
   std::string_view shape = "";  // A a letter, 9 a digit; "" has no fixed one
   std::string_view hint = "";   // what to look at when the text cannot fit
+  std::string_view box = "";    // its text box; "" for txtMyDetails and the number
 };
 
-// In the order in which they stand on the page.
-extern const std::array<MyDetailSpec, kMyDetailsFields> kMyDetailSpecs;
+// In the order in which they stand on the page, the user's names among them.
+extern const std::array<MyDetailSpec, kMyDetailsFields + 2> kMyDetailSpecs;
+
+// "txtMyDetails5"
+std::string MyDetailBox(const MyDetailSpec& spec);
 
 // What to look at when the text cannot fit the boxes of the pension forms; "" when it can, or when
 // the field has no fixed shape.
-std::string MyDetailHint(int field, std::string_view text);
-
-// "" for a number outside 0 to 20.
-std::string_view MyDetailCaption(int field);
+std::string MyDetailHint(const MyDetailSpec& spec, std::string_view text);
 
 }  // namespace lm

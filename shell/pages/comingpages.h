@@ -1,0 +1,34 @@
+// Pages whose content is not there yet: they say so, and the lists among them show what was read
+// from the file.
+#pragma once
+
+#include "shell/pages/mainpage.h"
+
+namespace lm {
+
+class CalendarPage : public MainPage {
+ public:
+  explicit CalendarPage(frmMain& window);
+};
+
+class EventsPage : public MainPage {
+ public:
+  explicit EventsPage(frmMain& window);
+};
+
+class ReportsPage : public MainPage {
+ public:
+  explicit ReportsPage(frmMain& window);
+};
+
+class ExpensesPage : public MainPage {
+ public:
+  explicit ExpensesPage(frmMain& window);
+};
+
+class TodayPage : public MainPage {
+ public:
+  explicit TodayPage(frmMain& window);
+};
+
+}  // namespace lm

@@ -1,0 +1,130 @@
+#include "shell/pages/mainpage.h"
+
+#include <algorithm>
+
+#include "core/messagebox.h"
+
+namespace lm {
+
+MainPage::MainPage(frmMain& theWindow, const PageSpec& spec)
+    : window(theWindow), ledger(theWindow.ledger), spec_(spec) {}
+
+// Content
+
+RecordList& MainPage::AddList(Grid& table, RecordList::Texts texts, GridRules* rules) {
+  window.ShowGrid(table, rules);
+  return *lists_.emplace_back(std::make_unique<RecordList>(ledger, table, texts));
+}
+
+void MainPage::AddButton(PageButton button, std::string_view caption,
+                         std::function<void()> press) {
+  button.button->SetText(caption);
+  button.button->onPressed = std::move(press);
+  buttons_.push_back(std::move(button));
+}
+
+RecordList* MainPage::ListOf(const Grid& grid) const {
+  const auto list = std::ranges::find_if(
+      lists_, [&](const auto& each) { return &each->Table() == &grid; });
+  return list == lists_.end() ? nullptr : list->get();
+}
+
+Grid* MainPage::GridInFront() const {
+  return lists_.empty() ? nullptr : &lists_.front()->Table();
+}
+
+void MainPage::HeaderClicked(Grid& grid, int col) {
+  if (RecordList* list = ListOf(grid)) list->HeaderClicked(col);
+}
+
+void MainPage::ColumnMoved(Grid& grid, int from, int to) {
+  if (RecordList* list = ListOf(grid)) list->ColumnMoved(from, to);
+}
+
+// What happens to it
+
+void MainPage::DataLoaded() {
+  for (const auto& list : lists_) list->Forget();
+}
+
+void MainPage::Shown() {
+  for (const auto& list : lists_) list->Refresh();
+  Rebuild();
+}
+
+void MainPage::RecordsChanged(const ChangedRecords& changed) {
+  for (const auto& list : lists_)
+    if (const TableChange* change = changed.Of(list->Table()))
+      list->RecordsChanged(*change, InFront());
+  if (InFront()) Rebuild();
+}
+
+void MainPage::RefreshButtons() {
+  for (const PageButton& each : buttons_)
+    each.button->SetEnabled(window.HasWindow(each.window) && (!each.enabled || each.enabled()));
+}
+
+// Commands
+
+void MainPage::OnCommand(std::string_view command, CommandHandler handler) {
+  inFront_.insert_or_assign(std::string(command), std::move(handler));
+}
+
+void MainPage::FromEverywhere(std::string_view command, CommandHandler handler) {
+  fromEverywhere_.insert_or_assign(std::string(command), std::move(handler));
+}
+
+void MainPage::SetItemButtons(Button& add, Button& edit, Button& remove) {
+  OnCommand("mnuNewItem", {Pressing(add)});
+  OnCommand("mnuEditItem", {Pressing(edit)});
+  OnCommand("mnuDeleteItem", {Pressing(remove)});
+}
+
+void MainPage::OfferEntry(std::string_view entry, std::function<Offer()> offer) {
+  offers_.insert_or_assign(std::string(entry), std::move(offer));
+}
+
+std::function<void()> MainPage::Pressing(Field& button) const {
+  return [this, &button] { window.Press(button); };
+}
+
+const CommandHandler* MainPage::InFrontHandler(std::string_view command) const {
+  const auto handler = inFront_.find(command);
+  return handler == inFront_.end() ? nullptr : &handler->second;
+}
+
+const CommandHandler* MainPage::HandlerFromEverywhere(std::string_view command) const {
+  const auto handler = fromEverywhere_.find(command);
+  return handler == fromEverywhere_.end() ? nullptr : &handler->second;
+}
+
+std::string_view MainPage::MenuOf(const Grid& grid) const { return ListOf(grid) ? listMenu_ : ""; }
+
+Offer MainPage::OfferOf(std::string_view entry) const {
+  const auto offer = offers_.find(entry);
+  if (offer == offers_.end()) return Offer::Hidden;
+  return offer->second ? offer->second() : Offer::Enabled;
+}
+
+// Tips
+
+void MainPage::ShowTip() {
+  if (!Ready() && !GridInFront()) return;
+  for (const Tip& tip : tips_) {
+    if ((tip.fits && !tip.fits()) || ledger.shownTips.contains(std::string(tip.text))) continue;
+    return lm::ShowTip(ledger, tip.title, tip.text);
+  }
+}
+
+void MainPage::AddListTips(const std::function<bool()>& fits) {
+  AddTip({"Data Sorting",
+          "Click a column's heading to sort the list by that column. Click it a second time to "
+          "reverse the order.",
+          fits});
+  AddTip({"Column Positioning",
+          "Drag a column's heading to move the column, or drag the line between two headings to "
+          "change its width. The layout is kept when you save.",
+          fits});
+}
+
+}  // namespace lm

@@ -1,0 +1,93 @@
+// A list of records on a page of the main window: sorted by its headers, its columns moved, filtered
+// by the tabs above it and grouped by the combo beside them, where the page has such.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+#include "core/change.h"
+#include "core/screen.h"
+#include "shell/grouping.h"
+#include "shell/periodfilter.h"
+
+namespace lm {
+
+// The order that the user gave a list by its headers.
+struct SortState {
+  std::string key;  // of the column; "" when the list was not sorted in this run
+  bool descending = false;
+};
+
+// What stands beside the list of a page to group it.
+struct GroupControls {
+  ComboField* choice = nullptr;
+  LabelField* expand = nullptr;    // pressed: opens all groups
+  LabelField* collapse = nullptr;  // pressed: collapses all groups
+};
+
+class RecordList {
+ public:
+  // What screen readers call the list, and what it says while it is empty.
+  struct Texts {
+    std::string_view name;
+    std::string_view whenEmpty;
+  };
+
+  // The ledger and the table outlive the list.
+  RecordList(Ledger& ledger, Grid& table, Texts texts)
+      : ledger_(ledger), table_(table), texts_(texts) {}
+
+  // The tabs hide what `shownOn` does not show on them. Sets the handler of the tabs.
+  void FilterBy(TabField& tabs, std::function<RowTest(int tab)> shownOn);
+  // Sets the texts and handlers of the controls.
+  void GroupBy(const GroupedList& groups, const GroupControls& controls);
+
+  Grid& Table() const { return table_; }
+  const Texts& ShownTexts() const { return texts_; }
+
+  // The selected row; -1 when there is none, or when it is out of sight.
+  int SelectedRow() const;
+  // The selected record's row; -1 after the message when no record is selected.
+  int SelectedRecord(std::string_view mainPrompt, std::string_view minorPrompt) const;
+  // True when a record is selected, and no group.
+  bool OnRecord() const;
+
+  // A click on a column's header: sorts, a second one on the same header reverses.
+  void HeaderClicked(int col);
+  // A header was dragged from one place to another. The marker column and the group column stay.
+  void ColumnMoved(int from, int to);
+  const SortState& Sorting() const { return sorting_; }
+
+  // Filters and groups anew.
+  void Refresh();
+  // What was added stays in sight, whatever the tab says, until another tab is chosen, and so does
+  // the record that was edited: one just saved must not vanish. A list that is not in sight itself
+  // only remembers them, for it is refreshed when it is shown.
+  void RecordsChanged(const TableChange& change, bool inSight);
+  // Other records were loaded: nothing is kept in sight against its tab, nothing is sorted.
+  void Forget();
+
+  // Null for a list that is never grouped.
+  ListGrouping* Grouping() { return grouping_ ? &*grouping_ : nullptr; }
+
+ private:
+  void Keep(int row);
+  RowTest TestOfTab() const;
+  void ChooseGroup();
+  void SortAsClicked();
+
+  Ledger& ledger_;
+  Grid& table_;
+  Texts texts_;
+  TabField* tabs_ = nullptr;
+  std::function<RowTest(int tab)> shownOn_;
+  GroupControls controls_;
+  std::optional<ListGrouping> grouping_;
+  SortState sorting_;
+  std::unordered_set<std::string> kept_;  // IDs
+};
+
+}  // namespace lm
