@@ -14,14 +14,14 @@
 #include "core/text.h"
 #include "documents/email.h"
 #include "documents/mergefields.h"
-#include "documents/sessionlines.h"
 #include "records/practices.h"
+#include "records/sessionlines.h"
 
 namespace lm {
 namespace {
 
 constexpr ColumnSpec kColumns[] = {
-    {"ID", "ID", DataType::Text, "", -1, true},
+    SessionColumn("ID"),
     {"SDATE", "Start Date", DataType::Date, "", 1300},
     {"STIME", "Start Time", DataType::Date, "", 1100},
     {"EDATE", "End Date", DataType::Date, "", 1300},

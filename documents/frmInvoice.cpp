@@ -16,10 +16,10 @@
 #include "documents/email.h"
 #include "documents/invoices.h"
 #include "documents/prepareinvoices.h"
-#include "documents/sessionlines.h"
 #include "entry/checks.h"
 #include "entry/pickers.h"
 #include "records/practices.h"
+#include "records/sessionlines.h"
 #include "records/sessionrules.h"
 #include "records/windows.h"
 
@@ -27,17 +27,17 @@ namespace lm {
 namespace {
 
 constexpr ColumnSpec kSessionColumns[] = {
-    {"ID", "ID", DataType::Text, "", -1, true},
-    {"PRACTICE", "Practice", DataType::Text, "", 2200},
-    {"SDATE", "Start Date", DataType::Date, "", 1100},
-    {"STIME", "Start Time", DataType::Date, "", 800},
-    {"EDATE", "End Date", DataType::Date, "", 1100},
-    {"ETIME", "End Time", DataType::Date, "", 800},
-    {"SESS_TYPE", "Session\nType", DataType::Text, "", 1300},
-    {"RATE", "Rate", DataType::Money, kAmountFormat, 1000},
-    {"EXTRAS", "Extras", DataType::Money, kAmountFormat, 900},
-    {"EMPLOYERCONTRIB", "Employer\nPen. Contrib.", DataType::Money, kAmountFormat, 1200},
-    {"EXPENSES", "Expenses", DataType::Money, kAmountFormat, 1000},
+    SessionColumn("ID"),
+    SessionColumn("PRACTICE"),
+    SessionColumn("SDATE"),
+    SessionColumn("STIME"),
+    SessionColumn("EDATE"),
+    SessionColumn("ETIME"),
+    SessionColumn("SESS_TYPE"),
+    SessionColumn("RATE"),
+    SessionColumn("EXTRAS"),
+    SessionColumn("EMPLOYERCONTRIB"),
+    SessionColumn("EXPENSES"),
     {"TOTAL", "Total\n(Rate+Ext+Pen+Exp)", DataType::Money, kAmountFormat, 1900},
 };
 constexpr TableSpec kSessionTable{"fgInvSessions", kSessionColumns};

@@ -1,22 +1,16 @@
 #include "pension/formlist.h"
 
+#include "records/sessionlines.h"
 #include "records/windows.h"
 
 namespace lm {
 namespace {
 
 constexpr ColumnSpec kSessionColumns[] = {
-    {"ID", "ID", DataType::Text, "", -1, true},
-    {"SDATE", "Start Date", DataType::Date, "", 1100},
-    {"STIME", "Start Time", DataType::Date, "", 800},
-    {"EDATE", "End Date", DataType::Date, "", 1100},
-    {"ETIME", "End Time", DataType::Date, "", 800},
-    {"RATE", "Rate", DataType::Money, kAmountFormat, 1000},
-    {"EXTRAS", "Extras", DataType::Money, kAmountFormat, 900},
-    {"EMPLOYERCONTRIB", "Employer\nPen. Contrib.", DataType::Money, kAmountFormat, 1200},
-    {"EXPENSES", "Expenses", DataType::Money, kAmountFormat, 1000},
-    {"TOTAL", "Total", DataType::Money, kAmountFormat, 1100},
-    {"FORMS", "Forms", DataType::Text, "", 650},
+    SessionColumn("ID"),       SessionColumn("SDATE"), SessionColumn("STIME"),
+    SessionColumn("EDATE"),    SessionColumn("ETIME"), SessionColumn("RATE"),
+    SessionColumn("EXTRAS"),   SessionColumn("EMPLOYERCONTRIB"),
+    SessionColumn("EXPENSES"), SessionColumn("TOTAL"), SessionColumn("FORMS"),
 };
 constexpr TableSpec kSessionTable{"fgSessions", kSessionColumns};
 
@@ -42,14 +36,7 @@ void MakeBold(Grid& list, int row) {
 }
 
 void MakeSessionList(Grid& list, const Ledger& ledger) {
-  MakeFormList(list, kSessionTable, ledger);
-}
-
-int AddSession(Grid& list, const Ledger& ledger, int sessionRow) {
-  const int added = list.AddItem("");
-  for (int col = list.FixedCols(); col < list.Cols(); ++col)
-    list.SetTextMatrix(added, col, ledger.fgSessions.TextMatrix(sessionRow, list.ColKey(col)));
-  return added;
+  MakeSessionLines(list, kSessionTable, ledger.fgSessions);
 }
 
 void SessionOpener::Opened(int row) {

@@ -16,8 +16,6 @@ void MakeBold(Grid& list, int row);
 
 // The sessions of a form, blank.
 void MakeSessionList(Grid& list, const Ledger& ledger);
-// A row of fgSessions at the end of the list, its cells by the list's keys. Returns the row.
-int AddSession(Grid& list, const Ledger& ledger, int sessionRow);
 
 // A list with a column ID of sessions: a double click opens the session, and `closed` runs after.
 class SessionOpener : public GridRules {

@@ -8,6 +8,7 @@
 #include "pension/locks.h"
 #include "pension/monthsessions.h"
 #include "records/practices.h"
+#include "records/sessionlines.h"
 
 namespace lm {
 namespace {
@@ -128,7 +129,7 @@ void frmPensionA::ShowSessions() {
   SetLine(kRateLine, all.rate.ToText());
   SetLine(kExtrasLine, all.extras.ToText());
   for (const DateRun& days : SessionsOfFormA(ledger, sessions, practice))
-    for (const int row : days.sessions) AddSession(fgSessions, ledger, row);
+    for (const int row : days.sessions) AddSessionLine(fgSessions, ledger.fgSessions, row);
 }
 
 bool frmPensionA::CheckReceived() {

@@ -2,6 +2,7 @@
 
 #include "pension/monthsessions.h"
 #include "records/practices.h"
+#include "records/sessionlines.h"
 
 namespace lm {
 
@@ -24,7 +25,8 @@ void frmPensionSOLO::ShowSessions() {
   fgSessions.ClearData();
   const MonthSessions sessions(ledger, Record().InMonth());
   for (const int row : sessions.Of(Record().Practice()))
-    if (ledger.fgSessions.TextMatrix(row, "FORMS") == "SOLO") AddSession(fgSessions, ledger, row);
+    if (ledger.fgSessions.TextMatrix(row, "FORMS") == "SOLO")
+      AddSessionLine(fgSessions, ledger.fgSessions, row);
 }
 
 }  // namespace lm

@@ -1,4 +1,4 @@
-#include "documents/sessionlines.h"
+#include "records/sessionlines.h"
 
 namespace lm {
 
