@@ -86,26 +86,17 @@ std::string_view NameOf(EditOutcome outcome) {
 
 const std::vector<Script::Action>& Script::Actions() {
   static const std::vector<Action> actions{
-      {"load", 0, &Script::DoLoad},
-      {"open", 1, &Script::DoOpen},
-      {"set", 2, &Script::DoSet},
-      {"press", 1, &Script::DoPress},
-      {"select", 2, &Script::DoSelect},
-      {"cell", 4, &Script::DoCell},
-      {"click", 3, &Script::DoClick},
-      {"menu", 3, &Script::DoMenu},
-      {"sort", 2, &Script::DoSort},
-      {"movecolumn", 3, &Script::DoMoveColumn},
-      {"show", 1, &Script::DoShow},
-      {"dump", 1, &Script::DoDump},
-      {"option", 1, &Script::DoOption},
-      {"answer", 0, &Script::DoAnswers},
-      {"parse", 1, &Script::DoParse},
-      {"digest", 0, &Script::DoDigest},
-      {"words", 1, &Script::DoWords},
-      {"format", 2, &Script::DoFormat},
-      {"merge", 1, &Script::DoMerge},
-      {"save", 0, &Script::DoSave},
+      {"load", 0, &Script::DoLoad},     {"open", 1, &Script::DoOpen},
+      {"set", 2, &Script::DoSet},       {"press", 1, &Script::DoPress},
+      {"select", 2, &Script::DoSelect}, {"cell", 4, &Script::DoCell},
+      {"click", 3, &Script::DoClick},   {"menu", 3, &Script::DoMenu},
+      {"sort", 2, &Script::DoSort},     {"movecolumn", 3, &Script::DoMoveColumn},
+      {"show", 1, &Script::DoShow},     {"dump", 1, &Script::DoDump},
+      {"option", 1, &Script::DoOption}, {"answer", 0, &Script::DoAnswers},
+      {"parse", 1, &Script::DoParse},   {"digest", 0, &Script::DoDigest},
+      {"words", 1, &Script::DoWords},   {"format", 2, &Script::DoFormat},
+      {"merge", 1, &Script::DoMerge},   {"save", 0, &Script::DoSave},
+      {"undo", 0, &Script::DoUndo},     {"redo", 0, &Script::DoRedo},
   };
   return actions;
 }
@@ -328,6 +319,20 @@ void Script::DoFormat(Words words) { EmitResult(Format(words[0], words[1])); }
 
 void Script::DoMerge(Words words) {
   EmitResult(Merge(ledger_, words[0], ContextOf(words.subspan(1))));
+}
+
+void Script::DoUndo(Words) { Replay("mnuUndo", ledger_.history.UndoCaption()); }
+
+void Script::DoRedo(Words) { Replay("mnuRedo", ledger_.history.RedoCaption()); }
+
+void Script::Replay(const std::string& command, const std::string& step) {
+  RequireLoaded();
+  main_->RefreshCommands();
+  Field& entry = *main_->FindField(command);
+  if (step.empty()) throw ScriptError(command + ": there is nothing");
+  if (!entry.Enabled()) throw ScriptError(command + ": a window is open");
+  main_->Press(entry);
+  EmitResult(step, main_->lblStatus.Text());
 }
 
 void Script::DoSave(Words) {

@@ -63,6 +63,9 @@ class Script {
   void DoFormat(Words words);
   void DoMerge(Words words);
   void DoSave(Words words);
+  void DoUndo(Words words);
+  void DoRedo(Words words);
+  void Replay(const std::string& command, const std::string& step);
 
   // Blank tables and options must not replace the files.
   void RequireLoaded() const;

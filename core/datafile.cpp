@@ -134,6 +134,8 @@ void LoadShortcuts(Ledger& ledger) {
     SetDefaultShortcuts(ledger);
   else if (!LoadGridFile(ledger, path, ledger.fgShortcuts))
     MakeBlank(ledger.fgShortcuts, kShortcutsTable);
+  else
+    AddMissingShortcuts(ledger);
 }
 
 // The text of a file to write. Nothing after its message: a table outgrew its digest or the

@@ -140,9 +140,8 @@ void Grid::FindCoveredRows() const {
 
 int Grid::GroupTitleCol(int row) const {
   if (!IsRow(row) || !RowAt(row).group) return -1;
-  const auto title = std::ranges::find_if(columns_, [&](const auto& column) {
-    return column->slot == RowAt(row).group->captionSlot;
-  });
+  const auto title = std::ranges::find_if(
+      columns_, [&](const auto& column) { return column->slot == RowAt(row).group->captionSlot; });
   return title == columns_.end() ? -1 : static_cast<int>(title - columns_.begin());
 }
 

@@ -18,6 +18,7 @@ constexpr std::string_view kGeneric = "Generic (applies to current calendar/grid
 constexpr std::string_view kDocuments = "Documents (invoices/pension forms)";
 constexpr std::string_view kActionsGroup = "Actions";
 constexpr std::string_view kOther = "Other";
+constexpr std::string_view kEdit = "Edit";
 
 constexpr ShortcutAction kActions[] = {
     {kFile, 0, "Save Backup", kNoKey, 0},
@@ -57,6 +58,9 @@ constexpr ShortcutAction kActions[] = {
     {kActionsGroup, 34, "Show LM Today", 84, kAltBit},
     {kActionsGroup, 35, "Booking confirmation", kNoKey, 0},
     {kOther, 18, "Show/Hide Shortcut Bar", 117, 0},
+    {kEdit, 37, "Undo", 90, kCtrlBit},
+    {kEdit, 38, "Redo", 89, kCtrlBit},
+    {kEdit, 39, "Redo (second key)", 90, kShiftBit | kCtrlBit},
 };
 
 constexpr KeyName kKeyNames[] = {
@@ -79,6 +83,13 @@ int StoredPosition(const ShortcutAction& action) {
   return action.identifier == 36 ? 11 : 2 * action.identifier;
 }
 
+void AddAction(Grid& grid, const ShortcutAction& action) {
+  const int row = grid.AddItem("");
+  grid.SetTextMatrix(row, "IDENTIFIER", PlainText(action.identifier));
+  grid.SetTextMatrix(row, "KEY", PlainText(action.key));
+  grid.SetTextMatrix(row, "KEYSHIFT", PlainText(action.keyShift));
+}
+
 }  // namespace
 
 std::span<const ShortcutAction> ShortcutActions() { return kActions; }
@@ -97,12 +108,13 @@ void SetDefaultShortcuts(Ledger& ledger) {
   Grid& grid = ledger.fgShortcuts;
   RedrawOff redrawOff(grid);
   MakeBlank(grid, kShortcutsTable);
-  for (const ShortcutAction& action : actions) {
-    const int row = grid.AddItem("");
-    grid.SetTextMatrix(row, "IDENTIFIER", PlainText(action.identifier));
-    grid.SetTextMatrix(row, "KEY", PlainText(action.key));
-    grid.SetTextMatrix(row, "KEYSHIFT", PlainText(action.keyShift));
-  }
+  for (const ShortcutAction& action : actions) AddAction(grid, action);
+}
+
+void AddMissingShortcuts(Ledger& ledger) {
+  for (const ShortcutAction& action : kActions)
+    if (ledger.fgShortcuts.FindRow(PlainText(action.identifier), "IDENTIFIER") < 0)
+      AddAction(ledger.fgShortcuts, action);
 }
 
 std::string ShortcutText(int key, int keyShift) {

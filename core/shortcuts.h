@@ -38,6 +38,9 @@ int KeyCode(std::string_view name);
 
 // Rebuilds fgShortcuts with the default keys.
 void SetDefaultShortcuts(Ledger& ledger);
+// Adds the actions that a stored table of an earlier version lacks, behind the rest: a key that the
+// user gave to another action stays that one's.
+void AddMissingShortcuts(Ledger& ledger);
 
 // "Shift+Ctrl+O"; "" for kNoKey, an empty or unknown key.
 std::string ShortcutText(int key, int keyShift);

@@ -92,8 +92,19 @@ void frmMain::LayOut(bool allPages) {
 }
 
 void frmMain::RecordsChanged(const ChangedRecords& changed) {
+  lblStatus.SetText("");
+  if (replaying_) SelectChanged(changed);
   for (const auto& page : pages_) page->RecordsChanged(changed);
   RefreshCommands();
+}
+
+// What was taken back or done again is what the user wants to see.
+void frmMain::SelectChanged(const ChangedRecords& changed) {
+  Grid* grid = PageGrid();
+  const TableChange* here = grid ? changed.Of(*grid) : nullptr;
+  if (!here) return;
+  const std::vector<int>& rows = here->added.empty() ? here->edited : here->added;
+  if (!rows.empty()) grid->Select(rows.front(), std::max(grid->Col(), grid->FixedCols()));
 }
 
 void frmMain::DataLoaded() {

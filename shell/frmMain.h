@@ -59,6 +59,9 @@ class frmMain : public Screen, private ChangeListener {
   // What the current page says whose content is not there yet; hidden when the page is ready.
   LabelField lblPageNote{this, "lblPageNote"};
 
+  // What was done last, in the status bar: "Undone: Delete Session."
+  LabelField lblStatus{this, "lblStatus"};
+
   // ---- Lists.
   // A click on a column header: sorts, a second click on the same header reverses.
   void HeaderClicked(Grid& grid, int col);
@@ -126,17 +129,20 @@ class frmMain : public Screen, private ChangeListener {
   void ExitWithoutSaving();
   void Print();
   void ToggleShortcutBar();
+  void Replay(bool (History::*replay)(), const std::string& said);
+  void SelectChanged(const ChangedRecords& changed);
 
   bool ConfirmExit();
   void BackUpIfDue();
 
   WindowCatalogue& windows_;
-  std::vector<std::unique_ptr<MainPage>> pages_;  // in the order of the bar's columns
+  std::vector<std::unique_ptr<MainPage>> pages_;   // in the order of the bar's columns
   std::vector<std::unique_ptr<Button>> commands_;  // in the order of Commands()
   std::map<std::string, CommandHandler, std::less<>> handlers_;
   std::vector<MenuNode> menuBar_;
   std::vector<MenuNode> contextMenus_;
   bool shortcutBarVisible_ = true;
+  bool replaying_ = false;  // Undo or Redo runs
 };
 
 template <typename Kind>

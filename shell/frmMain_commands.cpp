@@ -7,6 +7,7 @@
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "core/shortcuts.h"
+#include "core/text.h"
 #include "shell/frmMain.h"
 #include "shell/pages/mainpage.h"
 #include "shell/ungroupedlists.h"
@@ -38,9 +39,21 @@ void frmMain::SetHandlers() {
   handlers_["mnuReloadData"] = {[this] { ReloadData(); }};
   handlers_["mnuExit"] = {[this] { CloseMain(); }};
   handlers_["mnuExitWithoutSaving"] = {[this] { ExitWithoutSaving(); }};
+  const auto captionOf = [](std::string verb, const std::string& step) {
+    return step.empty() ? verb : verb + " " + Replace(step, "&", "&&");
+  };
+  const auto noWindowAbove = [this] { return ledger.openScreens.empty(); };
+  handlers_["mnuUndo"] = {
+      [this] { Replay(&History::Undo, "Undone: " + ledger.history.UndoCaption()); },
+      [=, this] { return noWindowAbove() && !ledger.history.UndoCaption().empty(); }, nullptr,
+      [=, this] { return captionOf("&Undo", ledger.history.UndoCaption()); }};
+  handlers_["mnuRedo"] = {
+      [this] { Replay(&History::Redo, "Done again: " + ledger.history.RedoCaption()); },
+      [=, this] { return noWindowAbove() && !ledger.history.RedoCaption().empty(); }, nullptr,
+      [=, this] { return captionOf("&Redo", ledger.history.RedoCaption()); }};
   handlers_["mnuPrint"] = {[this] { Print(); }, [this] { return !PageGrid() || printGrid; }};
-  handlers_["mnuViewShortcutBar"] = {
-      [this] { ToggleShortcutBar(); }, nullptr, [this] { return shortcutBarVisible_; }};
+  handlers_["mnuViewShortcutBar"] = {[this] { ToggleShortcutBar(); }, nullptr,
+                                     [this] { return shortcutBarVisible_; }};
   handlers_["mnuCalculator"] = {[this] { ledger.platform.system.StartCalculator(); }};
   handlers_["mnuLedgerMinderWebsite"] = {[this] { OpenLink(ledger, kWebsite); }};
 }
@@ -62,8 +75,7 @@ void frmMain::RefreshCommands() {
   for (std::size_t i = 0; i < commands_.size(); ++i) {
     const CommandSpec& command = Commands()[i];
     const CommandHandler* handler = HandlerOf(command.name);
-    const bool runs =
-        handler ? !handler->enabled || handler->enabled() : !command.window.empty();
+    const bool runs = handler ? !handler->enabled || handler->enabled() : !command.window.empty();
     commands_[i]->SetEnabled(runs && HasWindow(command.window));
     commands_[i]->SetText(handler && handler->caption ? handler->caption()
                                                       : std::string(command.caption));
@@ -84,8 +96,8 @@ std::vector<MenuEntry> frmMain::ContextMenu(const Grid& grid) {
   RefreshCommands();
   for (const MenuNode& node : menu->children) {
     const Offer offer = page.OfferOf(node.name);
-    entries.push_back({node.command, offer != Offer::Hidden,
-                       offer == Offer::Enabled && node.command->Enabled()});
+    entries.push_back(
+        {node.command, offer != Offer::Hidden, offer == Offer::Enabled && node.command->Enabled()});
   }
   return entries;
 }
@@ -124,6 +136,15 @@ void frmMain::ReloadData() {
   }
   ApplyShortcutsToMenus();
   fgMenu_Click();
+}
+
+void frmMain::Replay(bool (History::*replay)(), const std::string& said) {
+  replaying_ = true;
+  const bool done = (ledger.history.*replay)();
+  replaying_ = false;
+  if (!done) return;
+  lblStatus.SetText(said +
+                    (ledger.history.LeftDocuments() ? ". Its documents stay as they are." : "."));
 }
 
 void frmMain::ToggleShortcutBar() {

@@ -30,6 +30,9 @@ constexpr CommandSpec kCommands[] = {
     {"mnuPrint", "Print", 1},
     {"mnuExitWithoutSaving", "Exit Without Saving", 4},
     {"mnuExit", "Exit", 3},
+    // Edit
+    {"mnuUndo", "&Undo", 37},
+    {"mnuRedo", "&Redo", 38},
     // View
     {"mnuViewCalendar", "&Calendar"},
     {"mnuViewWeek", "&Week", 5},
@@ -83,6 +86,8 @@ constexpr CommandSpec kCommands[] = {
 
 enum MenuFlag { kPlain = 0, kCheckable = 1, kHeader = 2, kHidden = 4 };
 
+constexpr int kSecondRedo = 39;  // the action with the other usual key of a command that has one
+
 constexpr std::string_view kSeparator = "-";
 
 struct MenuLine {
@@ -125,6 +130,9 @@ constexpr MenuLine kMenuBar[] = {
     {1, kSeparator},
     {1, "mnuExitWithoutSaving"},
     {1, "mnuExit"},
+    {0, "mnuEdit", "&Edit"},
+    {1, "mnuUndo"},
+    {1, "mnuRedo"},
     {0, "mnuView", "&View"},
     {1, "mnuViewCalendar"},
     {1, "mnuViewWeek"},
@@ -245,6 +253,7 @@ const CommandSpec* FindCommand(std::string_view name) {
 }
 
 const CommandSpec* CommandOfShortcut(int action) {
+  if (action == kSecondRedo) return FindCommand("mnuRedo");
   if (action < 0) return nullptr;
   return FindCommandIf([action](const CommandSpec& command) { return command.shortcut == action; });
 }

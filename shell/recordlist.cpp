@@ -64,9 +64,8 @@ void RecordList::HeaderClicked(int col) {
 void RecordList::SortAsClicked() {
   const int col = table_.ColIndex(sorting_.key);
   if (col >= 0)
-    table_.Sort(sorting_.descending ? SortSetting::GenericDescending
-                                    : SortSetting::GenericAscending,
-                col);
+    table_.Sort(
+        sorting_.descending ? SortSetting::GenericDescending : SortSetting::GenericAscending, col);
 }
 
 void RecordList::ColumnMoved(int from, int to) {

@@ -1,5 +1,5 @@
-// A list of records on a page of the main window: sorted by its headers, its columns moved, filtered
-// by the tabs above it and grouped by the combo beside them, where the page has such.
+// A list of records on a page of the main window: sorted by its headers, its columns moved,
+// filtered by the tabs above it and grouped by the combo beside them, where the page has such.
 #pragma once
 
 #include <functional>

@@ -36,6 +36,11 @@ constexpr int kBarIcon = 22;
 constexpr int kBarRow = 42;
 constexpr int kStatusDelay = 150;  // ms; counting waits until the changes are over
 
+bool IsTextBox(const QWidget& widget) {
+  return widget.inherits("QLineEdit") || widget.inherits("QPlainTextEdit") ||
+         widget.inherits("QTextEdit");
+}
+
 }  // namespace
 
 MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger) {
@@ -299,7 +304,10 @@ void MainWindow::FocusPage() {
 
 void MainWindow::BuildStatusBar() {
   rowCount_ = new QLabel;
-  statusBar()->addWidget(rowCount_, 1);
+  statusBar()->addWidget(rowCount_);
+  auto* status = new QLabel;
+  status->setObjectName("lblStatus");
+  statusBar()->addWidget(status, 1);
   const auto add = [this](QLabel*& label) {
     label = new QLabel;
     statusBar()->addPermanentWidget(label);
@@ -339,8 +347,8 @@ void MainWindow::RefreshStatus() {
   };
   show(*newRows_, added, tr("%1 new, not saved").arg(added), optNewRowColour);
   show(*editedRows_, edited, tr("%1 edited, not saved").arg(edited), optEditedRowColour);
-  show(*typedDetails_, static_cast<int>(ledger_.typedDetails.size()),
-       tr("My Details, not saved"), optEditedRowColour);
+  show(*typedDetails_, static_cast<int>(ledger_.typedDetails.size()), tr("My Details, not saved"),
+       optEditedRowColour);
 }
 
 // Keys and closing
@@ -352,6 +360,8 @@ bool MainWindow::IsShortcut(QObject* watched, QEvent* event) const {
       QApplication::activeModalWidget())
     return false;
   const auto& key = static_cast<const QKeyEvent&>(*event);
+  if (IsTextBox(*widget) && (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)))
+    return false;  // of what is being typed there
   const int code = VirtualKey(key);
   return code >= 0 && FindShortcut(ledger_, code, ShiftBits(key)) >= 0;
 }

@@ -98,8 +98,8 @@ TEST(SessionItemsAndLinks, CopyKeepsWhatTheListsNoLongerOffer) {
   SetOption(surgery, optDefaultRates, "|70|80|90|100");
   frmSession window(surgery);
   ASSERT_TRUE(window.Copy("1"));
-  EXPECT_EQ(window.cPractice.ListIndex(), -1);
-  EXPECT_EQ(window.cSess_Type.ListIndex(), -1);
+  EXPECT_EQ(window.cPractice.Selected(), -1);
+  EXPECT_EQ(window.cSess_Type.Selected(), -1);
   window.Enter(window.cSDate, "9/2/2026");
   EXPECT_EQ(window.cRate.Text(), "240.00");  // the type's default
   window.Press(window.cmdOk);

@@ -139,8 +139,7 @@ TEST_F(SessionList, ASessionWithoutAnIdIsToldAndCanBeDeleted) {
   t.AddRow(ledger.fgSessionExpenses, {"SESSID=", "RATE=7"});
   sessions.SetTextMatrix(row, "ID", "");
   t.shown.modal = {[](Screen& screen) { FAIL() << screen.Name() << " opened"; }};
-  for (const MenuEntry& entry : rules.ContextMenu(row))
-    if (entry.caption == "&Copy Session") entry.run();
+  rules.CopyPressed(row);
   rules.Opened(row);
   ASSERT_EQ(t.shown.messages.size(), 2u);
   for (const MessageBoxText& box : t.shown.messages)

@@ -52,7 +52,7 @@ struct SessionsDesk : testing::Test {
   Ids Shown() {
     Ids shown;
     const int title = page->cboGroupSessions.Text() == "Month" ? sessions.ColIndex(kGroupMonthKey)
-                                                                 : sessions.ColIndex("PRACTICE");
+                                                               : sessions.ColIndex("PRACTICE");
     for (int row = sessions.FixedRows(); row < sessions.Rows(); ++row) {
       if (!sessions.RowVisible(row)) continue;
       shown.push_back(sessions.IsSubtotal(row) ? sessions.TextMatrix(row, title) + "=" +
@@ -324,8 +324,7 @@ TEST_F(SessionsDesk, ButtonsActOnTheSelectedSession) {
   Session("02/02/2026", "1", "8");
   Open();
   sessions.Select(-1, -1);
-  for (Button* button :
-       {&page->cmdEditSession, &page->cmdCopySession, &page->cmdDeleteSession}) {
+  for (Button* button : {&page->cmdEditSession, &page->cmdCopySession, &page->cmdDeleteSession}) {
     window->Press(*button);
     EXPECT_TRUE(test.shown.messages.back().minorPrompt.starts_with("There is no session selected"));
   }
