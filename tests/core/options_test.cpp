@@ -192,11 +192,12 @@ TEST(Shortcuts, DefaultsInStoredOrder) {
   test::TestLedger test;
   SetDefaultShortcuts(test);
   const Grid& grid = test.ledger.fgShortcuts;
-  ASSERT_EQ(grid.Rows() - grid.FixedRows(), 37);
+  ASSERT_EQ(grid.Rows() - grid.FixedRows(), 40);
   EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 5, "IDENTIFIER"), "5");
   EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 6, "IDENTIFIER"), "36");
   EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 7, "IDENTIFIER"), "6");
-  EXPECT_EQ(grid.TextMatrix(grid.Rows() - 1, "IDENTIFIER"), "35");
+  EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 36, "IDENTIFIER"), "35");
+  EXPECT_EQ(ShortcutText(test, 37), "Ctrl+Z");
   const std::pair<int, std::string_view> texts[] = {{0, ""},
                                                     {2, "Ctrl+S"},
                                                     {10, "Alt+{HOME}"},
@@ -207,6 +208,21 @@ TEST(Shortcuts, DefaultsInStoredOrder) {
                                                     {99, ""}};
   for (const auto& [identifier, text] : texts)
     EXPECT_EQ(ShortcutText(test.ledger, identifier), text) << identifier;
+}
+
+TEST(Shortcuts, ATableOfAnEarlierVersionGetsTheLaterActionsBehindItsOwn) {
+  test::TestLedger test;
+  SetDefaultShortcuts(test);
+  Grid& grid = test.ledger.fgShortcuts;
+  grid.SetRows(grid.FixedRows() + 37);
+  grid.SetTextMatrix(grid.FixedRows(), "KEY", "90");  // Save Backup by Ctrl+Z
+  grid.SetTextMatrix(grid.FixedRows(), "KEYSHIFT", "2");
+  AddMissingShortcuts(test);
+  EXPECT_EQ(grid.Rows() - grid.FixedRows(), 40);
+  EXPECT_EQ(FindShortcut(test, 'Z', kCtrlBit), 0);
+  EXPECT_EQ(FindShortcut(test, 'Y', kCtrlBit), 38);
+  AddMissingShortcuts(test);
+  EXPECT_EQ(grid.Rows() - grid.FixedRows(), 40);
 }
 
 TEST(Shortcuts, FoundByKeyAndBitsTheFirstRowWins) {

@@ -156,7 +156,7 @@ TEST(MainWindow, InvoicesPageOpensDocumentsByButtonAndMenu) {
   const Grid& invoices = run.test.ledger.fgInvoices;
   const auto document = InvoiceFile(run.test, invoices.FixedRows() + 1);
   std::filesystem::create_directories(document.parent_path());
-  std::ofstream(document) << "%PDF-1.7";
+  std::ofstream(document) << "%PDF-1.7\n%%EOF\n";
   run.screen->ShowPage(Page::Invoices);
   GridView* list = run.window->CurrentList();
   EXPECT_EQ(list->model()->rowCount(), 3);

@@ -60,7 +60,7 @@ TEST_F(MainWindow, EveryMenuEntryHasItsCommandOnce) {
   std::set<std::string> seen;
   CheckNodes(window->MenuBar(), true, seen);
   const auto& bar = window->MenuBar();
-  ASSERT_EQ(bar.size(), 5u);
+  ASSERT_EQ(bar.size(), 6u);
   EXPECT_EQ(bar.back().name, "mnuHideMe_AlwaysHideLastToPreventErrors");
   EXPECT_TRUE(bar.back().hidden);
   for (const MenuNode& menu : window->ContextMenus()) {
