@@ -158,9 +158,12 @@ void InvoicePages::RenderSection(std::string_view name) {
       DrawSection(*section, *kind);
     } catch (const TemplateError& fault) {
       constexpr int kFaultInTemplate = 5;
-      TellFault(section->id, kFaultInTemplate, fault.what());
+      if (told_.insert(section->id + "\n" + fault.what()).second)
+        TellFault(section->id, kFaultInTemplate, fault.what());
     }
-    if (pdf_.ErrNumber() != 0) TellFault(section->id, pdf_.ErrNumber(), pdf_.ErrDescription());
+    // The writer keeps its last error, and the sections after it would tell it again.
+    if (pdf_.ErrNumber() != 0 && told_.insert(pdf_.ErrDescription()).second)
+      TellFault(section->id, pdf_.ErrNumber(), pdf_.ErrDescription());
   }
 }
 
@@ -380,9 +383,6 @@ void InvoicePages::TellFault(std::string_view sectionId, int number, std::string
   const std::string heading = "Section: " + std::string(sectionId) +
                               "\\nError: E0412\\nDetails : " + PlainText(number) + " " +
                               std::string(description);
-  // The writer keeps its last error, and the sections after it would tell it again.
-  const bool ofWriter = number == pdf_.ErrNumber() && description == pdf_.ErrDescription();
-  if (!told_.insert(ofWriter ? std::string(description) : heading).second) return;
   ShowMessage(ledger_, heading,
               "\\n\\nLedgerMinder will attempt to complete the document being created but it will "
               "probably fail or be incorrect. Please contact LedgerMinder with the above error "

@@ -181,8 +181,7 @@ bool InvoiceRenderer::Write(const std::string& id, int row, const DocumentTempla
   pdf.BeginDoc(PathText(file));
   if (pdf.ErrNumber() == 0) {
     InvoicePages(ledger_, index_, layout, pdf, toldFaults_).Draw(id);
-    pdf.EndDoc();
-    if (!pdf.ErrSource().ends_with(".EndDoc")) return true;  // an item's fault was told already
+    if (pdf.EndDoc()) return true;  // an item's fault was told already
   }
   ShowMessage(ledger_, "The invoice could not be written",
               "File '" + PathText(file) + "'\\n\\n" + pdf.ErrDescription());

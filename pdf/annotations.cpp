@@ -6,6 +6,7 @@
 #include "core/text.h"
 #include "pdf/annots.h"
 #include "pdf/error.h"
+#include "pdf/pdfa.h"
 
 namespace lm::pdf {
 namespace {

@@ -113,11 +113,11 @@ class Annotations {
   std::string NameEntries() const;
   std::string LabelEntries() const;
 
-  Appearance FreeTextLook(const PageBox& box, std::string_view text, std::string_view ground,
-                          int alignment) const;
-  Appearance StampLook(const PageBox& box, std::string_view words, std::string_view colour) const;
-  Appearance SheetLook(const PageBox& box, std::string_view colour) const;
-  Appearance FramedLook(const Frame& frame, std::string_view text) const;
+  std::string FreeTextLook(const PageBox& box, std::string_view text, std::string_view ground,
+                           int alignment) const;
+  std::string StampLook(const PageBox& box, std::string_view words, std::string_view colour) const;
+  std::string SheetLook(const PageBox& box, std::string_view colour) const;
+  std::string FramedLook(const Frame& frame, std::string_view text) const;
 
   Document& document_;
   Fonts& fonts_;

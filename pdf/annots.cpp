@@ -1,12 +1,9 @@
 #include "pdf/annots.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <vector>
 
 #include "pdf/colours.h"
-#include "pdf/notation.h"
 
 namespace lm::pdf {
 namespace {
@@ -48,15 +45,8 @@ std::string ColourNumbers(std::string_view stored) {
 }
 
 std::string RgbNumbers(const Document& document, std::string_view stored) {
-  const ColourSpace* space = SpaceOf(stored);
-  if (!space) return "";
-  std::vector<double> numbers = NumberList(Values(stored));
-  numbers.resize(4);
-  std::array<double, 3> rgb = {numbers[0], numbers[1], numbers[2]};
-  if (space->sign == '%') rgb.fill(numbers[0]);
-  if (space->sign == '@')
-    for (double& share : rgb) share = (1 - share) * (1 - numbers[3]);
-  return document.Points(rgb[0]) + " " + document.Points(rgb[1]) + " " + document.Points(rgb[2]);
+  const std::string rgb = RgbColour(stored, document);
+  return rgb.empty() ? "" : rgb.substr(1);
 }
 
 std::string ColourOperator(std::string_view stored, bool forLines) {
@@ -65,21 +55,16 @@ std::string ColourOperator(std::string_view stored, bool forLines) {
   return std::string(Values(stored)).append(forLines ? space->lineOperator : space->fillOperator);
 }
 
-int WriteAppearance(Document& document, const PageBox& box, const Appearance& picture) {
+int WriteAppearance(Document& document, const PageBox& box, std::string_view operators) {
   const int object = document.out.BeginNewObject();
-  const std::string fonts = picture.fonts.empty() ? "" : "/Font << " + picture.fonts + ">> ";
   document.out.WriteStream(StreamClass::Contents,
                            "<< /Type /XObject /Subtype /Form /FormType 1 /BBox [ 0 0 " +
                                document.Points(box.Width()) + " " + document.Points(box.Height()) +
-                               " ] /Matrix [1 0 0 1 0 0] /Resources << /ProcSet [/PDF /Text] " +
-                               fonts + ">> ",
-                           picture.operators);
+                               " ] /Matrix [1 0 0 1 0 0] /Resources " +
+                               document.resources.UsedBy(operators) + " ",
+                           operators);
   document.out.EndObject();
   return object;
-}
-
-void RefuseInPdfA(const Document& document, std::string_view thing) {
-  if (document.pdfA) throw Error("PDF/A allows no " + std::string(thing));
 }
 
 }  // namespace lm::pdf

@@ -35,16 +35,8 @@ std::string RgbNumbers(const Document& document, std::string_view stored);
 // The operator that chooses it, "0.5 0 0 rg" or "0.5 0 0 RG"; black for a pattern.
 std::string ColourOperator(std::string_view stored, bool forLines);
 
-// The look of an annotation in one state.
-struct Appearance {
-  std::string operators;  // from the lower left corner of its box
-  std::string fonts;      // entries of its resources
-};
-
-// Writes it as a form; returns its object.
-int WriteAppearance(Document& document, const PageBox& box, const Appearance& picture);
-
-// Throws Error under PDF/A, which has no place for the thing named.
-void RefuseInPdfA(const Document& document, std::string_view thing);
+// Writes the look of an annotation in one state as a form, its operators counted from the lower
+// left corner of its box. Returns its object.
+int WriteAppearance(Document& document, const PageBox& box, std::string_view operators);
 
 }  // namespace lm::pdf

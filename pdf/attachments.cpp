@@ -4,6 +4,7 @@
 #include "pdf/annotations.h"
 #include "pdf/annots.h"
 #include "pdf/error.h"
+#include "pdf/pdfa.h"
 
 namespace lm::pdf {
 

@@ -133,7 +133,7 @@ int Bookmarks::AddBookmark(std::string_view title, int parent, int page, std::st
 
 void Bookmarks::DefineRef(std::string_view name, std::string_view page, double x, double y) {
   if (name.empty()) throw Error("A destination needs a name");
-  references_[std::string(name)] =
+  references_[RefName(document_, name)] =
       MakeDestination(document_, ParsePage(document_, page), "XYZ", x, y, 0);
 }
 
@@ -196,7 +196,7 @@ void Bookmarks::WriteOutline(const DestinationWriter& destinations) {
 void Bookmarks::WriteDestinations(const DestinationWriter& destinations) {
   std::string body = "<<\r";
   for (const auto& [name, destination] : references_)
-    body += RefName(document_, name) + " " + destinations.Write(destination) + "\r";
+    body += name + " " + destinations.Write(destination) + "\r";
   destinationsObject_ = document_.out.WriteNewObject(body + ">>");
 }
 

@@ -96,8 +96,8 @@ class Bookmarks {
   std::string Reference(std::string_view key, std::size_t record) const;
 
   Document& document_;
-  std::vector<Record> records_;  // by number; 0 is the root
-  std::map<std::string, Destination> references_;
+  std::vector<Record> records_;                    // by number; 0 is the root
+  std::map<std::string, Destination> references_;  // by their names in the file
   int outlineObject_ = 0;
   int destinationsObject_ = 0;
 };

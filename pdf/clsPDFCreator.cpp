@@ -295,8 +295,11 @@ void clsPDFCreator::EndConditionalLayer() {
   Trap("EndConditionalLayer", [&] { graphics_->EndConditionalLayer(); });
 }
 
-void clsPDFCreator::EndDoc() {
-  Trap("EndDoc", [&] { pages_->EndDoc(); });
+bool clsPDFCreator::EndDoc() {
+  return Trap("EndDoc", [&] {
+    pages_->EndDoc();
+    return true;
+  });
 }
 
 void clsPDFCreator::EndLayer() {
@@ -368,9 +371,12 @@ double clsPDFCreator::GetX() const { return pages_->GetX(); }
 
 double clsPDFCreator::GetY() const { return pages_->GetY(); }
 
-void clsPDFCreator::ImportPage(std::string_view file, int page, double x, double y, double width,
+bool clsPDFCreator::ImportPage(std::string_view file, int page, double x, double y, double width,
                                double height) {
-  Trap("ImportPage", file, [&] { import_->ImportPage(file, page, x, y, width, height); });
+  return Trap("ImportPage", file, [&] {
+    import_->ImportPage(file, page, x, y, width, height);
+    return true;
+  });
 }
 
 void clsPDFCreator::LinkTo(std::string_view target, double borderWidth, int highlight) {

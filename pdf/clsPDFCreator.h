@@ -64,7 +64,8 @@ class clsPDFCreator {
 
   // Adds a TrueType font for SetFont; returns its resource name. An empty name takes the font's
   // own; a name that was added before keeps its first font. embed: the file goes into the document,
-  // under PDF/A always. codePage: as SetFont. Errors: 53 when the file is missing; a damaged one.
+  // under PDF/A always. codePage: as SetFont. Errors: 53 when the file is missing; a damaged one;
+  // under PDF/A a code page and a font of symbols.
   std::string AddFont(std::string_view path, std::string_view name = "", bool embed = true,
                       int codePage = 0);
 
@@ -196,7 +197,8 @@ class clsPDFCreator {
   // by "."; only radio buttons share one, as a group.
   // value: the text; a button's caption; the chosen item or items; of a check box whether it is on
   //   ("", "Off", "No", "False", "0" are off); of a radio button the chosen one of its group.
-  // items: of combo and list, parted by "|"; of check box and radio button the name of its "on".
+  // items: of combo and list, parted by "|"; of check box and radio button the name of its "on",
+  //   which no other button of the group was numbered with.
   // flags: 1 read only, 2 required, 4 not exported, 0x1000 several lines, 0x2000 password, 0x40000
   //   combo with an edit box, 0x80000 sorted, 0x200000 several choices, 0x400000 no spelling check,
   //   0x800000 no scrolling; those that do not go with the type are ignored.
@@ -208,10 +210,10 @@ class clsPDFCreator {
                  std::string_view borderColour = "", std::string_view backColour = "",
                  double borderWidth = 1, int borderStyle = 0, std::string_view items = "");
 
-  // A picture, by its extension PNG, JPG, BMP, GIF, TGA, EPS, AI or WMF, or a name from AddImage.
-  // It fills the box in every mode; a width or height that is not above 0 is filled in from the
-  // other one and the picture's ratio, both from its pixels at 72 to the inch. maskColour: the
-  // colour number that becomes transparent, 0 and below none, 16777216 black. transparency:
+  // A picture, by its extension PNG, JPG, JPEG, BMP, GIF, TGA, EPS, AI or WMF, or a name from
+  // AddImage. It fills the box in every mode; a width or height that is not above 0 is filled in
+  // from the other one and the picture's ratio, both from its pixels at 72 to the inch. maskColour:
+  // the colour number that becomes transparent, 0 and below none, 16777216 black. transparency:
   // percent, 0 opaque, under PDF/A always. Errors: 53 when the file is missing; one of another kind
   // or damaged.
   void DrawImage(std::string_view file, double x, double y, double width = 0, double height = 0,
@@ -288,8 +290,8 @@ class clsPDFCreator {
 
   // Ends what is open, writes the rest and puts the file in its place; a document without a page
   // gets a blank one. Error 75 when the disk did not take it: the document is then lost, the old
-  // file is not.
-  void EndDoc();
+  // file is not. True when the file is in its place.
+  bool EndDoc();
 
   // The last error, kept until the next one or Abort. Numbers: 53 file not found, 75 file cannot be
   // written, 5 any other. The source is "PageWriter." and the operation's name.
@@ -311,8 +313,10 @@ class clsPDFCreator {
   bool GetImportSize(std::string_view file, int page, double& width, double& height);
   // Size in points before the page is cropped and turned; rotate 0, 90, 180 or 270.
   bool GetInfoPage(std::string_view file, int page, double& width, double& height, int& rotate);
-  // Draws the page as it is printed; a width or height of 0 is its own. Error without a document.
-  void ImportPage(std::string_view file, int page, double x = 0, double y = 0, double width = 0,
+  // Draws the page as it is printed; a width or height of 0 is its own. False, and an error, without a
+  // document; under PDF/A for what that does not allow: transparency, fonts that are not embedded,
+  // CMYK, LZW.
+  bool ImportPage(std::string_view file, int page, double x = 0, double y = 0, double width = 0,
                   double height = 0);
   // A file is parsed once for all writers that share a cache: forms are printed over by hundreds.
   void ShareFiles(std::shared_ptr<pdf::FileCache> cache);
@@ -361,6 +365,7 @@ class clsPDFCreator {
   // added font; any other name gives Arial. size 0 keeps the size, or takes 10 when that is 0.
   // style: 1 bold, 2 italic, 4 underline, 8 overline, 16 strike-through, added up. codePage: 161
   // Greek, 162 Turkish, 186 Baltic, 204 Cyrillic, 238 Central European, any other the standard one.
+  // Error under PDF/A: a font that was not added.
   void SetFont(std::string_view name, double size = 0, int style = 0, int codePage = 0);
   void SetFontSize(double points);                // 0 and above
   void SetTextHorizontalScaling(double percent);  // above 0
@@ -394,8 +399,9 @@ class clsPDFCreator {
   // Of the open page, unless it is opened once more, and of those to come. code: 0 A4, 1 A4 lying;
   // 255 takes width and height, above 0; the others from -8 (A0) to 17 are in pagesettings.cpp.
   void SetPaperSize(int code, double width = 0, double height = 0);
-  // PDF/A-1b: fonts are to be added ones, the rest is seen to or refused. Errors: with protection,
-  // and once objects are written.
+  // PDF/A-1b. Fonts are to be added ones, and CMYK colours become RGB; CMYK pictures, transparency,
+  // scripts, attachments and pages of other files that are not fit for it are refused, layers left
+  // out. Errors: with protection, and once something is drawn.
   void SetPDFa(bool on);
   void SetPrecision(int decimals);  // 0 to 6, of the numbers written
   // flags: what the user may do, 4 print, 8 change, 16 copy, 32 annotate, and with a key of 128

@@ -1,6 +1,7 @@
 #include "pdf/colours.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <vector>
 
@@ -108,7 +109,8 @@ std::string FromSign(std::string_view input, const Document& document) {
   const std::vector<double> values = NumberList(rest);
   const std::size_t count = values.size();
   if (sign == '#' && count == 3 && Within(values, 1)) return Kept(sign, rest);
-  if (sign == '@' && count == 4 && Within(values, 1)) return Kept(sign, rest);
+  if (sign == '@' && count == 4 && Within(values, 1))
+    return document.pdfA ? RgbColour(Kept(sign, rest), document) : Kept(sign, rest);
   if (sign == '@' && count == 3 && Within(values, 255)) {
     return FromBytes(values[0], values[1], values[2], document);
   }
@@ -116,10 +118,6 @@ std::string FromSign(std::string_view input, const Document& document) {
   if (sign == '@' && count == 1 && Within(values, 255))
     return "%" + document.Points(values[0] / 255);
   Refuse(input);
-}
-
-std::string PatternName(std::string_view pattern, const Document& document) {
-  return document.Name(EscapedName(pattern));
 }
 
 std::string Selection(std::string_view stored, const Document& document, bool fill) {
@@ -133,7 +131,7 @@ std::string Selection(std::string_view stored, const Document& document, bool fi
   std::string operators = "/";
   operators.append(plain ? plain->patternSpace : "Pattern") += fill ? " cs " : " CS ";
   if (plain) operators.append(stored.substr(1, slash - 1)) += ' ';
-  operators += PatternName(plain ? stored.substr(slash + 1) : stored, document);
+  operators += PatternResource(plain ? stored.substr(slash + 1) : stored, document);
   return operators += fill ? " scn\n" : " SCN\n";
 }
 
@@ -156,9 +154,28 @@ std::string StoredColour(std::string_view input, const Document& document) {
   if (AllDigits(text)) return FromNumber(text, document);
   if (SpaceOf(text)) return FromSign(text, document);
   if (const NamedColour* named = FindNamed(text)) return std::string(named->stored);
-  if (!document.patternNames.contains(std::string(text))) Refuse(text);
+  if (!document.resources.Has(ResourceKind::Pattern, PatternResource(text, document))) Refuse(text);
   return std::string(text);
 }
+
+std::string RgbColour(std::string_view stored, const Document& document) {
+  const ColourSpace* space = SpaceOf(stored);
+  if (!space) return "";
+  const std::string_view values = stored.substr(1, stored.find('/') - 1);
+  if (space->sign == '#') return "#" + std::string(values);
+  const std::vector<double> numbers = NumberList(values);
+  std::array<double, 3> rgb{};
+  for (std::size_t i = 0; i < rgb.size(); ++i)
+    rgb[i] = space->sign == '%' ? numbers[0] : (1 - numbers[i]) * (1 - numbers[3]);
+  return "#" + document.Points(rgb[0]) + " " + document.Points(rgb[1]) + " " +
+         document.Points(rgb[2]);
+}
+
+std::string PatternResource(std::string_view name, const Document& document) {
+  return document.Name(EscapedName(name));
+}
+
+std::span<const ColourSpace> ColourSpaces() { return kSpaces; }
 
 const ColourSpace* SpaceOf(std::string_view stored) {
   const auto* space =

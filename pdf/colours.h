@@ -5,6 +5,7 @@
 // "%g" a gray of 0 to 1; a colour's name; the name of a pattern. "" and -1 are no colour.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,12 +13,18 @@
 
 namespace lm::pdf {
 
-// The stored form: "#r g b", "@c m y k", "%g", the name of a pattern, or "" for no colour. Throws
-// Error for what is no colour.
+// The stored form: "#r g b", "@c m y k", "%g", the name of a pattern, or "" for no colour. Under
+// PDF/A a CMYK colour is the RGB one that it looks like. Throws Error for what is no colour.
 std::string StoredColour(std::string_view input, const Document& document);
+
+// The same colour as "#r g b"; "" for a pattern and for no colour.
+std::string RgbColour(std::string_view stored, const Document& document);
 
 // True of what is a colour in every document, or set out like one: no pattern can be called so.
 bool IsColourNotation(std::string_view text);
+
+// The name in the operators of a pattern that the caller gave the name.
+std::string PatternResource(std::string_view name, const Document& document);
 
 struct ColourSpace {
   char sign;  // the stored form's first character
@@ -26,6 +33,7 @@ struct ColourSpace {
   std::string_view device;
 };
 
+std::span<const ColourSpace> ColourSpaces();
 // The space of a stored colour; nullptr for a pattern and for no colour.
 const ColourSpace* SpaceOf(std::string_view stored);
 

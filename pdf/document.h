@@ -9,10 +9,10 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "pdf/output.h"
+#include "pdf/resources.h"
 
 namespace lm::pdf {
 
@@ -92,10 +92,8 @@ struct Document {
   DrawState state;
   LastBox lastBox;
 
-  // Resource dictionaries' contents: "/NAME n 0 R " joined, names with the prefix.
-  std::string fonts, xObjects, extGStates, patterns, properties;
-  std::unordered_set<std::string> patternNames;  // as the caller gave them
-  bool usesImages = false;                       // an image or an imported page exists
+  Resources resources;      // names with the prefix
+  bool usesImages = false;  // an image or an imported page exists
   std::vector<ImportedLayer> importedLayers;
 
   std::vector<Page> pages;         // in the order of creation

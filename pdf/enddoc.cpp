@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kPageTree = 1;
 constexpr int kPageResources = 2;
-constexpr int kFormResources = 3;  // without patterns, so that a pattern cannot name itself
 
 struct ViewerFlag {
   std::int32_t value;
@@ -115,18 +114,18 @@ int Pages::WriteMetadata() {
 }
 
 void Pages::WriteResources() {
-  const std::string common = "<< " + Dictionary("/Font", document_.fonts) + "/ProcSet [/PDF /Text" +
-                             (document_.usesImages ? " /ImageB /ImageC /ImageI" : "") + "]\r" +
-                             Dictionary("/Properties", document_.properties) +
-                             Dictionary("/XObject", document_.xObjects) +
-                             Dictionary("/ExtGState", document_.extGStates);
-  document_.out.WriteObject(kFormResources, common + ">>");
-  document_.out.WriteObject(
-      kPageResources,
-      common +
-          "/ColorSpace << /CS-RGB [ /Pattern /DeviceRGB ] /CS-CMYK [ /Pattern /DeviceCMYK ] "
-          "/CS-GRAY [ /Pattern /DeviceGray ] >> " +
-          Dictionary("/Pattern", document_.patterns) + ">>");
+  const std::string procedureSets =
+      std::string("[/PDF /Text") + (document_.usesImages ? " /ImageB /ImageC /ImageI" : "") + "]";
+  document_.out.WriteObject(Resources::kProcedureSets, procedureSets);
+
+  const Resources& resources = document_.resources;
+  std::string all =
+      "<< " + resources.Dictionary(ResourceKind::Font) + "/ProcSet " + procedureSets + "\r";
+  for (const ResourceKind kind :
+       {ResourceKind::Properties, ResourceKind::XObject, ResourceKind::ExtGState,
+        ResourceKind::ColorSpace, ResourceKind::Pattern})
+    all += resources.Dictionary(kind);
+  document_.out.WriteObject(kPageResources, all + ">>");
 }
 
 void Pages::WritePages() {

@@ -9,6 +9,7 @@
 #include "pdf/events.h"
 #include "pdf/fonts.h"
 #include "pdf/notation.h"
+#include "pdf/pdfa.h"
 #include "pdf/scope.h"
 #include "pdf/textbox.h"
 
@@ -91,8 +92,7 @@ void Fields::DrawField(int type, std::string_view name, double x, double y, doub
     throw Error("Unknown type of field");
   const FieldType& rule = TypeOf(type);
   CheckName(name, type == kRadio);
-  if (rule.holds == Holds::State && EqualsIgnoreCase(items, "Off"))
-    throw Error("A button's own name cannot be Off");
+  if (rule.holds == Holds::State) CheckState(name, items);
 
   Field field;
   field.type = type;
@@ -141,8 +141,7 @@ std::string Fields::UseDingbats() {
 // font for them, which is in no file, is left out.
 void Fields::DrawPicture(Field& field) {
   const std::string& textColour = document_.state.colours.text;
-  field.picture.operators =
-      TopDown(document_, field.frame.height, DrawFrame(document_, field.frame));
+  field.picture = TopDown(document_, field.frame.height, DrawFrame(document_, field.frame));
   if (TypeOf(field.type).holds == Holds::State) {
     field.onOperators =
         TopDown(document_, field.frame.height, DrawMark(document_, field.frame, textColour));
@@ -152,11 +151,9 @@ void Fields::DrawPicture(Field& field) {
   }
   texts_.EnsureFont();
   field.defaultAppearance = texts_.DefaultAppearance();
-  field.picture.fonts = texts_.FontEntry();
   const std::string text = TopDown(document_, field.frame.height, TextOperators(field));
   // Viewers that draw a text again put it in the place of the marked one.
-  field.picture.operators +=
-      TypeOf(field.type).holds == Holds::Caption ? text : "/Tx BMC\r" + text + "EMC\r";
+  field.picture += TypeOf(field.type).holds == Holds::Caption ? text : "/Tx BMC\r" + text + "EMC\r";
 }
 
 std::string Fields::TextOperators(const Field& field) const {
@@ -195,6 +192,16 @@ void Fields::CheckName(std::string_view name, bool radio) const {
   if (taken) throw Error("The name of the field is taken");
 }
 
+// The name that a button is given for its "on" is none that the writer gave: to what is off, or to
+// a button of the group that has no name of its own.
+void Fields::CheckState(std::string_view name, std::string_view state) const {
+  if (state.empty()) return;
+  if (EqualsIgnoreCase(EscapedName(state), "Off")) throw Error("A button's own name cannot be Off");
+  const auto group = parents_.find(name);
+  if (group != parents_.end() && group->second.numbered.contains(state))
+    throw Error("The button's own name is taken");
+}
+
 // The parents for all parts of a name but its last; null for a name of one part.
 Fields::Parent* Fields::MakeParentsOf(const std::string& name) {
   Parent* above = nullptr;
@@ -224,6 +231,13 @@ void Fields::Place(Field& field, const std::string& name) {
   field.on = !IsOff(field.value);
 }
 
+// The place in the group, or the next number that is free.
+std::string Fields::NumberButton(Parent& group) {
+  std::size_t number = group.kids.size();
+  while (group.states.contains(std::to_string(number))) ++number;
+  return *group.numbered.insert(std::to_string(number)).first;
+}
+
 // Of a group the first button that is chosen stays chosen.
 void Fields::PlaceInGroup(Field& field, const std::string& name) {
   Parent* above = MakeParentsOf(name);
@@ -238,7 +252,8 @@ void Fields::PlaceInGroup(Field& field, const std::string& name) {
   }
   group.kids.push_back(field.object);
   field.parent = group.object;
-  if (field.state.empty()) field.state = std::to_string(group.kids.size());
+  if (field.state.empty()) field.state = NumberButton(group);
+  group.states.insert(field.state);
   field.on = group.chosen.empty() && field.state == field.value;
   if (field.on) group.chosen = field.state;
 }
@@ -270,11 +285,13 @@ Fields::Written Fields::WriteBefore(const Field& field) {
   const int picture = WriteAppearance(document_, field.box, field.picture);
   written.appearance = " /AP << /N " + Reference(picture) + ">>";
   if (TypeOf(field.type).holds == Holds::State) {
-    const int on =
-        WriteAppearance(document_, field.box, {field.picture.operators + field.onOperators, ""});
+    const int on = WriteAppearance(document_, field.box, field.picture + field.onOperators);
     written.appearance = " /AS " + StateName(field.on ? field.state : "") + " /AP << /N << " +
                          StateName(field.state) + " " + Reference(on) + "/Off " +
                          Reference(picture) + ">> >>";
+  } else if (document_.pdfA && TypeOf(field.type).holds == Holds::Caption) {
+    // There every button has pictures by its states, one without states too.
+    written.appearance = " /AS /Off /AP << /N << /Off " + Reference(picture) + ">> >>";
   }
   return written;
 }
@@ -347,7 +364,7 @@ void Fields::WriteAtEnd() {
 
 std::string Fields::CatalogEntries() const {
   if (roots_.empty()) return "";
-  std::string fonts = document_.fonts;
+  std::string fonts = document_.resources.Entries(ResourceKind::Font);
   if (dingbats_ != 0) fonts.append(kDingbats).append(" ") += Reference(dingbats_);
   return "/AcroForm <<" + std::string(document_.pdfA ? "" : "/NeedAppearances true ") +
          "/Fields [ " + References(roots_) + "] /CO [ " + References(calculated_) +

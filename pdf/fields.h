@@ -64,7 +64,7 @@ class Fields {
     int flags = 0;
     PageBox box;
     Frame frame;
-    Appearance picture;       // of a check box or radio button: that is off
+    std::string picture;      // of a check box or radio button: that is off
     std::string onOperators;  // of those: what stands in the picture when on
     std::string defaultAppearance;
     std::string state;  // of a check box or radio button: the name of its "on"
@@ -81,6 +81,7 @@ class Fields {
     bool radio = false;
     Field first;         // of a group: what its buttons have in common
     std::string chosen;  // of a group: the state that is on
+    std::set<std::string, std::less<>> states, numbered;  // of a group: all, those made up here
   };
 
   // What of a field is written before the field itself.
@@ -94,6 +95,8 @@ class Fields {
   std::string TextOperators(const Field& field) const;
   static std::vector<std::string> Chosen(const Field& field);
   void CheckName(std::string_view name, bool radio) const;
+  void CheckState(std::string_view name, std::string_view state) const;
+  static std::string NumberButton(Parent& group);
   Parent* MakeParentsOf(const std::string& name);
   void Place(Field& field, const std::string& name);
   void PlaceInGroup(Field& field, const std::string& name);

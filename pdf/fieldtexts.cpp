@@ -137,11 +137,6 @@ std::string FieldTexts::Rows(const Frame& frame, const std::vector<std::string>&
   return room.Clipped(operators);
 }
 
-std::string FieldTexts::FontEntry() const {
-  const FontRecord& font = fonts_.Current();
-  return document_.Name(font.resource) + " " + std::to_string(font.object) + " 0 R ";
-}
-
 std::string FieldTexts::DefaultAppearance() const {
   const TextState& text = document_.state.text;
   return document_.Name(text.fontResource) + " " + document_.Points(text.size) + " Tf " +

@@ -27,9 +27,6 @@ class FieldTexts {
   std::string Rows(const Frame& frame, const std::vector<std::string>& items,
                    const std::vector<std::string>& chosen) const;
 
-  // The entry of a resource dictionary that names the font in force, "/A1F3+FNT_1 7 0 R ".
-  std::string FontEntry() const;
-
   // The text of /DA: font, size and text colour in force.
   std::string DefaultAppearance() const;
 

@@ -1,10 +1,10 @@
 #include "pdf/filters.h"
 
+#include <libdeflate.h>
 #include <zlib.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 
 #include "pdf/error.h"
@@ -74,32 +74,19 @@ std::string DecodeRunLength(std::string_view bytes, std::size_t cap) {
   return out;
 }
 
-std::string EncodeFlate(std::string_view bytes, int level) {
-  const int known = level >= 0 && level <= 9 ? level : Z_DEFAULT_COMPRESSION;
-  // A page's few kilobytes need no window of 32: clearing its tables would take longer than they
-  // do.
-  const int window = std::clamp(static_cast<int>(std::bit_width(bytes.size())), 9, 15);
-  const int memory = std::clamp(window - 7, 1, 8);
-  z_stream stream{};
-  if (deflateInit2(&stream, known, Z_DEFLATED, window, memory, Z_DEFAULT_STRATEGY) != Z_OK)
-    throw Error("not enough memory to deflate");
-  std::string out(deflateBound(&stream, static_cast<uLong>(bytes.size())), '\0');
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-  stream.next_out = reinterpret_cast<Bytef*>(out.data());
-  // Both counts are 32 bits: long streams go in pieces.
-  int result = Z_OK;
-  std::size_t taken = 0;
-  while (result == Z_OK) {
-    constexpr std::size_t kPiece = std::size_t{1} << 30;
-    stream.avail_in = static_cast<uInt>(std::min(bytes.size() - taken, kPiece));
-    stream.avail_out = static_cast<uInt>(std::min(out.size() - stream.total_out, kPiece));
-    taken += stream.avail_in;
-    result = deflate(&stream, taken == bytes.size() ? Z_FINISH : Z_NO_FLUSH);
-    taken -= stream.avail_in;
+void FlateEncoder::Freed::operator()(libdeflate_compressor* compressor) const {
+  libdeflate_free_compressor(compressor);
+}
+
+std::string FlateEncoder::Encode(std::string_view bytes, int level) {
+  if (!compressor_ || level != level_) {
+    compressor_.reset(libdeflate_alloc_compressor(std::clamp(level, 0, kHighestLevel)));
+    if (!compressor_) throw Error("not enough memory to deflate");
+    level_ = level;
   }
-  out.resize(stream.total_out);
-  deflateEnd(&stream);
-  if (result != Z_STREAM_END) throw Error("not enough memory to deflate");
+  std::string out(libdeflate_zlib_compress_bound(compressor_.get(), bytes.size()), '\0');
+  out.resize(libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(), out.data(),
+                                      out.size()));
   return out;
 }
 

@@ -12,6 +12,7 @@
 #include "pdf/codepages.h"
 #include "pdf/data/fontdata.h"
 #include "pdf/notation.h"
+#include "pdf/pdfa.h"
 #include "pdf/truetype.h"
 
 namespace lm::pdf {
@@ -47,10 +48,10 @@ const std::pair<const char*, const SymbolFont*> kSymbolNames[] = {
     {"ZapfDingbats", &kZapfDingbats},
 };
 
-// "ARIALBOLD:204"; no code page stands behind the standard one.
+// "ARIALBOLD 204"; no code page stands behind the standard one.
 std::string Key(std::string_view name, int style, int codePage) {
   std::string key = ToUpper(RemoveAny(name, " ") + kStyleNames[style]);
-  if (codePage != 0) key += ":" + std::to_string(codePage);
+  if (codePage != 0) key += " " + std::to_string(codePage);
   return key;
 }
 
@@ -191,9 +192,11 @@ int Fonts::FindOrAddBase(const FontRecord& base) {
 }
 
 int Fonts::Choose(const std::string& name, int style, int codePage) {
-  if (const auto base = BaseRecord(name, style, codePage)) return FindOrAddBase(*base);
+  const auto base = document_.pdfA ? std::nullopt : BaseRecord(name, style, codePage);
+  if (base) return FindOrAddBase(*base);
   for (const int ofName : {style, 0})
     if (const int added = Find(Key(name, ofName, codePage), true); added >= 0) return added;
+  RefuseInPdfA(document_, kUnembedded);
   return FindOrAddBase(FamilyRecord(kFallback, style, codePage));
 }
 
@@ -230,14 +233,15 @@ void Fonts::WriteObject(FontRecord& record, const std::string& more) {
   // Readers know the widths of the base fonts for Latin letters alone.
   if (!record.trueType && record.codePage != 0) text += WidthsEntry(record);
   document_.out.WriteObject(record.object, text + more + " >>");
-  document_.fonts +=
-      document_.Name(record.resource) + " " + std::to_string(record.object) + " 0 R ";
+  document_.resources.Add(ResourceKind::Font, document_.Name(record.resource), record.object);
   records_.push_back(record);
 }
 
 std::string Fonts::Add(std::string_view path, std::string_view name, bool embed, int codePage) {
   const std::string file = ReadFontFile(path);
   const TrueTypeFace face = ReadTrueType(file, CodePageOf(codePage));
+  if (codePage != 0) RefuseInPdfA(document_, "fonts of a code page");
+  if (face.symbol) RefuseInPdfA(document_, "fonts of symbols");
   const std::string plain = RemoveAny(name.empty() ? face.name : name, " ");
   if (plain.empty()) throw Error("The font has no name");
   FontRecord record = TrueTypeRecord(face, plain, codePage);
@@ -264,6 +268,14 @@ std::string Fonts::Add(std::string_view path, std::string_view name, bool embed,
     out.EndObject();
   }
   return record.resource;
+}
+
+void Fonts::Ensure() {
+  TextState& state = document_.state.text;
+  if (!state.fontResource.empty()) return;
+  const double size = state.size;
+  Set("Arial", 0, state.fontStyle, state.codePage);
+  state.size = size;
 }
 
 const FontRecord& Fonts::Current() const {

@@ -13,7 +13,7 @@
 namespace lm::pdf {
 
 struct FontRecord {
-  std::string key;  // upper-case name without blanks, with style and code page
+  std::string key;  // upper-case name without blanks, with style; a blank and the code page
   bool trueType = false;
   std::string baseName;                    // "Arial,BoldItalic"
   std::array<std::int16_t, 256> widths{};  // thousandths of the size
@@ -32,15 +32,17 @@ class Fonts {
   // Chooses the font and writes its object at first use. Name in any case, blanks ignored: a base
   // font (Arial or Helvetica, Times or Times New Roman, Courier or Courier New, Symbol,
   // ZapfDingbats), else an added one by its name with "Bold", "Italic" or "BoldItalic" of the style
-  // behind it, or by its name alone; a name that is not known gives Arial. Size in points: 0, and
+  // behind it, or by its name alone; a name that is not known gives Arial. PDF/A knows added fonts
+  // only, and another name throws Error. Size in points: 0, and
   // what is no size, keeps the one in force, or 10 when that is 0. Style: see TextState. Code page:
   // see codepages.h.
   void Set(std::string_view name, double size, int style, int codePage);
   // Reads a TrueType file and adds it under the name, or its own when that is empty; returns the
   // resource name. A name that was added before keeps its first font. Throws Error (53 when there
-  // is no such file).
+  // is no such file), under PDF/A for a code page and a font of symbols.
   std::string Add(std::string_view path, std::string_view name, bool embed, int codePage);
 
+  void Ensure();  // chooses Arial, in the size in force, where no font was chosen
   const FontRecord& Current() const;  // the font in force; Arial when none was set
   int Count() const { return static_cast<int>(records_.size()); }
 

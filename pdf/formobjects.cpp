@@ -20,14 +20,26 @@ bool IsForPage(int flag, std::size_t page) {
 
 std::string DrawOperator(const std::string& resource) { return "q " + resource + " Do Q\n"; }
 
+// What the writer's own resources of this kind begin with, and what parts a user's from them.
+constexpr std::string_view kOwnNames[] = {"IMG_", "PDF_", "PH_"};
+constexpr std::string_view kUsersName = "OBJ_";
+
+// Named as the user did, unless the writer could come to call something else so.
+std::string ResourceOf(std::string_view name) {
+  const std::string escaped = EscapedName(name);
+  const auto begins = [&](std::string_view start) { return escaped.starts_with(start); };
+  const bool meets = begins(kUsersName) || std::ranges::any_of(kOwnNames, begins);
+  return meets ? std::string(kUsersName) + escaped : escaped;
+}
+
 std::string Placeholder(const std::string& name) { return "##" + name + "## "; }
 
 }  // namespace
 
 void FormObjects::Begin(std::string_view name, int flag) {
   if (!document_.out.IsOpen()) throw Error("No document is open");
-  const std::string resource = document_.Name(EscapedName(name));
-  if (HasResource(document_.xObjects, resource)) {
+  const std::string resource = document_.Name(ResourceOf(name));
+  if (document_.resources.Has(ResourceKind::XObject, resource)) {
     throw Error("There is an object \"" + std::string(name) + "\" already.");
   }
   open_ = FormObject();
@@ -43,7 +55,7 @@ void FormObjects::End() {
   open_.number = document_.out.ReserveObject();
   open_.body = std::move(document_.objectBuffer);
   document_.objectBuffer.clear();
-  document_.xObjects += open_.resource + " " + std::to_string(open_.number) + " 0 R ";
+  document_.resources.Add(ResourceKind::XObject, open_.resource, open_.number);
   byName_[open_.name] = objects_.size();
   waiting_.push_back(objects_.size());
   objects_.push_back(std::move(open_));
@@ -118,7 +130,8 @@ void FormObjects::Write(FormObject& object) {
   document_.out.WriteStream(StreamClass::Contents,
                             "<< /Type /XObject /Subtype /Form /FormType 1 /Name " +
                                 object.resource + " /BBox " + object.box +
-                                " /Matrix [1 0 0 1 0 0] /Resources 3 0 R ",
+                                " /Matrix [1 0 0 1 0 0] /Resources " +
+                                document_.resources.UsedBy(body) + " ",
                             body);
   document_.out.EndObject();
   object.body.clear();

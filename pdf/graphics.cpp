@@ -9,6 +9,7 @@
 #include "pdf/barcodes.h"
 #include "pdf/colours.h"
 #include "pdf/notation.h"
+#include "pdf/scope.h"
 
 namespace lm::pdf {
 namespace {
@@ -122,9 +123,9 @@ void Graphics::SetDash(std::string_view name, double phase) {
 
 std::string Graphics::UseOf(const std::string& resource, const std::string& entries) {
   const std::string name = document_.Name(resource);
-  if (!HasResource(document_.extGStates, name)) {
+  if (!document_.resources.Has(ResourceKind::ExtGState, name)) {
     const int object = document_.out.WriteNewObject("<</Type /ExtGState " + entries + " >>");
-    document_.extGStates += name + " " + std::to_string(object) + " 0 R ";
+    document_.resources.Add(ResourceKind::ExtGState, name, object);
   }
   document_.RaiseVersion(kTransparency);
   return name + " gs\n";
@@ -308,20 +309,27 @@ void Graphics::DrawBarCode(int kind, std::string_view code, double x, double y, 
   const double across = document_.ToPoints(width), down = document_.ToPoints(height);
   if (!(across > 0) || !(down > 0)) throw Error("A bar code needs a width and a height.");
 
-  constexpr double kCharacterWidth = 0.6, kDescent = 0.3, kMostSize = 10, kMostShare = 0.25;
-  const auto length = static_cast<double>(bars.text.size());
-  const double size =
-      withText ? std::min({kMostSize, kMostShare * down, across / (kCharacterWidth * length)}) : 0;
+  constexpr double kMostSize = 10, kMostShare = 0.25;
+  double size = 0;
   std::string text;
   if (withText) {
-    const TextState before = document_.state.text;
-    fonts_.Set("CourierNew", size, 0, 0);
-    text = "0 Tc 0 Tw 100 Tz 0 Tr BT " + document_.Name(document_.state.text.fontResource) + " " +
+    const Restored<TextState> restored(document_.state.text);
+    TextState& state = document_.state.text;
+    // CourierNew is in no file: under PDF/A the font in force takes its place.
+    if (document_.pdfA)
+      fonts_.Ensure();
+    else
+      fonts_.Set("CourierNew", 0, 0, 0);
+    state.charSpacing = state.wordSpacing = 0;
+    state.horizontalScaling = 100;
+    state.size = 1;
+    const double length = fonts_.TextWidth(bars.text);
+    size = std::min({kMostSize, kMostShare * down, across / length});
+    text = "0 Tc 0 Tw 100 Tz 0 Tr BT " + document_.Name(state.fontResource) + " " +
            document_.Points(size) + " Tf 1 0 0 -1 " +
-           document_.Points(left + (across - kCharacterWidth * size * length) / 2) + " " +
-           document_.Points(top + down - kDescent * size) + " Tm " + LiteralString(bars.text) +
-           " Tj ET\n";
-    document_.state.text = before;
+           document_.Points(left + (across - length * size) / 2) + " " +
+           document_.Points(top + down + fonts_.Current().descent * size / 1000) + " Tm " +
+           LiteralString(bars.text) + " Tj ET\n";
   }
 
   const double module = across / bars.Modules();

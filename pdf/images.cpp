@@ -15,6 +15,7 @@
 #include "pdf/images/png.h"
 #include "pdf/images/tga.h"
 #include "pdf/images/wmf.h"
+#include "pdf/pdfa.h"
 
 namespace lm::pdf {
 
@@ -28,8 +29,8 @@ struct Format {
   std::string_view extension;
   Result (*read)(std::string_view bytes);
 };
-constexpr Format<Picture> kRasters[] = {
-    {".PNG", ReadPng}, {".JPG", ReadJpeg}, {".BMP", ReadBmp}, {".GIF", ReadGif}, {".TGA", ReadTga}};
+constexpr Format<Picture> kRasters[] = {{".PNG", ReadPng}, {".JPG", ReadJpeg}, {".JPEG", ReadJpeg},
+                                        {".BMP", ReadBmp}, {".GIF", ReadGif},  {".TGA", ReadTga}};
 constexpr Format<VectorPicture> kVectors[] = {
     {".EPS", ReadEps}, {".AI", ReadEps}, {".WMF", ReadWmf}};
 
@@ -134,6 +135,7 @@ const Images::Record& Images::Load(std::string_view file, std::int32_t maskColou
   if (document_.pdfA && picture.bits == 16) {
     throw Error("A PDF/A file cannot hold a picture of 16 bits");
   }
+  if (picture.colourSpace == "DeviceCMYK") RefuseInPdfA(document_, "CMYK pictures");
   if (maskColour >= 0) picture.mask = MaskOfColour(picture, static_cast<std::uint32_t>(maskColour));
 
   Record record = {key,
@@ -143,8 +145,7 @@ const Images::Record& Images::Load(std::string_view file, std::int32_t maskColou
                    0,
                    "IMG_" + std::to_string(records_.size() + 1)};
   record.object = WriteObject(record.resource, picture);
-  document_.xObjects +=
-      document_.Name(record.resource) + " " + std::to_string(record.object) + " 0 R ";
+  document_.resources.Add(ResourceKind::XObject, document_.Name(record.resource), record.object);
   document_.usesImages = true;
   if (picture.bits == 16) document_.RaiseVersion(kVersionOf16Bits);
   return records_.emplace_back(std::move(record));

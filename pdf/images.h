@@ -1,8 +1,9 @@
 // Pictures on pages. A raster file is read once and written once as an image object, however often
 // it is drawn; a vector file (EPS, AI, WMF) is drawn as operators.
 //
-// The kind of a file goes by its extension in any case: PNG, JPG, BMP, GIF, TGA; EPS, AI, WMF. What
-// a file's own transparency can say as a range of colours is kept; partial transparency is not.
+// The kind of a file goes by its extension in any case: PNG, JPG, JPEG, BMP, GIF, TGA; EPS, AI,
+// WMF. What a file's own transparency can say as a range of colours is kept; partial transparency
+// is not.
 #pragma once
 
 #include <cstdint>

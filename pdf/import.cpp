@@ -5,6 +5,7 @@
 
 #include "core/files.h"
 #include "pdf/error.h"
+#include "pdf/pdfa.h"
 #include "pdf/reader/annotationpictures.h"
 #include "pdf/reader/fileinfo.h"
 #include "pdf/reader/layerstates.h"
@@ -170,7 +171,13 @@ int WritePage(Document& document, ParsedFile& file, CopiedObjects& copied, const
     copier.GatherReadable(each.layer);
   }
   const std::vector<int> layers = copier.OfType("OCG");
-  if (document.pdfA) RefuseLayersOff(states, layers);
+  if (document.pdfA) {
+    RefuseLayersOff(states, layers);
+    std::vector<const Value*> drawn = {&resources, &group};
+    if (contents.dictionary) drawn.push_back(contents.dictionary);
+    for (const AnnotationPicture& each : pictures) drawn.push_back(&each.form);
+    RefuseUnarchivable(file.objects, file.JoinedContents(page), drawn);
+  }
   FormEntries form;
   if (contents.dictionary) form.filter = copier.FilterText(*contents.dictionary);
   if (form.filter.find(' ') != std::string::npos) form.filter = "[" + form.filter + "]";
@@ -256,7 +263,7 @@ void Import::ImportPage(std::string_view file, int page, double x, double y, dou
 
   if (!record.pages.contains(page)) {
     const int form = WritePage(document_, source, record.copied, node);
-    document_.xObjects += name + " " + std::to_string(form) + " 0 R ";
+    document_.resources.Add(ResourceKind::XObject, name, form);
     document_.usesImages = true;
     document_.RaiseVersion(std::min(source.MinorVersion(), kLastMinorVersion) - kFirstMinorVersion);
     record.pages.insert(page);

@@ -38,8 +38,8 @@ void Layers::Begin(std::string_view name, bool viewOn, bool printOn, std::string
     layers_.push_back({std::string(name), screenOnly || (viewOn && !paperOnly),
                        paperOnly || (printOn && !screenOnly), document_.out.ReserveObject()});
     layer = &layers_.back();
-    document_.properties +=
-        document_.Name("LAY_" + std::to_string(layers_.size())) + " " + Reference(layer->object);
+    document_.resources.Add(ResourceKind::Properties,
+                            document_.Name("LAY_" + std::to_string(layers_.size())), layer->object);
   }
   Enter("LAY_" + std::to_string(layer - layers_.data() + 1), false);
 }
@@ -58,7 +58,7 @@ void Layers::BeginConditional(std::string_view names, int kind) {
   const std::string resource = "GRLAY_" + std::to_string(++conditionalCount_);
   const int object = document_.out.WriteNewObject("<</Type /OCMD /OCGs [" + members + "] /P " +
                                                   std::string(kConditions[kind]) + ">>");
-  document_.properties += document_.Name(resource) + " " + Reference(object);
+  document_.resources.Add(ResourceKind::Properties, document_.Name(resource), object);
   Enter(resource, true);
 }
 

@@ -91,8 +91,4 @@ void AppendLiteral(std::string_view text, std::string& out) {
   out.append(text.substr(plain)) += ')';
 }
 
-bool HasResource(std::string_view resources, std::string_view name) {
-  return resources.find(std::string(name) + " ") != std::string_view::npos;
-}
-
 }  // namespace lm::pdf

@@ -28,7 +28,4 @@ int HexDigit(char sign);
 std::string LiteralString(std::string_view text);
 void AppendLiteral(std::string_view text, std::string& out);
 
-// True when a resource text ("/A1F3+GS_50 7 0 R ...") names the resource ("/A1F3+GS_50").
-bool HasResource(std::string_view resources, std::string_view name);
-
 }  // namespace lm::pdf

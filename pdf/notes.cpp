@@ -74,7 +74,7 @@ void Annotations::DrawNote(int type, std::string_view text, double x, double y, 
   const Stamp stamp = type == kStamp ? FindStamp(text) : Stamp{};
   if (type == kStamp) text = stamp.words;
   if (type != kTextNote) texts_.EnsureFont();
-  Appearance look;
+  std::string look;
   if (type == kFreeText) look = FreeTextLook(box, text, stored, alignment);
   if (type == kTextNote) look = SheetLook(box, numbers.empty() ? kSheetColour : stored);
   if (type == kStamp) look = StampLook(box, text, numbers.empty() ? kStampColour : stored);
@@ -101,8 +101,8 @@ void Annotations::DrawNote(int type, std::string_view text, double x, double y, 
 }
 
 // The text in a box with a thin border, on the note's colour.
-Appearance Annotations::FreeTextLook(const PageBox& box, std::string_view text,
-                                     std::string_view ground, int alignment) const {
+std::string Annotations::FreeTextLook(const PageBox& box, std::string_view text,
+                                      std::string_view ground, int alignment) const {
   const Frame frame{.width = box.Width(),
                     .height = box.Height(),
                     .borderWidth = 1,
@@ -114,8 +114,8 @@ Appearance Annotations::FreeTextLook(const PageBox& box, std::string_view text,
 
 // A frame with the words in its middle, as large as fits. Under PDF/A every font is in the file, so
 // they are written in the one that the caller chose.
-Appearance Annotations::StampLook(const PageBox& box, std::string_view words,
-                                  std::string_view colour) const {
+std::string Annotations::StampLook(const PageBox& box, std::string_view words,
+                                   std::string_view colour) const {
   const Restored<DrawState> restored(document_.state);
   if (!document_.pdfA) fonts_.Set("Arial", 0, kBold, 0);
   document_.state.text.size = 0;
@@ -128,21 +128,19 @@ Appearance Annotations::StampLook(const PageBox& box, std::string_view words,
   return FramedLook(frame, texts_.Line(frame, words, kTextCentre));
 }
 
-Appearance Annotations::SheetLook(const PageBox& box, std::string_view colour) const {
+std::string Annotations::SheetLook(const PageBox& box, std::string_view colour) const {
   const Frame frame{.width = box.Width(),
                     .height = box.Height(),
                     .borderWidth = std::min(box.Width(), box.Height()) * 0.06,
                     .borderColour = "#0 0 0",
                     .backColour = std::string(colour)};
-  return {
-      TopDown(document_, frame.height, DrawFrame(document_, frame) + DrawWriting(document_, frame)),
-      ""};
+  return TopDown(document_, frame.height,
+                 DrawFrame(document_, frame) + DrawWriting(document_, frame));
 }
 
-Appearance Annotations::FramedLook(const Frame& frame, std::string_view text) const {
-  return {TopDown(document_, frame.height, DrawFrame(document_, frame)) +
-              TopDown(document_, frame.height, text),
-          texts_.FontEntry()};
+std::string Annotations::FramedLook(const Frame& frame, std::string_view text) const {
+  return TopDown(document_, frame.height, DrawFrame(document_, frame)) +
+         TopDown(document_, frame.height, text);
 }
 
 }  // namespace lm::pdf

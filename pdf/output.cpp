@@ -3,15 +3,10 @@
 #include <algorithm>
 
 #include "core/text.h"
-#include "pdf/filters.h"
 #include "pdf/notation.h"
 
 namespace lm::pdf {
 namespace {
-
-// Deflate level where none is asked for: a page of text takes half of the time of level 6 and is
-// an eighth larger.
-constexpr int kUsualLevel = 3;
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 constexpr int kFileTrouble = 75;
@@ -23,19 +18,23 @@ constexpr int kFileTrouble = 75;
 struct Filter {
   int bit;
   std::string_view name;
-  std::string (*encode)(std::string_view bytes, int level);
+  std::string (*encode)(std::string_view bytes, FlateEncoder& flate, int level);
 };
 
+template <std::string (*encode)(std::string_view bytes)>
+std::string Plainly(std::string_view bytes, FlateEncoder& /*flate*/, int /*level*/) {
+  return encode(bytes);
+}
+
 constexpr std::array kFilters{
-    Filter{kRunLength, "/RunLengthDecode",
-           [](std::string_view bytes, int) { return EncodeRunLength(bytes); }},
+    Filter{kRunLength, "/RunLengthDecode", Plainly<EncodeRunLength>},
     Filter{kFlate, "/FlateDecode",
-           [](std::string_view bytes, int level) { return EncodeFlate(bytes, level); }},
-    Filter{kLzw, "/LZWDecode", [](std::string_view bytes, int) { return EncodeLzw(bytes); }},
-    Filter{kAscii85, "/ASCII85Decode",
-           [](std::string_view bytes, int) { return EncodeAscii85(bytes); }},
-    Filter{kAsciiHex, "/ASCIIHexDecode",
-           [](std::string_view bytes, int) { return EncodeAsciiHex(bytes); }},
+           [](std::string_view bytes, FlateEncoder& flate, int level) {
+             return flate.Encode(bytes, level);
+           }},
+    Filter{kLzw, "/LZWDecode", Plainly<EncodeLzw>},
+    Filter{kAscii85, "/ASCII85Decode", Plainly<EncodeAscii85>},
+    Filter{kAsciiHex, "/ASCIIHexDecode", Plainly<EncodeAsciiHex>},
 };
 
 // The format's own one-byte code for texts departs from Windows-1252 between 127 and 160, where
@@ -174,7 +173,7 @@ void Output::WriteStream(StreamClass streamClass, std::string_view dictionary,
     const int level = (setting & 0xF00) >> 8;
     for (const Filter& each : kFilters) {
       if (!(setting & each.bit) || (pdfA && each.bit == kLzw)) continue;
-      encoded = each.encode(bytes, level == 0 ? kUsualLevel : std::min(level, 9));
+      encoded = each.encode(bytes, flate_, level == 0 ? FlateEncoder::kUsualLevel : level);
       bytes = encoded;
       filter.insert(0, std::string(each.name) + (filter.empty() ? "" : " "));
     }

@@ -12,6 +12,7 @@
 #include "core/files.h"
 #include "pdf/encryption.h"
 #include "pdf/error.h"
+#include "pdf/filters.h"
 
 namespace lm::pdf {
 
@@ -72,7 +73,7 @@ class Output {
     WriteStream(streamClass, dictionary, bytes, StreamOptions());
   }
 
-  // Low byte: filter mask; bits 8 to 11: deflate level (0: the writer's own, which is quick).
+  // Low byte: filter mask; bits 8 to 11: deflate level (0: the writer's own).
   void SetCompression(int contents, int images, int fonts);
   const std::array<int, 3>& Compression() const { return compression_; }
   bool pdfA = false;  // LZW is left out
@@ -93,6 +94,7 @@ class Output {
   int openObject_ = 0;
   std::vector<std::int64_t> offsets_;  // by object number; 0 not written
   std::array<int, 3> compression_{};
+  FlateEncoder flate_;
 };
 
 }  // namespace lm::pdf

@@ -9,12 +9,12 @@
 
 #include "core/files.h"
 #include "core/text.h"
+#include "pdf/colours.h"
 
 namespace lm::pdf {
 namespace {
 
-constexpr int kReservedObjects = 3;  // the page tree and the two resource dictionaries
-constexpr int kFirstRoom = 10;       // records
+constexpr int kFirstRoom = 10;  // records
 
 std::string Hexadecimal(std::uint32_t number) {
   std::array<char, 8> text;
@@ -71,6 +71,9 @@ std::string Pages::BeginDoc(std::string_view fileName) {
   out.Write("%\xFF\xFF\xFF\xFF");
   out.Write("% PageWriter Library " + Version());
   out.SetObjectCount(kReservedObjects);
+  for (const ColourSpace& space : ColourSpaces())
+    document_.resources.Add(ResourceKind::ColorSpace, "/" + std::string(space.patternSpace),
+                            "[ /Pattern " + std::string(space.device) + " ]");
   return name;
 }
 

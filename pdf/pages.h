@@ -94,7 +94,10 @@ class Pages {
 
  private:
   Page& OpenPage() { return document_.pages[document_.openPage]; }
+  static constexpr int kReservedObjects = 3;  // the page tree, its resources, the procedure sets
+
   void RequireDocument() const;
+  bool HasContents() const;
   std::size_t IndexAt(int position) const;  // throws Error where there is no page
   PageFlow Flow();
   void CloseWhatIsOpen();

@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 
+#include "pdf/colours.h"
 #include "pdf/pages.h"
 
 namespace lm::pdf {
@@ -26,7 +27,11 @@ constexpr int kOwnPaper = 255;
 constexpr std::array kScales{1.0, 72.0, 2.834645510, 28.34645653};  // point, inch, mm, cm
 constexpr int kOwnScale = 255;
 
-constexpr std::int32_t kViewerPreferencesA = static_cast<std::int32_t>(0xFFFFF1E7);
+// What PDF/A leaves of the viewer's flags: one of them, and the window is bare.
+std::int32_t PreferencesInPdfA(std::int32_t flags) {
+  constexpr std::int32_t kCentred = 0x200, kAlways = static_cast<std::int32_t>(0xFFFFF1E7);
+  return (flags & kCentred) | kAlways;
+}
 
 // Lengths that a page can have.
 bool IsLength(double value) { return std::isfinite(value) && value > 0; }
@@ -113,11 +118,24 @@ void Pages::SetPaperSize(int code, double width, double height) {
 
 void Pages::SetPDFa(bool on) {
   if (on && settings_.protection) throw Error("PDF/A allows no encryption");
-  if (on && !document_.pdfA && document_.out.HasObjects())
+  if (on && !document_.pdfA && HasContents())
     throw Error("Objects that are written already may be such as PDF/A does not allow");
   document_.pdfA = on;
   document_.out.pdfA = on;
-  if (on) document_.RaiseVersion(1);
+  if (!on) return;
+  document_.RaiseVersion(1);
+  std::int32_t& preferences = settings_.viewerPreferences;
+  if (preferences != Settings().viewerPreferences) preferences = PreferencesInPdfA(preferences);
+  Colours& colours = document_.state.colours;
+  for (std::string* colour : {&colours.fill, &colours.line, &colours.text})
+    if (colour->starts_with('@')) *colour = RgbColour(*colour, document_);
+}
+
+// What was drawn or reserved counts, too: it may be on no page yet.
+bool Pages::HasContents() const {
+  const bool isDrawing = document_.target == Target::Object || document_.target == Target::Tiling;
+  return document_.out.IsOpen() && (document_.out.ObjectCount() > kReservedObjects || isDrawing ||
+                                    !document_.pageBuffer.empty());
 }
 
 void Pages::SetPrecision(int decimals) {
@@ -149,7 +167,7 @@ void Pages::SetScale(int kind, double factor) {
 }
 
 void Pages::SetViewerPreferences(std::int32_t flags) {
-  settings_.viewerPreferences = document_.pdfA ? (flags & 0x200) | kViewerPreferencesA : flags;
+  settings_.viewerPreferences = document_.pdfA ? PreferencesInPdfA(flags) : flags;
 }
 
 }  // namespace lm::pdf

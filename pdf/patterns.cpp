@@ -14,7 +14,7 @@ std::string Values(std::string_view stored) { return "[" + std::string(stored.su
 }  // namespace
 
 void Patterns::RequireFree(std::string_view name) const {
-  if (document_.patternNames.contains(std::string(name))) {
+  if (document_.resources.Has(ResourceKind::Pattern, PatternResource(name, document_))) {
     throw Error("There is a pattern \"" + std::string(name) + "\" already.");
   }
   if (name != Trim(name) || IsColourNotation(name)) {
@@ -23,8 +23,7 @@ void Patterns::RequireFree(std::string_view name) const {
 }
 
 void Patterns::Register(std::string_view name, int object) {
-  document_.patternNames.emplace(name);
-  document_.patterns += document_.Name(EscapedName(name)) + " " + std::to_string(object) + " 0 R ";
+  document_.resources.Add(ResourceKind::Pattern, PatternResource(name, document_), object);
 }
 
 void Patterns::AddGradient(std::string_view name, int kind, std::string_view colour1,
@@ -104,8 +103,8 @@ void Patterns::Write(const Tile& tile, std::string_view operators) {
       StreamClass::Contents,
       "<< /Type /Pattern /PatternType 1 /PaintType " + std::string(tile.coloured ? "1" : "2") +
           " /TilingType 1 /BBox [0 0 " + points(tile.width) + " " + points(tile.height) +
-          "] /Resources 3 0 R /XStep " + points(tile.stepX) + " /YStep " + points(tile.stepY) +
-          " /Matrix [1 0 0 1 0 0] ",
+          "] /Resources " + document_.resources.UsedBy(operators) + " /XStep " +
+          points(tile.stepX) + " /YStep " + points(tile.stepY) + " /Matrix [1 0 0 1 0 0] ",
       "1 0 0 -1 0 " + points(tile.height) + " cm \r" + std::string(operators));
   document_.out.EndObject();
   Register(tile.name, object);

@@ -2,7 +2,6 @@
 
 #include "core/numbers.h"
 #include "core/text.h"
-#include "pdf/colours.h"
 #include "pdf/scope.h"
 #include "pdf/textline.h"
 
@@ -15,7 +14,7 @@ void PlaceHolders::Draw(std::string_view name, double x, double y, double width,
   if (document_.openPage < document_.pages.size()) place.page = document_.openPage;
   place.state = document_.state;
   const std::string resource = document_.Name("PH_" + std::to_string(place.object));
-  document_.xObjects += resource + " " + std::to_string(place.object) + " 0 R ";
+  document_.resources.Add(ResourceKind::XObject, resource, place.object);
   document_.Draw("q 1 0 0 1 " + document_.Units(x) + " " + document_.Units(y) + " cm " + resource +
                  " Do Q\n");
 
@@ -57,9 +56,6 @@ void PlaceHolders::Write(const Place& place, std::string_view text) {
   const ComposedLine line =
       lines_.Compose({.text = text, .available = place.width, .flags = place.flags});
   const double margin = document_.state.text.size;  // for what letters reach beyond their widths
-  // Only the resources of pages have the patterns, those of forms do not.
-  const Colours& colours = document_.state.colours;
-  const bool patterned = IsPattern(colours.text) || IsPattern(colours.fill);
   document_.out.BeginObject(place.object);
   document_.out.WriteStream(
       StreamClass::Contents,
@@ -67,7 +63,7 @@ void PlaceHolders::Write(const Place& place, std::string_view text) {
           document_.Points(line.box.left - margin) + " " + document_.Points(line.box.top - margin) +
           " " + document_.Points(line.box.right + margin) + " " +
           document_.Points(line.box.bottom + margin) + "] /Matrix [1 0 0 1 0 0] /Resources " +
-          (patterned ? "2" : "3") + " 0 R ",
+          document_.resources.UsedBy(line.operators) + " ",
       line.operators);
   document_.out.EndObject();
 }

@@ -28,13 +28,7 @@ struct LineWriter::Spacing {
   std::string before, after;
 };
 
-void LineWriter::EnsureFont() {
-  TextState& state = document_.state.text;
-  if (!state.fontResource.empty()) return;
-  const double size = state.size;
-  fonts_.Set("Arial", 0, state.fontStyle, state.codePage);
-  state.size = size;
-}
+void LineWriter::EnsureFont() { fonts_.Ensure(); }
 
 LineWriter::Spacing LineWriter::Space(const TextLine& line) const {
   const TextState& state = document_.state.text;

@@ -86,15 +86,13 @@ std::string WriteBlankProof(Ledger& ledger, const FormBlank& blank, int pages,
   for (int page = 1; page <= pages && pdf.ErrNumber() == 0; ++page) {
     pdf.BeginPage();
     if (page == 1) DefineGrid(pdf);
-    pdf.ImportPage(file, page);
+    if (!pdf.ImportPage(file, page)) return "cannot be used: " + pdf.ErrDescription();
     pdf.DrawObject(kGrid);
     DrawSamples(pdf, blank, page);
     pdf.EndPage();
   }
-  if (pdf.ErrNumber() == 0) pdf.EndDoc();
-  if (pdf.ErrNumber() == 0) return "";
-  const bool isImport = pdf.ErrSource().ends_with(".ImportPage");
-  return (isImport ? "cannot be used: " : "the proof cannot be written: ") + pdf.ErrDescription();
+  if (pdf.ErrNumber() == 0 && pdf.EndDoc()) return "";
+  return "the proof cannot be written: " + pdf.ErrDescription();
 }
 
 }  // namespace lm

@@ -41,10 +41,6 @@ void SetUp(clsPDFCreator& pdf, const Ledger& ledger, const PensionForm& form) {
   pdf.SetCompression(kLzw, 0, 0);
 }
 
-bool FailedIn(const clsPDFCreator& pdf, std::string_view operation) {
-  return pdf.ErrSource().ends_with(operation);
-}
-
 std::string FileText(const fs::path& file) { return "File: '" + PathText(file) + "'\\n"; }
 
 }  // namespace
@@ -98,8 +94,7 @@ bool FormPrinter::WriteFile(const FormRow& record, const FormBlank& blank, const
   }
   for (int page = 1; page <= blank.pages; ++page) {
     pdf.BeginPage();
-    pdf.ImportPage(PathText(blankFile), page, 0, 0, 0, 0);
-    if (FailedIn(pdf, ".ImportPage")) {
+    if (!pdf.ImportPage(PathText(blankFile), page)) {
       const std::string reason = pdf.ErrDescription();
       pdf.Abort();
       Tell("The blank pension form could not be used", FileText(blankFile) + reason);
@@ -109,8 +104,7 @@ bool FormPrinter::WriteFile(const FormRow& record, const FormBlank& blank, const
     pdf.EndPage();
   }
   const std::string overlayError = pdf.ErrDescription();
-  pdf.EndDoc();
-  if (FailedIn(pdf, ".EndDoc")) {
+  if (!pdf.EndDoc()) {
     Tell("The pension form could not be written", FileText(file) + pdf.ErrDescription());
     return false;
   }

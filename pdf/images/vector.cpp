@@ -16,6 +16,14 @@ std::string Coordinate(double points, const Document& document) {
   return document.Points(std::clamp(points, -kFar, kFar)) + " ";
 }
 
+VectorOperator InRgb(const VectorOperator& op) {
+  if ((op.name != "k" && op.name != "K") || op.numbers.size() != 4) return op;
+  const double black = op.numbers[3];
+  VectorOperator rgb{op.kind, op.name == "k" ? "rg" : "RG", {}};
+  for (std::size_t i = 0; i < 3; ++i) rgb.numbers.push_back((1 - op.numbers[i]) * (1 - black));
+  return rgb;
+}
+
 }  // namespace
 
 void Append(std::vector<VectorOperator>& operators, VectorOperator added) {
@@ -33,7 +41,8 @@ std::string DrawnIn(const VectorPicture& picture, const PictureBox& box, const D
     text += Coordinate(value, document);
   }
   text += "re W n\n";
-  for (const VectorOperator& op : picture.operators) {
+  for (const VectorOperator& each : picture.operators) {
+    const VectorOperator& op = document.pdfA ? InRgb(each) : each;
     using Kind = VectorOperator::Kind;
     const bool dash = op.kind == Kind::Dash;
     if (dash) text += "[";

@@ -43,7 +43,8 @@ struct PictureBox {
   double x = 0, y = 0, width = 0, height = 0;
 };
 
-// The operators that draw the picture in the box and nowhere else, between "q" and "Q".
+// The operators that draw the picture in the box and nowhere else, between "q" and "Q"; under PDF/A
+// in RGB for CMYK.
 std::string DrawnIn(const VectorPicture& picture, const PictureBox& box, const Document& document);
 
 }  // namespace lm::pdf

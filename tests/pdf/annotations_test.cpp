@@ -178,7 +178,8 @@ TEST(Annotations, ConformToPdfA) {
   }
   AnnotatedPdf file;
   file.pdf.SetPDFa(true);
-  file.pdf.SetFont("Courier New", 10);
+  file.pdf.AddFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", "Archive");
+  file.pdf.SetFont("Archive", 10);
   DrawBox(file.pdf);
   file.pdf.LinkTo("http:x");
   file.pdf.LinkTo("page:1");

@@ -8,7 +8,8 @@ namespace {
 TEST(Colours, EveryNotationHasItsStoredForm) {
   Document document;
   document.prefix = "A1+";
-  document.patternNames = {"ID77", "my tiles"};
+  document.resources.Add(ResourceKind::Pattern, PatternResource("ID77", document), 7);
+  document.resources.Add(ResourceKind::Pattern, PatternResource("my tiles", document), 8);
   const struct {
     const char *input, *stored;
   } cases[] = {
@@ -47,7 +48,7 @@ TEST(Colours, EveryNotationHasItsStoredForm) {
 TEST(Colours, NonsenseIsRefused) {
   Document document;
   document.prefix = "A1+";
-  document.patternNames = {"ID77"};
+  document.resources.Add(ResourceKind::Pattern, PatternResource("ID77", document), 7);
   for (const char* input :
        {"banana",   "16777216", "99999999999999", "-2",       "#",         "#12345", "#GGGGGG",
         "#1 2 3",   "#0.5 0.5", "#1e-1 0 0",      "#nan 0 0", "#-0.5 0 0", "@",      "@1;2",

@@ -100,7 +100,7 @@ TEST_F(DocumentFileTest, LeavesTheOldFileWhenGivenUp) {
   writer_.BeginPage();
   Begin();
   EXPECT_EQ(Bytes(), kOld);
-  writer_.EndDoc();
+  EXPECT_TRUE(writer_.EndDoc());
   EXPECT_EQ(writer_.FileSize(), std::ssize(Bytes()));
   EXPECT_EQ(Files(), "out.pdf ");
 }
@@ -146,7 +146,7 @@ TEST_F(DocumentFileTest, LeavesTheOldFileOnAFullDisk) {
       const FullDisk disk(10'000);
       DrawPages(pages);
       EXPECT_EQ(writer_.ErrNumber(), pages == 1 ? 0 : 75);
-      writer_.EndDoc();
+      EXPECT_FALSE(writer_.EndDoc());
     }
     EXPECT_EQ(writer_.ErrNumber(), 75);
     EXPECT_EQ(writer_.ErrSource(), "PageWriter.EndDoc");

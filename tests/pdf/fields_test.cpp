@@ -87,6 +87,24 @@ TEST(DrawField, RadioButtonsOfANameAreAGroup) {
   EXPECT_GT(file.Inked(55, 105, 65, 115), 40);
 }
 
+TEST(DrawField, RadioButtonsAreNumberedPastTheNamesThatWereGiven) {
+  AnnotatedPdf file;
+  const auto draw = [&](const char* state) {
+    file.pdf.DrawField(5, "pay", 50, 50, 20, 20, "2", "", 0, "", "", 1, 0, state);
+  };
+  draw("2");
+  draw("");
+  draw("");
+  EXPECT_EQ(file.pdf.ErrNumber(), 0);
+  draw("3");  // is the second one's by now
+  EXPECT_EQ(file.pdf.ErrNumber(), 5);
+  const std::string bytes = file.Finish();
+  for (const char* state : {"/2 ", "/3 ", "/4 "}) {
+    const std::string entry = "/AP << /N << " + std::string(state);
+    EXPECT_TRUE(Has(bytes, entry) && bytes.find(entry) == bytes.rfind(entry)) << state;
+  }
+}
+
 // Viewers that do not draw ticks and dots themselves show the field's own.
 TEST(DrawField, BringsPicturesOfItsStates) {
   AnnotatedPdf file;
@@ -223,6 +241,8 @@ TEST(DrawField, DrawsEachStyleOfBorder) {
 TEST(DrawField, ConformsToPdfA) {
   AnnotatedPdf file;
   file.pdf.SetPDFa(true);
+  file.pdf.AddFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", "Archive");
+  file.pdf.SetFont("Archive", 10);
   for (int type = 0; type < 6; ++type)
     file.pdf.DrawField(type, "f" + std::to_string(type), 50, 50 + 50 * type, 60, 30, "1", "", 0,
                        "#000000", "", 1, 0, "1");

@@ -88,7 +88,8 @@ TEST(Fonts, ObjectIsWrittenOnceAtFirstUse) {
   EXPECT_EQ(open.fonts.Count(), 2);
   open.fonts.Set("Arial", 12, 3, 162);
   EXPECT_EQ(open.fonts.Count(), 3);
-  EXPECT_EQ(open.document.fonts, "/A1F+FNT_1 4 0 R /A1F+FNT_2 5 0 R /A1F+FNT_3 6 0 R ");
+  EXPECT_EQ(open.document.resources.Entries(ResourceKind::Font),
+            "/A1F+FNT_1 4 0 R /A1F+FNT_2 5 0 R /A1F+FNT_3 6 0 R ");
   const std::string bytes = open.Bytes();
   const std::string begin =
       "4 0 obj\n<< /Type /Font /Subtype /Type1 /Name /A1F+FNT_1 /BaseFont /Arial /FirstChar 32 "

@@ -202,7 +202,7 @@ TEST(Graphics, OneStateForEachTransparency) {
   EXPECT_EQ(drawing.Take(),
             "/A1+GS_100 gs\n/A1+GS_100 gs\n/A1+GSF_50 gs\n/A1+GSF_50 gs\n/A1+GSL_0 "
             "gs\n/A1+GSB_ColorDodge gs\n");
-  EXPECT_EQ(drawing.document.extGStates,
+  EXPECT_EQ(drawing.document.resources.Entries(ResourceKind::ExtGState),
             "/A1+GS_100 4 0 R /A1+GSF_50 5 0 R /A1+GSL_0 6 0 R /A1+GSB_ColorDodge 7 0 R ");
   EXPECT_EQ(drawing.document.versionStep, 1);
   const std::string file = drawing.File();
@@ -222,7 +222,7 @@ TEST(Graphics, AnArchiveIsOpaque) {
   EXPECT_THROW(g.SetAlphaFill(0), Error);
   EXPECT_THROW(g.SetAlphaLine(-5), Error);
   EXPECT_THROW(g.SetBlend("Multiply"), Error);
-  EXPECT_EQ(archive.document.extGStates, "");
+  EXPECT_EQ(archive.document.resources.Entries(ResourceKind::ExtGState), "");
   EXPECT_EQ(archive.Take(), "");
   g.SetAlpha(150);
   g.SetBlend("normal");
@@ -237,7 +237,8 @@ TEST(Graphics, AGradientWithoutItsLastNumbersIsAPlainOne) {
   drawing.graphics.SetColorFill("ID1");
   drawing.graphics.SetColorLine("ID2");
   EXPECT_EQ(drawing.Take(), "/Pattern cs /A1+ID1 scn\n/Pattern CS /A1+ID2 SCN\n");
-  EXPECT_EQ(drawing.document.patterns, "/A1+ID1 4 0 R /A1+ID2 5 0 R ");
+  EXPECT_EQ(drawing.document.resources.Entries(ResourceKind::Pattern),
+            "/A1+ID1 4 0 R /A1+ID2 5 0 R ");
   const std::string file = drawing.File();
   EXPECT_NE(file.find("<</Type /Pattern /PatternType 2 /Matrix [ 1 0 0 -1 0 842] /Shading "
                       "<<\r\n/ColorSpace /DeviceRGB "
@@ -268,7 +269,7 @@ TEST(Graphics, TilingPatterns) {
   g.EndObject();
   const std::string file = drawing.File();
   EXPECT_NE(file.find("<< /Type /Pattern /PatternType 1 /PaintType 2 /TilingType 1 /BBox [0 0 10 "
-                      "20] /Resources 3 0 R "
+                      "20] /Resources << /ProcSet 3 0 R >> "
                       "/XStep 10 /YStep 25 /Matrix [1 0 0 1 0 0]"),
             std::string::npos);
   EXPECT_NE(file.find("1 0 0 -1 0 20 cm \r1 w\n1 1 2 2 re f*\nq\n0 0 "), std::string::npos);
@@ -364,7 +365,7 @@ TEST(Graphics, Layers) {
   EXPECT_EQ(Count(page, "/OC /A1+LAY_1 BDC\nEMC\n"), 2U);
   EXPECT_EQ(Count(page, "/OC /A1+GRLAY_1 BDC\nEMC\n"), 1U);
   EXPECT_EQ(drawing.document.versionStep, 2);
-  EXPECT_EQ(Count(drawing.document.properties, " 0 R "), 5U);
+  EXPECT_EQ(Count(drawing.document.resources.Entries(ResourceKind::Properties), " 0 R "), 5U);
   const std::string catalog = g.CatalogEntries();
   EXPECT_NE(catalog.find("/OFF [5 0 R 7 0 R ]"), std::string::npos) << catalog;
   g.WriteAtEnd();

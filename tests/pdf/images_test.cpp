@@ -309,6 +309,7 @@ TEST_F(Images, FailuresLeaveNothing) {
       {File("a.tif", "II*"), 5, "not supported"},
       {File("png", FourColours()), 5, "not supported"},
       {File("b.gif", FourColours()), 5, "no GIF"},
+      {File("b.Jpeg", FourColours()), 5, "no JPEG"},
       {File("c.png", FourColours().substr(0, 60)), 5, "breaks off"},
       {PathText(directory_.Path()) + "/", 5, "not supported"},
   };

@@ -196,7 +196,7 @@ TEST_F(ImportTest, WhatCannotBeReadDrawsNothing) {
   Begin();
   pdf::FileInfo info;
   for (const auto& each : cases) {
-    writer.ImportPage(each.name, each.page);
+    EXPECT_FALSE(writer.ImportPage(each.name, each.page));
     EXPECT_EQ(writer.ErrNumber(), each.number) << each.name;
     EXPECT_EQ(writer.ErrSource(), "PageWriter.ImportPage");
     EXPECT_NE(writer.ErrDescription().find(each.reason), std::string::npos)
@@ -243,7 +243,8 @@ TEST_F(ImportTest, DocumentsShareParsedFiles) {
     import.Share(cache);
     import.ImportPage(source, 1);
     EXPECT_EQ(parsed.use_count(), users + 1);
-    EXPECT_NE(document.xObjects.find("PDF_1.1 "), std::string::npos);
+    EXPECT_NE(document.resources.Entries(pdf::ResourceKind::XObject).find("PDF_1.1 "),
+              std::string::npos);
   }
 }
 

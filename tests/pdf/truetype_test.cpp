@@ -301,7 +301,7 @@ struct Written {
     out.WriteObject(2, "<< /Type /Catalog /Pages 1 0 R >>");
     out.WriteObject(3, "<< /Type /Page /Parent 1 0 R /MediaBox [0 0 300 100] /Contents " +
                            std::to_string(contents) + " 0 R /Resources << /Font << " +
-                           document.fonts + ">> >> >>");
+                           document.resources.Entries(ResourceKind::Font) + ">> >> >>");
     const std::int64_t at = out.Size();
     out.WriteCrossReference();
     out.Write("trailer\n<< /Size " + std::to_string(out.ObjectCount() + 1) +
@@ -427,7 +427,7 @@ TEST(AddFont, FailureLeavesNoFont) {
   EXPECT_EQ(number(written.Save("nameless.ttf", FontFile(nameless)), ""), 5);
   EXPECT_EQ(number(written.Save("blank.ttf", FontFile(nameless)), "  "), 5);
   EXPECT_EQ(written.fonts.Count(), 0);
-  EXPECT_EQ(written.document.fonts, "");
+  EXPECT_EQ(written.document.resources.Entries(ResourceKind::Font), "");
   EXPECT_EQ(written.document.out.ObjectCount(), objects);
 }
 
