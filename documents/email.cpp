@@ -66,14 +66,15 @@ struct MailTexts {
 bool PrepareDocument(Ledger& ledger, const std::string& invoiceId, const fs::path& file) {
   const RecordIndex index(ledger);
   InvoiceRenderer renderer(ledger, index);
-  if (!IsWholePdf(file)) return renderer.CreateInvoice(invoiceId);
+  const auto make = [&] { return renderer.CreateInvoice(invoiceId) && renderer.Finish(); };
+  if (!IsWholePdf(file)) return make();
   if (renderer.IsCurrent(invoiceId)) return true;
   switch (ShowMessage(ledger, "The document of this invoice is out of date",
                       "The invoice or its template has changed since the document was made.\\n\\n"
                       "Click Yes to make it anew and send it.\\nClick No to send it as it is.",
                       Buttons::YesNoCancel, Icon::Question, "Send By E-mail")) {
     case Answer::Yes:
-      return renderer.CreateInvoice(invoiceId);
+      return make();
     case Answer::No:
       return true;
     default:

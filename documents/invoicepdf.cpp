@@ -71,6 +71,11 @@ std::uint32_t NamesNumber(const std::string& id, Date moment) {
   return static_cast<std::uint32_t>(std::stoul(digest.substr(0, 6), nullptr, 16));
 }
 
+void TellUnwritten(Ledger& ledger, const fs::path& file, const std::string& reason) {
+  ShowMessage(ledger, "The invoice could not be written",
+              "File '" + PathText(file) + "'\\n\\n" + reason);
+}
+
 void Describe(clsPDFCreator& pdf, const Ledger& ledger, const std::string& practice) {
   const std::string name =
       MyDetail(ledger, kFirstNameField) + " " + MyDetail(ledger, kLastNameField);
@@ -125,7 +130,7 @@ bool InvoiceRenderer::CreateInvoice(const std::string& invoiceId, const std::str
       Template(templateName.empty() ? GetOption(ledger_, optInvoiceTemplate) : templateName);
   failedForAll_ = !layout;
   if (!layout) return false;
-  if (Write(id, row, *layout, file, ledger_.platform.clock)) {
+  if (Write(id, row, *layout, file, ledger_.platform.clock, &documents_)) {
     ledger_.history.DocumentWritten();
     return true;
   }
@@ -165,7 +170,7 @@ bool InvoiceRenderer::IsCurrent(const std::string& invoiceId) {
   // Drawn at the moment at which the stored one was, it must come out the same to the last byte.
   StandingClock clock(*made);
   const fs::path again = ledger_.File(kInvoiceFolder) / "_Compare.pdf";
-  if (!Write(invoiceId, row, *layout, again, clock)) return true;
+  if (!Write(invoiceId, row, *layout, again, clock, nullptr)) return true;
   const bool same = Bytes(again) == stored;
   std::error_code ignored;
   fs::remove(again, ignored);
@@ -173,8 +178,9 @@ bool InvoiceRenderer::IsCurrent(const std::string& invoiceId) {
 }
 
 bool InvoiceRenderer::Write(const std::string& id, int row, const DocumentTemplate& layout,
-                            const fs::path& file, ClockPort& clock) {
+                            const fs::path& file, ClockPort& clock, FileBatch* batch) {
   clsPDFCreator pdf(clock);
+  if (batch) pdf.LeaveTo(*batch);
   Describe(pdf, ledger_, PracticeName(ledger_, ledger_.fgInvoices.TextMatrix(row, "PRACTICE")));
   SetUpPage(pdf, layout);
   pdf.SetNamesNumber(NamesNumber(id, clock.Now()));
@@ -183,14 +189,20 @@ bool InvoiceRenderer::Write(const std::string& id, int row, const DocumentTempla
     InvoicePages(ledger_, index_, layout, pdf, toldFaults_).Draw(id);
     if (pdf.EndDoc()) return true;  // an item's fault was told already
   }
-  ShowMessage(ledger_, "The invoice could not be written",
-              "File '" + PathText(file) + "'\\n\\n" + pdf.ErrDescription());
+  TellUnwritten(ledger_, file, pdf.ErrDescription());
   return false;
+}
+
+bool InvoiceRenderer::Finish() {
+  const std::vector<FileBatch::Failure> failures = documents_.Finish();
+  for (const auto& [file, error] : failures) TellUnwritten(ledger_, file, error);
+  return failures.empty();
 }
 
 bool CreateInvoice(Ledger& ledger, const std::string& invoiceId, const std::string& templateName) {
   const RecordIndex index(ledger);
-  return InvoiceRenderer(ledger, index).CreateInvoice(invoiceId, templateName);
+  InvoiceRenderer renderer(ledger, index);
+  return renderer.CreateInvoice(invoiceId, templateName) && renderer.Finish();
 }
 
 }  // namespace lm

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/files.h"
 #include "core/ledger.h"
 #include "core/platform.h"
 #include "documents/template.h"
@@ -24,9 +25,13 @@ class InvoiceRenderer {
  public:
   InvoiceRenderer(Ledger& ledger, const RecordIndex& index) : ledger_(ledger), index_(index) {}
 
-  // Writes the invoice's document with the template of the options; with a template's file name a
+  // Makes the invoice's document with the template of the options; with a template's file name a
   // preview. False after its message; an older document of that name then stays as it was.
+  // Documents stand under their names once Finish has put them there.
   bool CreateInvoice(const std::string& invoiceId, const std::string& templateName = "");
+  // All documents together onto the disk, before the records that speak of them are saved. False
+  // after a message for each that would not go.
+  bool Finish();
   // False after its message when there is no folder for documents.
   bool HasFolder();
   // False when the invoice's document would come out otherwise if it were made now, by its figures,
@@ -40,12 +45,13 @@ class InvoiceRenderer {
   const DocumentTemplate* Template(const std::string& name);  // null after its message
   // The clock tells the moment of creation.
   bool Write(const std::string& id, int row, const DocumentTemplate& layout,
-             const std::filesystem::path& file, ClockPort& clock);
+             const std::filesystem::path& file, ClockPort& clock, FileBatch* batch);
 
   Ledger& ledger_;
   const RecordIndex& index_;
   std::map<std::string, DocumentTemplate, std::less<>> templates_;
   std::set<std::string> toldFaults_;
+  FileBatch documents_;
   bool failedForAll_ = false;
 };
 

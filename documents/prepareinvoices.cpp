@@ -143,6 +143,7 @@ int Batch::Run() {
     ShowProgress(i, ids.size(), ids[i]);
     InvoicePractice(ids[i]);
   }
+  renderer_.Finish();
   ledger_.platform.progress.Hide();
   return made_;
 }

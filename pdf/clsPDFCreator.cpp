@@ -71,6 +71,8 @@ void clsPDFCreator::Build() {
       std::make_unique<pdf::Pages>(*document_, *texts_, *graphics_, *annotations_, clock_.Now());
 }
 
+void clsPDFCreator::LeaveTo(FileBatch& batch) { document_->out.LeaveTo(&batch); }
+
 void clsPDFCreator::SetNamesNumber(std::uint32_t number) { document_->namesNumber = number; }
 
 void clsPDFCreator::ShareFiles(std::shared_ptr<pdf::FileCache> cache) {

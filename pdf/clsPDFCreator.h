@@ -26,6 +26,8 @@
 
 namespace lm {
 
+class FileBatch;
+
 namespace pdf {
 class Annotations;
 class FileCache;
@@ -313,9 +315,9 @@ class clsPDFCreator {
   bool GetImportSize(std::string_view file, int page, double& width, double& height);
   // Size in points before the page is cropped and turned; rotate 0, 90, 180 or 270.
   bool GetInfoPage(std::string_view file, int page, double& width, double& height, int& rotate);
-  // Draws the page as it is printed; a width or height of 0 is its own. False, and an error, without a
-  // document; under PDF/A for what that does not allow: transparency, fonts that are not embedded,
-  // CMYK, LZW.
+  // Draws the page as it is printed; a width or height of 0 is its own. False, and an error,
+  // without a document; under PDF/A for what that does not allow: transparency, fonts that are not
+  // embedded, CMYK, LZW.
   bool ImportPage(std::string_view file, int page, double x = 0, double y = 0, double width = 0,
                   double height = 0);
   // A file is parsed once for all writers that share a cache: forms are printed over by hundreds.
@@ -379,6 +381,11 @@ class clsPDFCreator {
   // Before BeginDoc: the number (its lowest 24 bits count) behind the prefix of all resource names,
   // which is drawn by chance otherwise. With the same number and clock the same document comes out.
   void SetNamesNumber(std::uint32_t number);
+
+  // Before BeginDoc: EndDoc leaves the file to the batch, which outlives this; it then stands under
+  // its name, and on the disk, when the batch has finished. Without one it stands there at once,
+  // but a power cut may lose it.
+  void LeaveTo(FileBatch& batch);
 
   // Settings of the document, before or after BeginDoc.
 

@@ -104,7 +104,7 @@ void Output::Flush() {
 void Output::Close() {
   RequireOpen();
   Flush();
-  if (file_.Commit(failure_, false)) return;
+  if (batch_ ? file_.CommitLater(failure_, *batch_) : file_.Commit(failure_, false)) return;
   size_ = 0;
   ThrowFileTrouble(failure_);
 }

@@ -35,7 +35,9 @@ class Output {
   // an old file of that name is as it was. Throws Error when it could not be replaced.
   void Open(const std::filesystem::path& path);
   bool IsOpen() const { return file_.IsOpen(); }
-  void Close();                                // throws Error when the disk did not take everything
+  void Close();  // throws Error when the disk did not take everything
+  // From now on Close leaves the files to the batch, which outlives this.
+  void LeaveTo(FileBatch* batch) { batch_ = batch; }
   void Discard() noexcept;                     // forgets what was written; nothing after Close
   std::int64_t Size() const { return size_; }  // also after Close; 0 after a failure
 
@@ -87,6 +89,7 @@ class Output {
   void Flush();
 
   FileReplacement file_;
+  FileBatch* batch_ = nullptr;
   std::string failure_;  // of a write: the file is spoilt from then on
   std::string buffer_;
   std::int64_t size_ = 0;

@@ -7,10 +7,10 @@ namespace lm {
 namespace {
 
 constexpr ColumnSpec kSessionColumns[] = {
-    SessionColumn("ID"),       SessionColumn("SDATE"), SessionColumn("STIME"),
-    SessionColumn("EDATE"),    SessionColumn("ETIME"), SessionColumn("RATE"),
-    SessionColumn("EXTRAS"),   SessionColumn("EMPLOYERCONTRIB"),
-    SessionColumn("EXPENSES"), SessionColumn("TOTAL"), SessionColumn("FORMS"),
+    SessionColumn("ID"),     SessionColumn("SDATE"),           SessionColumn("STIME"),
+    SessionColumn("EDATE"),  SessionColumn("ETIME"),           SessionColumn("RATE"),
+    SessionColumn("EXTRAS"), SessionColumn("EMPLOYERCONTRIB"), SessionColumn("EXPENSES"),
+    SessionColumn("TOTAL"),  SessionColumn("FORMS"),
 };
 constexpr TableSpec kSessionTable{"fgSessions", kSessionColumns};
 

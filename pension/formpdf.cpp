@@ -85,6 +85,7 @@ bool FormPrinter::WriteFile(const FormRow& record, const FormBlank& blank, const
   const FormFigures figures = FiguresOf(ledger_, sessions_, record);
   const fs::path blankFile = ledger_.File(kBlankFolder) / blank.file;
   clsPDFCreator pdf(ledger_.platform.clock);
+  pdf.LeaveTo(documents_);
   pdf.ShareFiles(blanks_);
   SetUp(pdf, ledger_, record.form);
   pdf.BeginDoc(PathText(file));
@@ -120,6 +121,13 @@ bool FormPrinter::WriteFile(const FormRow& record, const FormBlank& blank, const
   return true;
 }
 
+bool FormPrinter::Finish() {
+  const std::vector<FileBatch::Failure> failures = documents_.Finish();
+  for (const auto& [file, error] : failures)
+    Tell("The pension form could not be written", FileText(file) + error);
+  return failures.empty();
+}
+
 void FormPrinter::Tell(std::string_view heading, const std::string& text, std::string_view title) {
   if (told_.insert(std::string(heading) + text).second)
     ShowMessage(ledger_, heading, text, Buttons::Ok, Icon::Exclamation, title);
@@ -137,8 +145,9 @@ bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool rec
                 "Forms C and D cannot be made any more. The file would be\\n" + PathText(file));
     return false;
   }
-  if ((!hasFile || (recreate && !form.IsRetired())) && !FormPrinter(ledger).Write(form, row))
-    return false;
+  FormPrinter printer(ledger);
+  const bool make = !hasFile || (recreate && !form.IsRetired());
+  if (make && !(printer.Write(form, row) && printer.Finish())) return false;
   return ledger.platform.system.Open(PathText(file));
 }
 

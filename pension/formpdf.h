@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/files.h"
 #include "core/ledger.h"
 #include "pension/form.h"
 #include "pension/monthsessions.h"
@@ -32,9 +33,12 @@ class FormPrinter {
   // False after its message, so that nothing is made whose document has no folder to go to.
   bool HasFolder();
   // From the form's row in its table. False after its message; an older document then stays as it
-  // was. A part of the form that could not be drawn, such as a damaged signature, is told and left
-  // out.
+  // was. Documents stand under their names once Finish has put them there. A part of the form that
+  // could not be drawn, such as a damaged signature, is told and left out.
   bool Write(const PensionForm& form, int row);
+  // All documents together onto the disk, before the records that speak of them are saved. False
+  // after a message for each that would not go.
+  bool Finish();
 
  private:
   bool WriteFile(const FormRow& record, const FormBlank& blank, const std::filesystem::path& file);
@@ -45,6 +49,7 @@ class FormPrinter {
   std::shared_ptr<pdf::FileCache> blanks_;
   SessionsByMonth sessions_;
   std::set<std::string> told_;
+  FileBatch documents_;
 };
 
 // Opens the document of a row of the form's table, written first where it does not exist or

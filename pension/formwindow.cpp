@@ -211,7 +211,11 @@ void FormWindow::Ok() {
         Buttons::YesNoCancel, Icon::Question);
   if (recreate == Answer::Cancel) return;
   Store();
-  if (recreate == Answer::Yes) FormPrinter(ledger).Write(form_, Row());
+  if (recreate == Answer::Yes) {
+    FormPrinter printer(ledger);
+    printer.Write(form_, Row());
+    printer.Finish();
+  }
   Close();
 }
 

@@ -106,8 +106,11 @@ void frmPensionForms::PrepareAll(FormPrinter& printer, const MonthSessions& sess
 int frmPensionForms::MakeForms(FormPrinter& printer, const PensionForm& form,
                                const MonthSessions& sessions) {
   const std::string practice = cboPractice.ItemData();
-  if (practice.empty()) return CreateForms(ledger, printer, form, sessions);
-  return CreateForm(ledger, printer, form, sessions, practice) == Making::Made;
+  const int made = practice.empty()
+                       ? CreateForms(ledger, printer, form, sessions)
+                       : CreateForm(ledger, printer, form, sessions, practice) == Making::Made;
+  printer.Finish();
+  return made;
 }
 
 void frmPensionForms::PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
@@ -134,6 +137,7 @@ void frmPensionForms::PrepareOfPractices(FormPrinter& printer, const PensionForm
 void frmPensionForms::PrepareFormB(FormPrinter& printer, const MonthSessions& sessions) {
   const std::string month = ChosenMonth().Text("mmmm yyyy");
   const Making making = CreateForm(ledger, printer, kFormB, sessions);
+  printer.Finish();
   if (making == Making::Made)
     TellMade(ledger, "Form B calculated for " + month + ".");
   else if (making == Making::NothingToMake)

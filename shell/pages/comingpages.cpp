@@ -4,19 +4,36 @@ namespace lm {
 namespace {
 
 constexpr PageSpec kCalendar{
-    Page::Calendar, "Calendar", "calendar", "mnuViewCalendar", "",
+    Page::Calendar,
+    "Calendar",
+    "calendar",
+    "mnuViewCalendar",
+    "",
     "The calendar views are not available in this version yet. Your sessions are on the Sessions "
     "page."};
 constexpr PageSpec kEvents{
-    Page::Events, "Events", "events", "mnuVewEvents", "cmdEventPage",
+    Page::Events,
+    "Events",
+    "events",
+    "mnuVewEvents",
+    "cmdEventPage",
     "Your events are listed here. They cannot be added or changed in this version yet."};
-constexpr PageSpec kReports{Page::Reports, "Reports", "reports", "mnuViewReports", "",
-                            "The reports are not available in this version yet."};
+constexpr PageSpec kReports{
+    Page::Reports,    "Reports", "reports",
+    "mnuViewReports", "",        "The reports are not available in this version yet."};
 constexpr PageSpec kExpenses{
-    Page::Expenses, "Expenses", "expenses", "mnuViewExpenses", "",
+    Page::Expenses,
+    "Expenses",
+    "expenses",
+    "mnuViewExpenses",
+    "",
     "Your general expenses are listed here. They cannot be added or changed in this version yet."};
 constexpr PageSpec kToday{
-    Page::LMToday, "LM Today", "lmtoday", "mnuViewLMToday", "",
+    Page::LMToday,
+    "LM Today",
+    "lmtoday",
+    "mnuViewLMToday",
+    "",
     "LM Today will show your coming sessions and what is left to do. It is not available in this "
     "version yet."};
 

@@ -16,9 +16,8 @@ constexpr RecordList::Texts kTexts{
 
 InvoicesPage::InvoicesPage(frmMain& theWindow)
     : MainPage(theWindow, kSpec), list_(AddList(ledger.fgInvoices, kTexts, &rules_)) {
-  list_.FilterBy(tabInvoices, [this](int tab) {
-    return InvoicesOf(ledger, static_cast<InvoiceState>(tab));
-  });
+  list_.FilterBy(tabInvoices,
+                 [this](int tab) { return InvoicesOf(ledger, static_cast<InvoiceState>(tab)); });
   SetTabs(tabInvoices);
   SetGrouping({&cboGroupInvoices, &lblGrpByInvoice, &lblCollapseInvoices});
   list_.GroupBy(kGroupedInvoices, Grouping());
@@ -51,8 +50,8 @@ void InvoicesPage::AddCommands() {
   OnCommand("mnuPopInv_DeleteInvoice", {Pressing(cmdDeleteInvoice)});
 
   SetListMenu("mnuPopInvoices");
-  for (const char* entry : {"cmdEditInvoice", "mnuPopOpenDocument",
-                            "mnuPopRecreateAndOpenDocument", "mnuPopInv_DeleteInvoice"})
+  for (const char* entry : {"cmdEditInvoice", "mnuPopOpenDocument", "mnuPopRecreateAndOpenDocument",
+                            "mnuPopInv_DeleteInvoice"})
     OfferEntry(entry, [this] { return EnabledIf(list_.OnRecord()); });
 }
 

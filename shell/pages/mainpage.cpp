@@ -16,22 +16,19 @@ RecordList& MainPage::AddList(Grid& table, RecordList::Texts texts, GridRules* r
   return *lists_.emplace_back(std::make_unique<RecordList>(ledger, table, texts));
 }
 
-void MainPage::AddButton(PageButton button, std::string_view caption,
-                         std::function<void()> press) {
+void MainPage::AddButton(PageButton button, std::string_view caption, std::function<void()> press) {
   button.button->SetText(caption);
   button.button->onPressed = std::move(press);
   buttons_.push_back(std::move(button));
 }
 
 RecordList* MainPage::ListOf(const Grid& grid) const {
-  const auto list = std::ranges::find_if(
-      lists_, [&](const auto& each) { return &each->Table() == &grid; });
+  const auto list =
+      std::ranges::find_if(lists_, [&](const auto& each) { return &each->Table() == &grid; });
   return list == lists_.end() ? nullptr : list->get();
 }
 
-Grid* MainPage::GridInFront() const {
-  return lists_.empty() ? nullptr : &lists_.front()->Table();
-}
+Grid* MainPage::GridInFront() const { return lists_.empty() ? nullptr : &lists_.front()->Table(); }
 
 void MainPage::HeaderClicked(Grid& grid, int col) {
   if (RecordList* list = ListOf(grid)) list->HeaderClicked(col);

@@ -34,7 +34,7 @@ struct PageButton {
   std::string_view drawing;
   std::string_view window = "";             // that it opens; it is disabled while there is none
   std::function<bool()> enabled = nullptr;  // nothing set: always
-  std::string_view menu = "";               // drops this menu instead, and is part of the one before
+  std::string_view menu = "";  // drops this menu instead, and is part of the one before
 };
 
 // How an entry stands in the right-button menu of the cell where the cursor is.

@@ -125,9 +125,7 @@ void PensionPage::DataLoaded() {
   TabChosen();
 }
 
-bool PensionPage::OnPayments() const {
-  return &List().Table() == &ledger.fgPensionPayments;
-}
+bool PensionPage::OnPayments() const { return &List().Table() == &ledger.fgPensionPayments; }
 
 void PensionPage::TabChosen() {
   cmdAddPensionForm.SetText(OnPayments() ? "Add Payment" : "Prepare Pension Forms");

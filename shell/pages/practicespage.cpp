@@ -16,8 +16,7 @@ PracticesPage::PracticesPage(frmMain& theWindow)
   AddButton({&cmdAddPractice, "plus", "frmPractice"}, "Add Practice",
             [this] { rules_.AddPressed(); });
   AddButton({&cmdEditPractice, "edit", "frmPractice"}, "Edit Practice", [this] {
-    const int row =
-        list_.SelectedRecord("Edit Practice", "There is no practice selected to edit.");
+    const int row = list_.SelectedRecord("Edit Practice", "There is no practice selected to edit.");
     if (row >= 0) rules_.Opened(row);
   });
   AddButton({&cmdDeletePractice, "delete"}, "Delete Practice",

@@ -17,9 +17,8 @@ constexpr RecordList::Texts kTexts{
 
 SessionsPage::SessionsPage(frmMain& theWindow)
     : MainPage(theWindow, kSpec), list_(AddList(ledger.fgSessions, kTexts, &rules_)) {
-  list_.FilterBy(tabSessions, [this](int tab) {
-    return SessionsOf(ledger, static_cast<SessionPeriod>(tab));
-  });
+  list_.FilterBy(tabSessions,
+                 [this](int tab) { return SessionsOf(ledger, static_cast<SessionPeriod>(tab)); });
   tabSessions.onEntered = [this, choose = std::move(tabSessions.onEntered)] {
     choose();
     if (!ledger.starting) ShowCurrentTip();

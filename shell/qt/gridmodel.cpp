@@ -105,9 +105,7 @@ int GridModel::PressedColumn(int gridRow) const {
   return -1;
 }
 
-int GridModel::TitleColumn(int gridRow) const {
-  return TitlePlace(*grid_, gridRow, firstColumn_);
-}
+int GridModel::TitleColumn(int gridRow) const { return TitlePlace(*grid_, gridRow, firstColumn_); }
 
 int GridModel::TitleEnd(int gridRow) const {
   int col = TitleColumn(gridRow) + 1;

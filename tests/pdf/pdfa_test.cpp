@@ -1,6 +1,7 @@
 // PDF/A: what a file of it cannot hold is refused or made right, and a checker has nothing to say.
 #include <functional>
 
+#include "pdf/filters.h"
 #include "pdf/import.h"
 #include "tests/pdf/annotated_pdf.h"
 #include "tests/pdf/handmade.h"
@@ -169,6 +170,10 @@ TEST(PdfA, LooksAtPagesOfOtherFiles) {
       {"CMYK", "/Resources << /ColorSpace << /C [/Indexed /DeviceCMYK 0 <00000000>] >> >>", ""},
       {"CMYK", "/Resources << /XObject << /X 7 0 R >> >>", "/X Do"},
       {"", "/Resources << >>", "BI /W 1 /H 3 /BPC 8 /CS /G ID k K\nEI 10 10 5 5 re f"},
+      {"CMYK",
+       "/Resources << >> /Annots [ << /Subtype /Widget /F 4 /Rect [1 1 9 9] /AP << /N 7 0 R >> >> "
+       "]",
+       ""},
       {"LZWDecode", "/Resources << /XObject << /X 8 0 R >> >>", "/X Do"},
       {"pictures of 16 bits", "/Resources << /XObject << /X 9 0 R >> >>", "/X Do"},
   };
@@ -195,6 +200,13 @@ TEST(PdfA, LooksAtPagesOfOtherFiles) {
     }
     EXPECT_EQ(Has(file.Finish(), "PDF_1.1"), taken);
   }
+  AnnotatedPdf file;
+  file.pdf.SetPDFa(true);
+  HandMade packed = OnePage();
+  packed.objects[3] = StreamText(pdf::EncodeLzw("1 1 5 5 re f"), "/Filter /LZWDecode");
+  packed.objects[4] = "null";
+  EXPECT_FALSE(file.pdf.ImportPage(Save(file, "packed.pdf", packed.Bytes()), 1));
+  EXPECT_TRUE(Has(file.pdf.ErrDescription(), "PDF/A allows no LZWDecode"));
 }
 
 }  // namespace

@@ -122,7 +122,8 @@ struct PaperDesk : TestLedger {
     return FormFile(ledger, {form, ledger.*form.table, Row(form, month)});
   }
   bool TryWrite(const PensionForm& form, const std::string& month) {
-    return FormPrinter(ledger).Write(form, Row(form, month));
+    FormPrinter printer(ledger);
+    return printer.Write(form, Row(form, month)) && printer.Finish();
   }
   fs::path Write(const PensionForm& form, const std::string& month) {
     EXPECT_TRUE(TryWrite(form, month));

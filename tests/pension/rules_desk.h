@@ -58,8 +58,10 @@ struct RulesDesk : TestLedger {
   // Months are told by their keys: "042024".
   bool Make(const PensionForm& form, const std::string& practice, const std::string& month) {
     FormPrinter printer(ledger);
-    return CreateForm(ledger, printer, form, MonthSessions(ledger, Month::OfKey(month)),
-                      practice) == Making::Made;
+    const Making making =
+        CreateForm(ledger, printer, form, MonthSessions(ledger, Month::OfKey(month)), practice);
+    printer.Finish();
+    return making == Making::Made;
   }
   bool MakeA(const std::string& practice, const std::string& month) {
     return Make(kFormA, practice, month);
@@ -70,7 +72,9 @@ struct RulesDesk : TestLedger {
   }
   int MakeAll(const PensionForm& form, const std::string& month) {
     FormPrinter printer(ledger);
-    return CreateForms(ledger, printer, form, MonthSessions(ledger, Month::OfKey(month)));
+    const int made = CreateForms(ledger, printer, form, MonthSessions(ledger, Month::OfKey(month)));
+    printer.Finish();
+    return made;
   }
   int Row(const PensionForm& form, const std::string& month, const std::string& practice = "") {
     return RowOfForm(ledger, form, Month::OfKey(month), practice);

@@ -7,10 +7,7 @@
 #include "pension/shippedforms.h"
 
 namespace lm::test {
-namespace {
-
-
-}  // namespace
+namespace {}  // namespace
 
 void FillDemo(TestLedger& test) {
   Ledger& ledger = test.ledger;
@@ -118,6 +115,7 @@ void FillPensionDemo(TestLedger& test) {
   set("2", "NOTES", "Rang on Monday for the signed form.");
   CreateForm(ledger, printer, kFormB, february);
   CreateForms(ledger, printer, kFormSolo, january);
+  printer.Finish();
   const Grid& formsSolo = ledger.fgPensionSolo;
   test.AddRow(
       ledger.fgPensionPayments,
