@@ -191,8 +191,11 @@ void Script::DoSet(Words words) {
     throw ScriptError("no such item: " + words[1]);
   if (field.Kind() == FieldKind::Label || field.Kind() == FieldKind::Button)
     throw ScriptError("not to be set: " + field.Name());
-  const bool ticked = field.Kind() == FieldKind::Check;
-  field.Owner().Enter(field, ticked ? ToUpper(words[1]) : words[1]);
+  const bool isBox = field.Kind() == FieldKind::Check;
+  const std::string text = isBox ? ToUpper(words[1]) : words[1];
+  if (isBox && text != "TRUE" && text != "FALSE")
+    throw ScriptError("a box takes TRUE or FALSE, not " + words[1]);
+  field.Owner().Enter(field, text);
   EmitField(field);
 }
 

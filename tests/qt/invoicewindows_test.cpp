@@ -139,7 +139,7 @@ TEST(BookingWindow, TicksAreClickedAndGoIntoTheText) {
 TEST(BookingWindow, AnEmptyListSaysSo) {
   Shown<frmBookingConfirmation> w;
   w.test.shown.now += 365;
-  w.screen->cboPractice.onEntered();
+  w.screen->Choose(w.screen->cboPractice, w.screen->cboPractice.Count() - 1);
   QApplication::processEvents();
   EXPECT_TRUE(w.Find<QLabel>("lblNoSessions")->isVisible());
 }
