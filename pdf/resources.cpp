@@ -36,12 +36,13 @@ std::string Keyed(ResourceKind kind, std::string_view entries) {
 
 void Resources::Add(ResourceKind kind, std::string_view name, std::string_view value) {
   Names& names = kinds_[static_cast<std::size_t>(kind)];
-  names.values.emplace(name, value);
+  const std::size_t begin = names.entries.size();
   names.entries.append(name).append(" ").append(value) += ' ';
+  names.places.emplace(name, Place{begin, names.entries.size() - begin});
 }
 
 bool Resources::Has(ResourceKind kind, std::string_view name) const {
-  return Of(kind).values.contains(std::string(name));
+  return Of(kind).places.contains(std::string(name));
 }
 
 const std::string& Resources::Entries(ResourceKind kind) const { return Of(kind).entries; }
@@ -65,9 +66,9 @@ std::string Resources::UsedBy(std::string_view operators) const {
   for (std::size_t kind = 0; kind < used.size(); ++kind) {
     std::string entries;
     for (const std::string_view name : used[kind]) {
-      const auto known = kinds_[kind].values.find(std::string(name));
-      if (known != kinds_[kind].values.end())
-        entries.append(name).append(" ").append(known->second) += ' ';
+      const auto known = kinds_[kind].places.find(std::string(name));
+      if (known == kinds_[kind].places.end()) continue;
+      entries.append(kinds_[kind].entries, known->second.begin, known->second.length);
     }
     text += Keyed(static_cast<ResourceKind>(kind), entries);
   }

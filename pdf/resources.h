@@ -34,9 +34,12 @@ class Resources {
   std::string UsedBy(std::string_view operators) const;
 
  private:
+  struct Place {
+    std::size_t begin, length;
+  };
   struct Names {
     std::string entries;
-    std::unordered_map<std::string, std::string> values;  // by name
+    std::unordered_map<std::string, Place> places;  // in `entries`, by name
   };
   const Names& Of(ResourceKind kind) const { return kinds_[static_cast<std::size_t>(kind)]; }
 
