@@ -79,7 +79,7 @@ TEST(Formatting, HiddenColumnsAndTypes) {
     EXPECT_FALSE(ledger.fgPensionB.ColHidden(ledger.fgPensionB.ColIndex("EMPLOYERCONTRIB")));
   }
   for (const Grid* grid : ledger.dataTables) {
-    const int id = grid->ColIndex("ID");
+    const int id = grid->FindCol("ID");
     EXPECT_TRUE(id < 0 || grid->ColHidden(id)) << grid->Name();
   }
   EXPECT_TRUE(ledger.fgExtras.ColHidden(ledger.fgExtras.ColIndex("SESSID")));

@@ -49,6 +49,7 @@ TEST(Grid, OutsideTheTableReadsEmptyAndWritesNothing) {
     EXPECT_EQ(grid.CellColour(CellSetting::flexcpBackColor, row, col), kNoColour);
     EXPECT_EQ(grid.MergedRange(row, col), (CellRange{row, col, row, col}));
   }
+  grid.DeclareKey("NO SUCH COLUMN");
   grid.SetTextMatrix(2, "NO SUCH COLUMN", "lost");
   grid.SetColFormat(-1, "0.00");
   grid.SetColPosition(-1, 2);

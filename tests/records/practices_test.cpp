@@ -39,7 +39,6 @@ TEST_F(Practices, LookUps) {
   EXPECT_EQ(PracticeCell(ledger, "4", "mileage"), "12");
   for (const char* unknown : {"", "5", "-1", "banana"})
     EXPECT_EQ(PracticeName(ledger, unknown), "");
-  EXPECT_EQ(PracticeCell(ledger, "4", "NO_SUCH_KEY"), "");
   EXPECT_EQ(NameForFile("St. A/B: \"East\" <1>|?*\\"), "St. AB East 1");
 }
 

@@ -94,12 +94,13 @@ TestLedger::TestLedger() {
 }
 
 int TestLedger::AddRow(Grid& grid, const std::vector<std::string>& cells) {
-  const std::string id = std::to_string(NextId(grid));
+  const int idCol = grid.FindCol("ID");  // the forms have none
+  const std::string id = idCol < 0 ? "" : std::to_string(NextId(grid));
   const int row = grid.AddItem("");
-  grid.SetTextMatrix(row, "ID", id);
+  grid.SetTextMatrix(row, idCol, id);
   for (const std::string& cell : cells) {
     const auto equals = cell.find('=');
-    grid.SetTextMatrix(row, cell.substr(0, equals), cell.substr(equals + 1));
+    grid.SetTextMatrix(row, grid.FindCol(cell.substr(0, equals)), cell.substr(equals + 1));
   }
   return row;
 }

@@ -105,7 +105,8 @@ struct TestLedger {
   TestLedger();
   operator Ledger&() { return ledger; }
 
-  // A row of a table from "KEY=text" words; an ID is given when none stands there.
+  // A row of a table from "KEY=text" words, those that the table has; an ID is given when none
+  // stands there.
   int AddRow(Grid& grid, const std::vector<std::string>& cells);
 };
 
