@@ -4,7 +4,9 @@
 
 #include <memory>
 
+#include "core/change.h"
 #include "core/formatting.h"
+#include "core/rows.h"
 #include "shell/frmMain.h"
 #include "shell/pages/sessionspage.h"
 #include "shell/windows.h"
@@ -81,10 +83,43 @@ void EditOneCell(benchmark::State& state) {
   }
 }
 
+// One plain pass over the dates: what the rest is held against.
+void ReadDates(benchmark::State& state) {
+  const lm::Grid& sessions = Page().test.ledger.fgSessions;
+  const int date = sessions.ColIndex("SDATE");
+  for (auto _ : state)
+    for (const int row : lm::Records(sessions))
+      benchmark::DoNotOptimize(sessions.TextMatrix(row, date));
+}
+
+void UndoAndRedoOneCell(benchmark::State& state) {
+  lm::History& history = Page().test.ledger.history;
+  const lm::Grid& sessions = Page().test.ledger.fgSessions;
+  const int row = sessions.FixedRows() + kSessions / 2;
+  Page().window->Edit(Page().test.ledger.fgSessions, row, sessions.ColIndex("NOTES"), "a note");
+  for (auto _ : state)
+    if (!history.Undo() || !history.Redo()) state.SkipWithError("nothing to undo");
+}
+
+void UndoAndRedoAThousandPractices(benchmark::State& state) {
+  lm::Ledger& ledger = Page().test.ledger;
+  for (int i = 0; i < 1000; ++i)
+    Page().test.AddRow(ledger.fgPractices, {"NAME=To go " + std::to_string(i)});
+  {
+    const lm::Change change(ledger, "Delete Practices");
+    for (int i = 0; i < 1000; ++i) ledger.fgPractices.RemoveItem(ledger.fgPractices.Rows() - 1);
+  }
+  for (auto _ : state)
+    if (!ledger.history.Undo() || !ledger.history.Redo()) state.SkipWithError("nothing to undo");
+}
+
+BENCHMARK(ReadDates)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortByHeader)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Regroup, practice, "Practice")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Regroup, month, "Month")->Unit(benchmark::kMillisecond);
 BENCHMARK(Filter)->Unit(benchmark::kMillisecond);
 BENCHMARK(EditOneCell)->Unit(benchmark::kMicrosecond);
+BENCHMARK(UndoAndRedoOneCell)->Unit(benchmark::kMicrosecond);
+BENCHMARK(UndoAndRedoAThousandPractices)->Unit(benchmark::kMillisecond);
 
 }  // namespace
