@@ -234,7 +234,7 @@ TEST(Reader, OddDictionariesAndTrees) {
     HandMade file = OnePage();
     if (!each.pages.empty()) file.objects[1] = each.pages;
     file.objects[2] = each.page;
-    file.objects.push_back("<< /Type /Page (not closed");
+    file.objects.emplace_back("<< /Type /Page (not closed");
     try {
       ParsedFile parsed(file.Bytes());
       EXPECT_EQ(parsed.PageCount(), each.count) << each.name;
