@@ -319,8 +319,7 @@ bool frmSession::MayBeDuplicate() {
          Ask(ledger,
              "A session already exists with this date and time.\\nSave this session anyway?",
              "Click Yes to save this session with duplicate date and time.\\nClick No to return to "
-             "the "
-             "session and change its details.",
+             "the session and change its details.",
              "Duplicate Session");
 }
 

@@ -96,8 +96,7 @@ void frmSession::AddMileageCharge() {
   if (rate == 0)
     return refuse(
         "No mileage expense rate has been specified. This can be entered on the Options screen, on "
-        "the "
-        "Expenses tab.");
+        "the Expenses tab.");
   const auto miles =
       static_cast<Single>(Val(PracticeCell(ledger, cPractice.ItemData(), "MILEAGE")));
   if (miles == 0)

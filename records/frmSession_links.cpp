@@ -132,8 +132,7 @@ void frmSession::RefreshPensionContribution() {
   const std::string question =
       "The employer pension contribution is automatically calculated."
       "\\n\\nThe pension contribution rate on this session was originally calculated using the "
-      "contribution "
-      "rate " +
+      "contribution rate " +
       cEmployerContribRate.Text() + "%. \\n\\nThe pension contribution rate is now set at " +
       newRate +
       "%. \\n\\nDo you want to recalculate the contribution amount using this newer rate? ";

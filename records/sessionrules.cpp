@@ -228,9 +228,7 @@ bool ShowsEmployerContrib(const Ledger& ledger) {
 
 std::string EmployerContribHelp(const Ledger& ledger) {
   return "The employer pension contribution is charged to the practice on top of the session fee, "
-         "and "
-         "is passed "
-         "on to the NHS pension scheme with your own contribution.\\n\\n"
+         "and is passed on to the NHS pension scheme with your own contribution.\\n\\n"
          "For NHS Normal sessions the contribution is paid on 90% of the session fee.\\n"
          "Employer Contribution = ((Rate + Extras) * 90%) * Contribution Rate\\n\\n"
          "For NHS OOH sessions the contribution is paid on 100% of the session fee.\\n"

@@ -25,10 +25,9 @@ void Progress(Ledger& ledger, int percent, std::string_view text) {
 bool UserClosesThisInstance(Ledger& ledger) {
   return ShowMessage(ledger, "LedgerMinder already open",
                      "There is already another instance of LedgerMinder running.\\n\\nRunning two "
-                     "instances "
-                     "is not recommended, as both will overwrite the same data file meaning "
-                     "changes from one "
-                     "instance can be lost.\\n\\nClick [Ok] to close this instance of LedgerMinder "
+                     "instances is not recommended, as both will overwrite the same data file "
+                     "meaning changes from one instance can be lost.\\n\\nClick [Ok] to close this "
+                     "instance of LedgerMinder "
                      "(recommended).\\nClick [Cancel] to continue opening this second instance. ",
                      Buttons::OkCancel) == Answer::Ok;
 }

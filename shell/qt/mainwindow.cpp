@@ -307,6 +307,7 @@ void MainWindow::BuildStatusBar() {
   statusBar()->addWidget(rowCount_);
   auto* status = new QLabel;
   status->setObjectName("lblStatus");
+  status->setIndent(16);
   statusBar()->addWidget(status, 1);
   const auto add = [this](QLabel*& label) {
     label = new QLabel;
