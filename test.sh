@@ -13,7 +13,8 @@ preset=release
 tools/install-packages.sh test
 [ "$preset" != fuzz ] || tools/install-packages.sh clang
 settings=(-DCMAKE_COMPILE_WARNING_AS_ERROR="$([ -n "${CI:-}" ] && echo ON || echo OFF)")
-[ "$preset" = fuzz ] || settings+=(-DLEDGERMINDER_TESTS=ON)
+# Optimising for a few seconds of running would only take minutes here.
+[ "$preset" = fuzz ] && settings+=(-DCMAKE_BUILD_TYPE=Debug) || settings+=(-DLEDGERMINDER_TESTS=ON)
 cmake --preset "$preset" "${settings[@]}"
 cmake --build --preset "$preset"
 
