@@ -13,6 +13,18 @@ namespace {
 
 constexpr std::size_t kBytesBeside = 128;  // of what stands beside a row's text in a step
 constexpr int kMarkerCol = 0;
+constexpr std::size_t kFewRows = 16;  // looked up each by itself, more of them in one pass
+
+// Rows of one step mostly stand together, so the search goes both ways from the last one found.
+template <typename Rows, typename Row>
+int FindNear(const Rows& rows, const Row* wanted, int near) {
+  const int count = static_cast<int>(rows.size());
+  near = std::clamp(near, 0, std::max(count - 1, 0));
+  for (int away = 0; away < count; ++away)
+    for (const int at : {near + away, near - away})
+      if (at >= 0 && at < count && rows[static_cast<std::size_t>(at)].get() == wanted) return at;
+  return -1;
+}
 
 }  // namespace
 
@@ -58,9 +70,13 @@ class History::Touched {
     }
   }
 
-  ChangedRecords Find() {
+  // `near` is where a row was found last.
+  ChangedRecords Find(int& near) {
     ChangedRecords changed;
-    for (Table& table : tables_) changed.tables_.push_back(FindIn(table));
+    for (Table& table : tables_)
+      changed.tables_.push_back(table.added.size() + table.edited.size() <= kFewRows
+                                    ? FindFewIn(table, near)
+                                    : FindIn(table));
     return changed;
   }
 
@@ -77,6 +93,21 @@ class History::Touched {
     for (Table& table : tables_)
       if (table.grid == grid) return table;
     return tables_.emplace_back(Table{grid, {}, {}});
+  }
+
+  static TableChange FindFewIn(const Table& table, int& near) {
+    TableChange found{table.grid, {}, {}, table.removed};
+    for (const auto& [rows, numbers] :
+         {std::pair{&table.added, &found.added}, std::pair{&table.edited, &found.edited}}) {
+      for (const Grid::RowData* row : *rows) {
+        const int number = FindNear(table.grid->rows_, row, near);
+        if (number < 0) continue;  // edited, then removed
+        near = number;
+        numbers->push_back(number);
+      }
+      std::ranges::sort(*numbers);
+    }
+    return found;
   }
 
   static TableChange FindIn(Table& table) {
@@ -206,21 +237,6 @@ std::string History::RedoCaption() const { return redo_.empty() ? "" : redo_.bac
 
 // Undo and redo
 
-namespace {
-
-// Rows of one step mostly stand together, so the search goes both ways from the last one found.
-template <typename Rows, typename Row>
-int FindNear(const Rows& rows, const Row* wanted, int near) {
-  const int count = static_cast<int>(rows.size());
-  near = std::clamp(near, 0, std::max(count - 1, 0));
-  for (int away = 0; away < count; ++away)
-    for (const int at : {near + away, near - away})
-      if (at >= 0 && at < count && rows[static_cast<std::size_t>(at)].get() == wanted) return at;
-  return -1;
-}
-
-}  // namespace
-
 int History::RowOf(const Grid& table, const Grid::RowData* row) {
   return lastRow_ = FindNear(table.rows_, row, lastRow_);
 }
@@ -287,7 +303,7 @@ void History::Replay(Steps& from, Steps& to, bool undo) {
 }
 
 void History::Tell(Touched& touched) {
-  const ChangedRecords changed = touched.Find();
+  const ChangedRecords changed = touched.Find(lastRow_);
   RefreshLookUps(ledger_, changed);
   const std::vector<ChangeListener*> told = listeners_;
   for (ChangeListener* listener : told)
