@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "core/eventcategories.h"
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/sessiontypes.h"
@@ -27,12 +28,8 @@ std::string ColumnList(const std::vector<ComboItem>& items) {
 
 std::string EventCategoryList(const Ledger& ledger) {
   std::vector<ComboItem> items;
-  const std::string categories = GetOption(ledger, optEventCategories);
-  for (const std::string_view category : Split(categories, '|')) {
-    const auto fields = Split(category, ';');
-    if (fields.size() >= 2 && !fields[0].empty())
-      items.push_back({std::string(fields[1]), std::string(fields[0])});
-  }
+  for (const EventCategory& category : EventCategories(ledger))
+    items.push_back({category.name, std::to_string(category.code)});
   return ColumnList(items);
 }
 

@@ -370,6 +370,7 @@ Screen* OpenScreen(const Ledger& ledger, std::string_view name) {
 }
 
 void WindowCatalogue::Add(std::string_view name, WindowOpener opener) {
+  std::erase_if(openers_, [&](const auto& each) { return each.first == name; });
   openers_.emplace_back(name, std::move(opener));
 }
 

@@ -333,7 +333,7 @@ using WindowOpener = std::function<bool(Ledger& ledger, const std::vector<std::s
 
 class WindowCatalogue {
  public:
-  void Add(std::string_view name, WindowOpener opener);
+  void Add(std::string_view name, WindowOpener opener);  // in place of one of that name
   bool Has(std::string_view name) const;
   std::vector<std::string> Names() const;
   // False when there is no such window or it would not open.

@@ -7,6 +7,7 @@
 #include "core/options.h"
 #include "shell/pages/allpages.h"
 #include "shell/pages/mainpage.h"
+#include "shell/windows.h"
 
 namespace lm {
 
@@ -16,6 +17,7 @@ frmMain::frmMain(Ledger& theLedger, WindowCatalogue& windows)
   pages_ = MakePages(*this);
   BuildShortcutBar();
   BuildCommands();
+  AddMainWindows(windows_, *this);
   RefreshCommands();
   ledger.history.AddListener(*this);
 }

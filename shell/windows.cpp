@@ -12,4 +12,6 @@ void AddWindows(WindowCatalogue& catalogue) {
   AddPensionWindows(catalogue);
 }
 
+void AddMainWindows(WindowCatalogue& /*catalogue*/, frmMain& /*main*/) {}
+
 }  // namespace lm
