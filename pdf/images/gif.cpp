@@ -179,7 +179,8 @@ Picture ReadGif(std::string_view file) {
     const std::string data = JoinBlocks(bytes, at);
     if (label == kGraphicControl && data.size() >= 4) {
       transparent = kNone;
-      if ((data[0] & kHasTransparency) != 0) transparent = static_cast<int>(Bytes(data).Byte(3));
+      if ((Bytes(data).Byte(0) & kHasTransparency) != 0)
+        transparent = static_cast<int>(Bytes(data).Byte(3));
     }
   }
   Picture picture = ReadImage(bytes, at, std::move(palette));

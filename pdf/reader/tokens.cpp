@@ -9,7 +9,7 @@ enum Sign : unsigned char { kRegular, kBlank, kDelimiter };
 
 constexpr std::array<Sign, 256> MakeSigns() {
   std::array<Sign, 256> signs{};
-  for (const std::size_t sign : {0, 9, 10, 12, 13, 32}) signs[sign] = kBlank;
+  for (const std::size_t sign : {0U, 9U, 10U, 12U, 13U, 32U}) signs[sign] = kBlank;
   for (const char sign : std::string_view("()<>[]{}/%")) {
     signs[static_cast<unsigned char>(sign)] = kDelimiter;
   }
