@@ -65,9 +65,9 @@ TEST(Digest, DepartsAtTheEndOfABlockOnly) {
 }
 
 TEST(Digest, FedInPiecesItIsTheSame) {
-  for (const std::size_t length : {1, 63, 64, 65, 121, 130, 191, 500}) {
+  for (const std::size_t length : {1U, 63U, 64U, 65U, 121U, 130U, 191U, 500U}) {
     const std::string text = Patterned(length);
-    for (const std::size_t piece : {1, 7, 63, 64, 65, 200}) {
+    for (const std::size_t piece : {1U, 7U, 63U, 64U, 65U, 200U}) {
       clsMD5 digest;
       digest.MD5Init();
       for (std::size_t at = 0; at < length; at += piece)

@@ -44,13 +44,13 @@ std::vector<std::string> Samples() {
   std::string all;
   for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
   samples.push_back(all);
-  for (const std::size_t size : {127, 128, 129, 130, 256, 100000}) {
+  for (const std::size_t size : {127U, 128U, 129U, 130U, 256U, 100000U}) {
     samples.push_back(std::string(size, 'x'));
     samples.push_back(Noise(size, 3));
     samples.push_back(Noise(size, 256));
   }
   // Where the codes of LZW grow, and where its table is full.
-  for (const std::size_t edge : {254, 510, 766, 1790, 3837, 3838, 3839, 3840}) {
+  for (const std::size_t edge : {254U, 510U, 766U, 1790U, 3837U, 3838U, 3839U, 3840U}) {
     samples.push_back(Noise(edge, 256));
   }
   return samples;
