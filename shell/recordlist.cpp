@@ -87,6 +87,7 @@ void RecordList::ChooseGroup() {
 
 RowTest RecordList::TestOfTab() const {
   RowTest shown = shownOn_(tabs_->Selected());
+  if (kept_.empty()) return shown;
   return [this, shown, id = table_.ColIndex("ID")](int row) {
     return shown(row) || kept_.contains(table_.TextMatrix(row, id));
   };
