@@ -224,7 +224,9 @@ bool FileReplacement::Open(const fs::path& path, std::string& error) {
   auto target = FinalPath(path, error);
   if (!target || !MayBeReplaced(*target, error)) return false;
   target_ = std::move(*target);
-  for (int number = 0; file_ < 0; ++number) {
+  // Counted on over the whole run: the files of a batch stand beside each other until it is done.
+  static int number = 0;
+  for (; file_ < 0; ++number) {
     // A name of its own: the target's may be as long as names can be.
     partial_ = target_.parent_path() / TemporaryName(number);
     file_ = OpenNew(partial_, target_);

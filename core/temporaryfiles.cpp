@@ -112,7 +112,8 @@ bool IsLeft(const fs::directory_entry& entry, const std::string& thisMachine) {
 }  // namespace
 
 std::string TemporaryName(int number) {
-  return std::string(kFront) + "-" + MachineMark() + "-" + std::to_string(ProcessId()) + "-" +
+  static const std::string machine = MachineMark();
+  return std::string(kFront) + "-" + machine + "-" + std::to_string(ProcessId()) + "-" +
          std::to_string(number) + std::string(kEnd);
 }
 
