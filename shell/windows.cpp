@@ -3,6 +3,7 @@
 #include "documents/windows.h"
 #include "pension/windows.h"
 #include "records/windows.h"
+#include "shell/frmShortcutKeys.h"
 
 namespace lm {
 
@@ -12,6 +13,11 @@ void AddWindows(WindowCatalogue& catalogue) {
   AddPensionWindows(catalogue);
 }
 
-void AddMainWindows(WindowCatalogue& /*catalogue*/, frmMain& /*main*/) {}
+void AddMainWindows(WindowCatalogue& catalogue, frmMain& main) {
+  catalogue.Add("frmShortcutKeys", [&main](Ledger&, const std::vector<std::string>&) {
+    frmShortcutKeys window(main);
+    return ShowRecord(window, "", "The shortcut keys are already open.", [] { return true; });
+  });
+}
 
 }  // namespace lm

@@ -118,7 +118,6 @@ QWidget* MainWindowWidget() {
 }
 
 void CentreWindow(QWidget& window) {
-  window.adjustSize();
   QWidget* main = MainWindowWidget();
   const bool overMain = main && main->isVisible() && !main->isMinimized();
   const QRect available = (overMain ? main->screen() : window.screen())->availableGeometry();
@@ -213,6 +212,7 @@ bool frmMesgBox::StopTips() const {
 }
 
 void frmMesgBox::showEvent(QShowEvent* event) {
+  adjustSize();
   CentreWindow(*this);
   // Otherwise the first button would have the focus, and Enter with it.
   enterButton_->setFocus();

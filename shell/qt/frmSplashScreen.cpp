@@ -65,6 +65,7 @@ frmSplashScreen::frmSplashScreen(std::string_view version)
   column->addWidget(lblProgress_);
   column->addWidget(lblLastLoad_);
   setMinimumWidth(480);
+  adjustSize();
   CentreWindow(*this);
 }
 

@@ -46,6 +46,7 @@ void ProgressWindow::SetProgress(int percent, std::string_view text) {
 }
 
 void ProgressWindow::showEvent(QShowEvent* event) {
+  adjustSize();
   CentreWindow(*this);
   QDialog::showEvent(event);
 }

@@ -77,6 +77,7 @@ void ScreenDialog::closeEvent(QCloseEvent* event) {
 void ScreenDialog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (!popup_) {
+    if (!testAttribute(Qt::WA_Resized)) adjustSize();  // the view names no size of its own
     CentreWindow(*this);
     binder_->TakeFirstFocus();
     return;

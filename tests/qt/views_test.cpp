@@ -10,6 +10,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <functional>
+#include <memory>
 #include <set>
 
 #include "core/frmGetPassword.h"
@@ -51,11 +52,13 @@ const std::map<std::string, std::function<void(Ledger&, const Visit&)>> kOwnWind
 struct Windows {
   TestLedger test;
   WindowCatalogue catalogue;
+  std::unique_ptr<frmMain> main;  // brings windows of its own
 
   Windows() {
     FillDemo(test);
     FillPensionDemo(test);
     AddWindows(catalogue);
+    main = std::make_unique<frmMain>(test, catalogue);
   }
   std::vector<std::string> Names() const {
     std::vector<std::string> names = catalogue.Names();
@@ -152,7 +155,8 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmPensionForms", "cboPractice"}, {"frmPensionA", "cSentToPractice"},
       {"frmPensionB", "cSentToHA"},       {"frmPensionSOLO", "cSentToHA"},
       {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
-      {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"}};
+      {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
+      {"frmShortcutKeys", "fgKeys"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

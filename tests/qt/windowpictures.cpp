@@ -7,6 +7,7 @@
 
 #include "core/frmGetPassword.h"
 #include "core/messagebox.h"
+#include "core/shortcuts.h"
 #include "documents/frmBookingConfirmation.h"
 #include "documents/frmInvoice.h"
 #include "documents/frmPrepareInvoices.h"
@@ -21,6 +22,7 @@
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
 #include "shell/frmMain.h"
+#include "shell/frmShortcutKeys.h"
 #include "shell/pages/pensionpage.h"
 #include "shell/pages/sessionspage.h"
 #include "shell/qt/binder.h"
@@ -107,6 +109,12 @@ void GrabMain(test::TestLedger& test) {
   window.CurrentList()->EditCellAt(test.ledger.fgSessions.FixedRows() + 7,
                                    test.ledger.fgSessions.ColIndex("RATE"));
   Grab(window, "main-sessions-editing");
+  SetDefaultShortcuts(test);
+  frmShortcutKeys keys(screen);
+  keys.fgKeys.Select(keys.fgKeys.FindRow("Show Detail Calendar", "ACTION"), 1);
+  keys.Enter(keys.cboKeys, "M");
+  keys.Tick(keys.chkALT, true);
+  GrabScreen(keys, "frmShortcutKeys");
 }
 
 void GrabRecords(test::TestLedger& test) {
