@@ -47,8 +47,13 @@ void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text)
 
 bool OpenLink(Ledger& ledger, std::string_view address) {
   const bool bare = EqualsIgnoreCase(address.substr(0, 3), "www");
-  return ledger.platform.system.Open(bare ? "https://" + std::string(address)
-                                          : std::string(address));
+  const std::string target = (bare ? "https://" : "") + std::string(address);
+  if (ledger.platform.system.Open(target)) return true;
+  const bool isPage = target.starts_with("http");
+  ShowMessage(ledger, isPage ? "The web page could not be opened" : "The file could not be opened",
+              target + (isPage ? "\\n\\nNo web browser answered."
+                               : "\\n\\nNo program for files of this kind answered."));
+  return false;
 }
 
 std::string WebPage(std::string_view page) { return std::string(kWebsite) + std::string(page); }

@@ -26,7 +26,8 @@ bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorProm
 // A one-time message: shown once in each run, unless option 40 is false.
 void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text);
 
-// A web address or file with its default handler; "www..." gets the web scheme in front.
+// A web address or file with its default handler; "www..." gets the web scheme in front. False when
+// nothing opens it, after a message that says which address or file it was.
 bool OpenLink(Ledger& ledger, std::string_view address);
 
 // The address of a page of the product website: "/UnableToLoad.php".

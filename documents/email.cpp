@@ -48,7 +48,7 @@ bool WriteAndOpenDraft(Ledger& ledger, const MailMessage& message) {
     return false;
   }
   ledger.platform.system.SetClipboard(ClipboardText(message));
-  OpenLink(ledger, PathText(file));
+  ledger.platform.system.Open(PathText(file));  // whether or not, the message tells where it is
   ShowMessage(ledger, "No e-mail program was found",
               "The address, the subject and the text of the e-mail have been copied to the "
               "clipboard, so that you can paste them into your e-mail.\\n\\nA draft with the "

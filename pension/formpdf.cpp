@@ -148,7 +148,7 @@ bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool rec
   FormPrinter printer(ledger);
   const bool make = !hasFile || (recreate && !form.IsRetired());
   if (make && !(printer.Write(form, row) && printer.Finish())) return false;
-  return ledger.platform.system.Open(PathText(file));
+  return OpenLink(ledger, PathText(file));
 }
 
 bool DeleteFormDocument(Ledger& ledger, const FormRow& record) {

@@ -1,5 +1,7 @@
 #include "shell/entry.h"
 
+#include <algorithm>
+
 #include "core/datafile.h"
 #include "core/files.h"
 #include "core/formatting.h"
@@ -12,6 +14,7 @@
 #include "pension/shippedforms.h"
 #include "records/frmWelcome.h"
 #include "shell/frmMain.h"
+#include "shell/pages/mainpage.h"
 
 namespace lm {
 namespace {
@@ -89,6 +92,14 @@ Page StartPageOf(const Ledger& ledger) {
   return Page::LMToday;
 }
 
+// A page whose content is still to come is nothing to begin with.
+Page FirstPage(const frmMain& window) {
+  const Page chosen = StartPageOf(window.ledger);
+  const auto page =
+      std::ranges::find(window.Pages(), chosen, [](const auto& each) { return each->Spec().page; });
+  return window.ledger.firstStart && !(*page)->Ready() ? Page::Sessions : chosen;
+}
+
 void ReplaceOldTemplateKind(Ledger& ledger) {
   if (!GetOption(ledger, optInvoiceTemplate).ends_with(".tpl")) return;
   SetOption(ledger, optInvoiceTemplate, "Light Blue.tmpl");
@@ -104,8 +115,8 @@ frmMain* Start(Ledger& ledger, const EntryHooks& hooks, std::string_view command
   if (ledger.programDirectory.empty())
     ledger.programDirectory = ChooseProgramDirectory(ledger.platform);
   RemoveLeftovers(ledger);
-  const bool firstStart = IsFirstStart(ledger);
-  if (firstStart && !MakeProgramDirectory(ledger)) return nullptr;
+  ledger.firstStart = IsFirstStart(ledger);
+  if (ledger.firstStart && !MakeProgramDirectory(ledger)) return nullptr;
 
   Progress(ledger, 5, "Processing security log...");
   ProcessSecurityLog(ledger);
@@ -129,7 +140,7 @@ frmMain* Start(Ledger& ledger, const EntryHooks& hooks, std::string_view command
   window.maximised = OptionIsTrue(ledger, optStartMaximised);
   ledger.starting = false;
   Progress(ledger, 100, "Loading Complete.\r\n\r\n");
-  if (firstStart && hooks.askName) AskUserName(window);
+  if (ledger.firstStart && hooks.askName) AskUserName(window);
   return &window;
 }
 
@@ -152,7 +163,7 @@ frmMain* RunEntryProcedure(Ledger& ledger, const EntryHooks& hooks, std::string_
 void FinishStart(frmMain& window, const EntryHooks& hooks) {
   Ledger& ledger = window.ledger;
   window.DataLoaded();
-  window.ShowPage(StartPageOf(ledger));
+  window.ShowPage(FirstPage(window));
   if (hooks.closeSplash) hooks.closeSplash();
   if (window.showWindow) window.showWindow();
   ReplaceOldTemplateKind(ledger);

@@ -95,8 +95,9 @@ class frmMain : public Screen, private ChangeListener {
   // ---- Hooks of the view; each may stay empty.
   std::function<void(bool allPages)> layOut;  // the page, the bar or a menu text changed
   std::function<void()> showWindow;           // the end of the start
-  // Prints a list with a title and a preview. Without it (no desktop) lists cannot be printed.
-  std::function<void(Grid&, const std::string& title)> printGrid;
+  // Prints a list with a title, the period that it shows below it, and a preview. Without it (no
+  // desktop) lists cannot be printed.
+  std::function<void(Grid&, const std::string& title, const std::string& period)> printGrid;
 
   // ---- For the pages.
   // The data was loaded: at the start and by Reload Data.
@@ -127,7 +128,9 @@ class frmMain : public Screen, private ChangeListener {
   void RecordsChanged(const ChangedRecords& changed) override;
   void ReloadData();
   void ExitWithoutSaving();
+  std::string PeriodOf(const Grid& grid) const;
   void Print();
+  void StartCalculator();
   void ToggleShortcutBar();
   void Replay(bool (History::*replay)(), const std::string& said);
   void SelectChanged(const ChangedRecords& changed);

@@ -10,6 +10,7 @@
 #include "core/text.h"
 #include "shell/frmMain.h"
 #include "shell/pages/mainpage.h"
+#include "shell/printtable.h"
 #include "shell/ungroupedlists.h"
 
 namespace lm {
@@ -54,7 +55,7 @@ void frmMain::SetHandlers() {
   handlers_["mnuPrint"] = {[this] { Print(); }, [this] { return !PageGrid() || printGrid; }};
   handlers_["mnuViewShortcutBar"] = {[this] { ToggleShortcutBar(); }, nullptr,
                                      [this] { return shortcutBarVisible_; }};
-  handlers_["mnuCalculator"] = {[this] { ledger.platform.system.StartCalculator(); }};
+  handlers_["mnuCalculator"] = {[this] { StartCalculator(); }};
   handlers_["mnuLedgerMinderWebsite"] = {[this] { OpenLink(ledger, kWebsite); }};
 }
 
@@ -147,9 +148,23 @@ void frmMain::Replay(bool (History::*replay)(), const std::string& said) {
                     (ledger.history.LeftDocuments() ? ". Its documents stay as they are." : "."));
 }
 
+void frmMain::StartCalculator() {
+  if (ledger.platform.system.StartCalculator()) return;
+  ShowMessage(ledger, "The calculator could not be started",
+              "No calculator program was found on this computer.");
+}
+
 void frmMain::ToggleShortcutBar() {
   shortcutBarVisible_ = !shortcutBarVisible_;
   LayOut(true);
+}
+
+// "This Month, 03/02/2026 to 24/02/2026"
+std::string frmMain::PeriodOf(const Grid& grid) const {
+  const RecordList* list = FrontPage().ListOf(grid);
+  const std::string tab = list ? list->Period() : "";
+  const std::string days = PrintedDays(grid);
+  return tab.empty() || days.empty() ? tab + days : tab + ", " + days;
 }
 
 void frmMain::Print() {
@@ -157,7 +172,7 @@ void frmMain::Print() {
   if (!grid)
     ShowMessage(ledger, "Print", "This page cannot be printed");
   else if (printGrid)
-    printGrid(*grid, FrontPage().Title());
+    printGrid(*grid, FrontPage().Title(), PeriodOf(*grid));
 }
 
 }  // namespace lm

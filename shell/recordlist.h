@@ -46,6 +46,8 @@ class RecordList {
   void GroupBy(const GroupedList& groups, const GroupControls& controls);
 
   Grid& Table() const { return table_; }
+  // The tab that filters it; "" for a list without tabs.
+  std::string Period() const { return tabs_ ? tabs_->Text() : ""; }
   const Texts& ShownTexts() const { return texts_; }
 
   // The selected row; -1 when there is none, or when it is out of sight.

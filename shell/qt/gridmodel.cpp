@@ -6,6 +6,7 @@
 #include <QPalette>
 
 #include "shell/grouping.h"
+#include "shell/printtable.h"
 #include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 
@@ -14,18 +15,11 @@ namespace {
 
 constexpr int kMarkerWidth = 120;  // twips
 
-Qt::Alignment ToQtAlignment(Alignment alignment, DataType type) {
-  switch (alignment) {
-    case Alignment::Left:
-      return Qt::AlignLeft | Qt::AlignVCenter;
-    case Alignment::Centre:
-      return Qt::AlignCenter;
-    case Alignment::Right:
-      return Qt::AlignRight | Qt::AlignVCenter;
-    case Alignment::General:
-      break;
-  }
-  return (type == DataType::Money ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+Qt::Alignment ToQtAlignment(Alignment alignment) {
+  const Qt::Alignment across = alignment == Alignment::Right    ? Qt::AlignRight
+                               : alignment == Alignment::Centre ? Qt::AlignHCenter
+                                                                : Qt::AlignLeft;
+  return across | Qt::AlignVCenter;
 }
 
 }  // namespace
@@ -134,16 +128,8 @@ QVariant GridModel::Ground(int gridRow, int col) const {
 }
 
 Qt::Alignment GridModel::AlignmentOf(int gridRow, int col) const {
-  const int own =
-      QByteArray::fromStdString(grid_->Cell(CellSetting::flexcpAlignment, gridRow, col)).toInt();
-  if (own > 0 && own <= static_cast<int>(Alignment::Right))
-    return ToQtAlignment(static_cast<Alignment>(own), DataType::Text);
-  if (gridRow >= 0 && grid_->IsSubtotal(gridRow) && col == TitleColumn(gridRow))
-    return Qt::AlignLeft | Qt::AlignVCenter;
-  // A column of figures is one with a number format, whether it is marked as money or not.
-  const bool figures = grid_->ColFormat(col).find('#') != std::string::npos;
-  return ToQtAlignment(grid_->ColAlignment(col),
-                       figures ? DataType::Money : grid_->ColDataType(col));
+  const bool title = gridRow >= 0 && grid_->IsSubtotal(gridRow) && col == TitleColumn(gridRow);
+  return ToQtAlignment(title ? Alignment::Left : ShownAlignment(*grid_, gridRow, col));
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

@@ -80,8 +80,8 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
   };
   screen_.layOut = [this](bool) { ShowPage(); };
   screen_.showWindow = [this] { ShowFirst(); };
-  screen_.printGrid = [this](Grid& grid, const std::string& title) {
-    PrintGrid(ledger_, grid, title, this);
+  screen_.printGrid = [this](Grid& grid, const std::string& title, const std::string& period) {
+    PrintGrid(ledger_, grid, {title, period}, this);
   };
   screen_.RefreshCommands();
   qApp->installEventFilter(this);
@@ -361,7 +361,8 @@ bool MainWindow::IsShortcut(QObject* watched, QEvent* event) const {
       QApplication::activeModalWidget())
     return false;
   const auto& key = static_cast<const QKeyEvent&>(*event);
-  if (IsTextBox(*widget) && (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)))
+  if (IsTextBox(*widget) &&
+      (EditsText(key) || key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)))
     return false;  // of what is being typed there
   const int code = VirtualKey(key);
   return code >= 0 && FindShortcut(ledger_, code, ShiftBits(key)) >= 0;

@@ -11,12 +11,18 @@ class QWidget;
 
 namespace lm {
 
-// Shows the print preview of a list, from which it can be printed. The title heads every page.
-void PrintGrid(const Ledger& ledger, Grid& grid, const std::string& title, QWidget* parent);
+struct PrintHeading {
+  std::string title;
+  std::string period;  // below it: which records of the list; may be empty
+};
 
-// Paints the visible rows and columns, page after page, sized to the page's width. Returns the
-// number of pages.
+// Shows the print preview of a list, from which it can be printed, or written as a PDF.
+void PrintGrid(const Ledger& ledger, Grid& grid, const PrintHeading& heading, QWidget* parent);
+
+// Paints the list, page after page, its columns as wide as their texts and made to fit the paper.
+// Each page has the heading, the captions, the time of printing and its number. Returns the number
+// of pages; 0 when the device takes nothing.
 int PaintGrid(QPagedPaintDevice& paper, const Ledger& ledger, const Grid& grid,
-              const std::string& title);
+              const PrintHeading& heading);
 
 }  // namespace lm

@@ -43,6 +43,12 @@ int ShiftBits(const QKeyEvent& event) {
   return bits;
 }
 
+bool EditsText(const QKeyEvent& event) {
+  const int key = VirtualKey(event);
+  return !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && key < kF1 &&
+         key != KeyCode("{ESCAPE}");
+}
+
 bool OpensPicker(const QKeyEvent& event) {
   const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
   return (event.key() == Qt::Key_Down && held == Qt::AltModifier) ||

@@ -12,6 +12,9 @@ int VirtualKey(const QKeyEvent& event);
 // 1 Shift + 2 Ctrl + 4 Alt.
 int ShiftBits(const QKeyEvent& event);
 
+// What is typed or edited with: a box that has the focus needs it more than any command.
+bool EditsText(const QKeyEvent& event);
+
 // Alt+Down and F4 open the picker of a box or a cell.
 bool OpensPicker(const QKeyEvent& event);
 // Alt and a letter that no caption claimed: nothing to type into a box.

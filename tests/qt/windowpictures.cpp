@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
+#include <QPdfWriter>
 #include <QStyleFactory>
 
 #include "core/frmGetPassword.h"
@@ -25,11 +26,13 @@
 #include "shell/frmShortcutKeys.h"
 #include "shell/pages/pensionpage.h"
 #include "shell/pages/sessionspage.h"
+#include "shell/printtable.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
+#include "shell/qt/printing.h"
 #include "shell/qt/progresswindow.h"
 #include "shell/qt/readablepalette.h"
 #include "shell/qt/views.h"
@@ -104,6 +107,9 @@ void GrabMain(test::TestLedger& test) {
   screen.HeaderClicked(test.ledger.fgSessions, test.ledger.fgSessions.ColIndex("SDATE"));
   test.ledger.fgSessions.Select(4, 4);
   Grab(window, "main-sessions-grouped");
+  QPdfWriter paper(qEnvironmentVariable("LEDGERMINDER_PICTURES") + "/printed-sessions.pdf");
+  paper.setPageOrientation(QPageLayout::Landscape);
+  PaintGrid(paper, test, test.ledger.fgSessions, {"Sessions", PrintedDays(test.ledger.fgSessions)});
   screen.Enter(page.cboGroupSessions, "No Grouping");
   QApplication::processEvents();
   window.CurrentList()->EditCellAt(test.ledger.fgSessions.FixedRows() + 7,

@@ -261,10 +261,13 @@ TEST_F(MainWindow, PrintingGoesByThePage) {
   EXPECT_FALSE(window->FindField("mnuPrint")->Enabled()) << "nothing there that prints lists";
 
   std::string printed;
-  window->printGrid = [&](Grid& grid, const std::string& title) {
-    printed += grid.Name() + ":" + title + ";";
+  window->printGrid = [&](Grid& grid, const std::string& title, const std::string& period) {
+    printed += grid.Name() + ":" + title + (period.empty() ? "" : " of " + period) + ";";
   };
+  for (const char* day : {"24/02/2026", "03/02/2026", "banana", "24/05/2026"})
+    test.AddRow(ledger.fgSessions, {std::string("SDATE=") + day});
   window->ShowPage(Page::Sessions);
+  window->Enter(window->PageOf<SessionsPage>().tabSessions, "This Month");
   PressNamed("mnuPrint");
   window->ShowPage(Page::Pension);
   for (const char* tab : {"Form SOLO", "Form C", "Payments"}) {
@@ -272,8 +275,21 @@ TEST_F(MainWindow, PrintingGoesByThePage) {
     PressNamed("mnuPrint");
   }
   EXPECT_EQ(printed,
-            "fgSessions:Sessions;fgPensionSolo:Locum Form Solo;fgPensionC:Locum Form C;"
+            "fgSessions:Sessions of This Month, 03/02/2026 to 24/02/2026;fgPensionSolo:Locum Form "
+            "Solo;fgPensionC:Locum Form C;"
             "fgPensionPayments:Pension Payments;");
+}
+
+TEST_F(MainWindow, SaysWhatCouldNotBeOpened) {
+  test.shown.opens = false;
+  PressNamed("mnuLedgerMinderWebsite");
+  EXPECT_EQ(test.shown.messages.back().mainPrompt, "The web page could not be opened");
+  EXPECT_TRUE(test.shown.messages.back().minorPrompt.starts_with(kWebsite));
+  EXPECT_FALSE(OpenLink(ledger, "/tmp/a form.pdf"));
+  EXPECT_EQ(test.shown.messages.back().mainPrompt, "The file could not be opened");
+  EXPECT_TRUE(test.shown.messages.back().minorPrompt.starts_with("/tmp/a form.pdf"));
+  PressNamed("mnuCalculator");
+  EXPECT_EQ(test.shown.messages.back().mainPrompt, "The calculator could not be started");
 }
 
 TEST_F(MainWindow, ReloadAsksAndBringsTheFileBack) {

@@ -76,7 +76,7 @@ void ScriptedPlatform::Show(int percent, std::string_view text) {
 
 bool ScriptedPlatform::Open(std::string_view target) {
   opened.emplace_back(target);
-  return true;
+  return opens;
 }
 
 ClockPort& StandingClock() {

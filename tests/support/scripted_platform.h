@@ -37,6 +37,7 @@ class ScriptedPlatform : public MessagePort,
   std::vector<std::string> progress;  // "12 Loading Preferences..."
   std::string lastOpened;
   std::vector<std::string> opened;  // links, files and records: "frmInvoice 12"
+  bool opens = true;                // whether links, files and the calculator open
   // The main prompt of the last message, "" when none was shown since the last call.
   std::string TakeMessage();
 
@@ -72,7 +73,7 @@ class ScriptedPlatform : public MessagePort,
   std::filesystem::path ExecutableDirectory() override { return executableDirectory; }
   std::filesystem::path UserDataDirectory() override { return userDataDirectory; }
   bool Open(std::string_view target) override;
-  bool StartCalculator() override { return true; }
+  bool StartCalculator() override { return opens; }
   void SetClipboard(std::string_view text) override { clipboard = text; }
   std::filesystem::path AskOpenFile(std::string_view, const FileFilter&,
                                     const std::filesystem::path&) override {
