@@ -62,7 +62,7 @@ class Ledger {
   Grid* Table(std::string_view name);
 
   // Process-wide values.
-  bool firstStart = false;         // this run found no records and began new ones
+  bool firstStart = false;         // while a program without any records starts
   bool starting = true;            // until the tidying after loading has finished
   bool exitWithoutSaving = false;  // read on closing
   bool dataIncomplete = false;  // a load broke off: what is in the tables must not replace the file

@@ -164,6 +164,7 @@ void FinishStart(frmMain& window, const EntryHooks& hooks) {
   Ledger& ledger = window.ledger;
   window.DataLoaded();
   window.ShowPage(FirstPage(window));
+  ledger.firstStart = false;
   if (hooks.closeSplash) hooks.closeSplash();
   if (window.showWindow) window.showWindow();
   ReplaceOldTemplateKind(ledger);

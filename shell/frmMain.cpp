@@ -86,7 +86,7 @@ void frmMain::fgMenu_Click() {
   page.Shown();
   RefreshCommands();
   LayOut();
-  page.ShowTip();
+  if (!ledger.firstStart) page.ShowTip();  // the welcome tells more
 }
 
 void frmMain::LayOut(bool allPages) {
