@@ -126,10 +126,10 @@ void frmSession::BindActions() {
   cmdDelete.onPressed = [this] { Delete(); };
 }
 
-bool frmSession::HasPractices() {
+bool frmSession::HasPractices(Ledger& ledger, std::string_view otherwise) {
   if (ledger.fgPractices.HasData()) return true;
   ShowMessage(
-      ledger, "Unable to create new session",
+      ledger, otherwise,
       "You must enter the name of at least one Practice before you can enter the details of any "
       "sessions.\\n\\nTo enter Practice details, click on the Practices icon, then click the green "
       "'plus' icon. ");
@@ -137,7 +137,7 @@ bool frmSession::HasPractices() {
 }
 
 bool frmSession::New(std::string_view date, std::string_view time, std::string_view practiceId) {
-  if (!HasPractices()) return false;
+  if (!HasPractices(ledger, "Unable to create new session")) return false;
   SetCaption("New Session");
   cSDate.SetText(date);
   cSTime.SetText(time);
@@ -173,7 +173,7 @@ bool frmSession::OpenSession(std::string_view id) {
 }
 
 bool frmSession::Copy(std::string_view id) {
-  if (!HasPractices()) return false;
+  if (!HasPractices(ledger, "Unable to create new session")) return false;
   const int row = StoredRow(id);
   if (row < 0) return false;
   SetCaption("Copy Session");

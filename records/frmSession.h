@@ -16,6 +16,9 @@ class frmSession : public Screen {
 
   // Each fills the window; false, after its message, when it must not be shown.
 
+  // False, after a message with this main prompt, while there is no practice to work at.
+  static bool HasPractices(Ledger& ledger, std::string_view otherwise);
+
   // `date` is dd/mm/yyyy, `time` hh:nn or "", `practiceId` may be "".
   bool New(std::string_view date, std::string_view time, std::string_view practiceId);
   bool OpenSession(std::string_view id);
@@ -86,7 +89,6 @@ class frmSession : public Screen {
   // frmSession.cpp: filling, checking and saving.
   void BindFields();
   void BindActions();
-  bool HasPractices();
   int StoredRow(std::string_view id);
   void Fill(int row);
   void WriteMoneyFields();

@@ -12,9 +12,6 @@
 namespace lm {
 namespace {
 
-// Of the option's default list.
-constexpr std::string_view kMileageCategory = "0";
-
 std::string CannotAdd(std::string_view one, std::string_view where) {
   return "You cannot add " + std::string(one) + " items to a session which is already on " +
          std::string(where) + ".";
@@ -105,9 +102,7 @@ void frmSession::AddMileageCharge() {
         "grid.");
 
   const int row = NewItemRow(expenses_);
-  fgExpenses.SetTextMatrix(row, "ITEM",
-                           "Mileage charge to and from Practice (" + PlainText(miles) +
-                               std::string(" * £"_w) + Money(rate) + ")");
+  fgExpenses.SetTextMatrix(row, "ITEM", MileageItem(miles, rate));
   fgExpenses.SetTextMatrix(row, "RATE", Money(miles * rate));
   fgExpenses.SetTextMatrix(row, "CATEGORY", kMileageCategory);
   ItemsChanged(expenses_);

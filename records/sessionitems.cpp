@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/format.h"
+#include "core/numbers.h"
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/text.h"
@@ -55,6 +57,11 @@ void SetState(Grid& grid, int row, std::string_view state) {
 }
 
 }  // namespace
+
+std::string MileageItem(Single miles, Single poundsAMile) {
+  return "Mileage charge to and from Practice (" + PlainText(miles) + std::string(" * £"_w) +
+         Money(poundsAMile) + ")";
+}
 
 const TableSpec kWorkingExtras{"fgExtras", kExtraColumns};
 const TableSpec kWorkingExpenses{"fgExpenses", kExpenseColumns};

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/ledger.h"
+#include "core/numbers.h"
 #include "core/screen.h"
 #include "core/tables.h"
 
@@ -17,6 +18,11 @@ namespace lm {
 
 extern const TableSpec kWorkingExtras;
 extern const TableSpec kWorkingExpenses;
+
+// The expense of driving to a practice and back: what it is called, and its category in
+// the list as it is shipped.
+std::string MileageItem(Single miles, Single poundsAMile);
+constexpr std::string_view kMileageCategory = "0";
 
 // The rows of a working grid and the rules by which they are edited.
 class SessionItems : public GridRules {

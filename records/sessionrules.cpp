@@ -30,16 +30,6 @@ std::optional<Double> DaysWorked(const SessionTimes& times) {
   return (*endDate + *endTime) - (*startDate + *startTime);
 }
 
-// Below zero when the session ends before it starts.
-std::optional<std::string> FeeForTimes(const Ledger& ledger, int typeCode,
-                                       std::string_view practiceId, const SessionTimes& times) {
-  const auto hourlyRate = HourlyRate(ledger, typeCode, practiceId);
-  const auto days = DaysWorked(times);
-  if (!hourlyRate || !days) return std::nullopt;
-  const auto hours = static_cast<Single>(*days * 24);
-  return Money(hours * *hourlyRate);
-}
-
 Single SumAsSingle(std::string_view a, std::string_view b) {
   return static_cast<Single>(Val(a) + Val(b));
 }
@@ -73,17 +63,26 @@ std::optional<Single> HourlyRate(const Ledger& ledger, int typeCode, std::string
   return static_cast<Single>(Val(rate));
 }
 
+std::optional<std::string> HourlyFee(const Ledger& ledger, int typeCode,
+                                     std::string_view practiceId, const SessionTimes& times) {
+  const auto hourlyRate = HourlyRate(ledger, typeCode, practiceId);
+  const auto days = DaysWorked(times);
+  if (!hourlyRate || !days) return std::nullopt;
+  const auto hours = static_cast<Single>(*days * 24);
+  return Money(hours * *hourlyRate);
+}
+
 std::optional<std::string> FeeFromTimes(const Ledger& ledger, int typeCode,
                                         std::string_view practiceId, const SessionTimes& times) {
-  const auto fee = FeeForTimes(ledger, typeCode, practiceId, times);
+  const auto fee = HourlyFee(ledger, typeCode, practiceId, times);
   return fee && Val(*fee) < 0 ? "0.00" : fee;
 }
 
 void GridFeeFromTimes(Ledger& ledger, int row) {
   Grid& sessions = ledger.fgSessions;
   const auto cell = [&](std::string_view key) { return sessions.TextMatrix(row, key); };
-  const auto fee = FeeForTimes(ledger, SessionTypeOf(ledger, row), cell("PRACTICE"),
-                               {cell("SDATE"), cell("STIME"), cell("EDATE"), cell("ETIME")});
+  const auto fee = HourlyFee(ledger, SessionTypeOf(ledger, row), cell("PRACTICE"),
+                             {cell("SDATE"), cell("STIME"), cell("EDATE"), cell("ETIME")});
   if (!fee) return;
   const auto pounds = static_cast<Single>(Val(*fee));
   sessions.SetTextMatrix(row, "RATE", PlainText(pounds < 0 ? 0 : pounds));

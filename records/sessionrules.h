@@ -31,6 +31,9 @@ struct SessionTimes {
 // missing or damaged. An end before the start gives "0.00".
 std::optional<std::string> FeeFromTimes(const Ledger& ledger, int typeCode,
                                         std::string_view practiceId, const SessionTimes& times);
+// The same, but below zero when the session ends before it starts.
+std::optional<std::string> HourlyFee(const Ledger& ledger, int typeCode,
+                                     std::string_view practiceId, const SessionTimes& times);
 // The same rule on a row of fgSessions: RATE receives the plain text of a Single ("120").
 void GridFeeFromTimes(Ledger& ledger, int row);
 

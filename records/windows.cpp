@@ -1,6 +1,8 @@
 #include "records/windows.h"
 
+#include "records/frmAddSessions.h"
 #include "records/frmPractice.h"
+#include "records/frmRateCompare.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
 
@@ -67,8 +69,22 @@ bool CopySession(Ledger& ledger, std::string_view id) {
   return ShowSession(ledger, [&](frmSession& window) { return window.Copy(id); });
 }
 
+bool AddSessions(Ledger& ledger) {
+  if (!frmSession::HasPractices(ledger, "Unable to create new sessions")) return false;
+  frmAddSessions window(ledger);
+  return ShowRecord(window, "", "The sessions window is already open.", [] { return true; });
+}
+
+bool CompareRates(Ledger& ledger) {
+  frmRateCompare window(ledger);
+  return ShowRecord(window, "", "The rate comparison is already open.", [] { return true; });
+}
+
 void AddRecordWindows(WindowCatalogue& catalogue) {
+  catalogue.Add("frmAddSessions", [](Ledger& ledger, const Words&) { return AddSessions(ledger); });
   catalogue.Add("frmPractice", PracticeByWords);
+  catalogue.Add("frmRateCompare",
+                [](Ledger& ledger, const Words&) { return CompareRates(ledger); });
   catalogue.Add("frmSession", SessionByWords);
   catalogue.Add("frmWelcome", Welcome);
 }

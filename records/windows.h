@@ -9,7 +9,7 @@
 namespace lm {
 
 // Adds frmPractice ("new", "open ID"), frmSession ("new [date] [time] [practice ID]", "open ID",
-// "copy ID") and frmWelcome.
+// "copy ID"), frmAddSessions, frmRateCompare and frmWelcome.
 void AddRecordWindows(WindowCatalogue& catalogue);
 
 // Each shows its window and returns when it has closed; false when it would not open, after its
@@ -20,5 +20,7 @@ bool NewSession(Ledger& ledger, std::string_view date, std::string_view time = "
                 std::string_view practiceId = "");
 bool OpenSession(Ledger& ledger, std::string_view id);
 bool CopySession(Ledger& ledger, std::string_view id);
+bool AddSessions(Ledger& ledger);
+bool CompareRates(Ledger& ledger);
 
 }  // namespace lm

@@ -2,6 +2,7 @@
 
 #include "core/messagebox.h"
 #include "documents/invoices.h"
+#include "records/windows.h"
 
 namespace lm {
 namespace {
@@ -34,6 +35,8 @@ SessionsPage::SessionsPage(frmMain& theWindow)
 
 void SessionsPage::AddButtons() {
   AddButton({&cmdAddSession, "plus", "frmSession"}, "Add Session", [this] { rules_.AddPressed(); });
+  AddButton({&cmdAddManySessions, "plusmany", "frmAddSessions"}, "Add Several Sessions",
+            [this] { AddSessions(ledger); });
   AddButton({&cmdEditSession, "edit", "frmSession"}, "Edit Session", [this] {
     const int row = list_.SelectedRecord("Edit Session", "There is no session selected to edit.");
     if (row >= 0) rules_.Opened(row);

@@ -15,6 +15,7 @@ class SessionsPage : public MainPage {
   LabelField lblGrpBySession{&window, "lblGrpBySession"};
   LabelField lblCollapseSessions{&window, "lblCollapseSessions"};
   Button cmdAddSession{&window, "cmdAddSession"};
+  Button cmdAddManySessions{&window, "cmdAddManySessions"};
   Button cmdEditSession{&window, "cmdEditSession"};
   Button cmdCopySession{&window, "cmdCopySession"};
   Button cmdDeleteSession{&window, "cmdDeleteSession"};

@@ -54,7 +54,7 @@ class LineIconEngine : public QIconEngine {
 bool DarkGround() { return QGuiApplication::palette().color(QPalette::Window).lightness() < 128; }
 
 // Messages speak of the green plus.
-QColor OwnColour(const QString& name) { return name == u"plus" ? GoodColour() : QColor(); }
+QColor OwnColour(const QString& name) { return name.startsWith(u"plus") ? GoodColour() : QColor(); }
 
 }  // namespace
 

@@ -156,7 +156,8 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmPensionB", "cSentToHA"},       {"frmPensionSOLO", "cSentToHA"},
       {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
       {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
-      {"frmShortcutKeys", "fgKeys"}};
+      {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
+      {"frmRateCompare", "fgRates"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

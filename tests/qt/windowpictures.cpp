@@ -19,7 +19,9 @@
 #include "pension/frmPensionB.h"
 #include "pension/frmPensionForms.h"
 #include "pension/frmPensionSOLO.h"
+#include "records/frmAddSessions.h"
 #include "records/frmPractice.h"
+#include "records/frmRateCompare.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
 #include "shell/frmMain.h"
@@ -139,6 +141,16 @@ void GrabRecords(test::TestLedger& test) {
     practice.tabMain.SetSelected(tab);
     GrabScreen(practice, QString("frmPractice-%1").arg(tab));
   }
+  frmAddSessions run(test);
+  run.Choose(run.cboPractice, 1);
+  run.Enter(run.txtSDate, "05/01/2026");
+  run.Enter(run.txtEDate, "27/03/2026");
+  for (const int day : {0, 2, 3}) run.Tick(*run.chkDay[static_cast<std::size_t>(day)], true);
+  run.Enter(run.txtSTime, "08:30");
+  run.Enter(run.txtETime, "12:30");
+  GrabScreen(run, "frmAddSessions");
+  frmRateCompare rates(test);
+  GrabScreen(rates, "frmRateCompare");
   frmWelcome welcome(test);
   GrabScreen(welcome, "frmWelcome");
   frmGetPassword password(test, "LedgerMinder.dat");
