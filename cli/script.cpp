@@ -6,6 +6,7 @@
 
 #include "cli/words.h"
 #include "core/clsMD5.h"
+#include "core/files.h"
 #include "core/format.h"
 #include "core/options.h"
 #include "core/optiontable.h"
@@ -97,6 +98,7 @@ const std::vector<Script::Action>& Script::Actions() {
       {"words", 1, &Script::DoWords},   {"format", 2, &Script::DoFormat},
       {"merge", 1, &Script::DoMerge},   {"save", 0, &Script::DoSave},
       {"undo", 0, &Script::DoUndo},     {"redo", 0, &Script::DoRedo},
+      {"path", 1, &Script::DoPath},
   };
   return actions;
 }
@@ -292,6 +294,9 @@ void Script::DoAnswers(Words words) {
   for (const std::string& word : words)
     if (!terminal_.AddAnswer(word)) throw ScriptError("unknown answer: " + word);
 }
+
+// The second word chooses the filter, of which the dialogs have one so far.
+void Script::DoPath(Words words) { terminal_.AddPath(PathFromText(words[0])); }
 
 void Script::DoParse(Words words) {
   const std::string& kind = words[0];

@@ -57,6 +57,7 @@ class Script {
   void DoDump(Words words);
   void DoOption(Words words);
   void DoAnswers(Words words);
+  void DoPath(Words words);
   void DoParse(Words words);
   void DoDigest(Words words);
   void DoWords(Words words);

@@ -122,11 +122,29 @@ std::filesystem::path Terminal::ExecutableDirectory() { return native::Executabl
 std::filesystem::path Terminal::UserDataDirectory() { return native::UserDataDirectory(); }
 
 // A file of the program directory is told by its place there, as on every machine.
-bool Terminal::Open(std::string_view target) {
+std::string Terminal::OwnName(std::string_view path) const {
   const std::string own = ledger ? PathText(ledger->programDirectory) + "/" : "";
-  if (ledger && target.starts_with(own)) target.remove_prefix(own.size());
-  Emit({{"open", Utf8(target)}});
+  if (ledger && path.starts_with(own)) path.remove_prefix(own.size());
+  return std::string(path);
+}
+
+bool Terminal::Open(std::string_view target) {
+  Emit({{"open", Utf8(OwnName(target))}});
   return true;
+}
+
+// With no path told the dialog is cancelled.
+std::filesystem::path Terminal::AskFile(std::string_view title, const FileFilter& filter,
+                                        const std::filesystem::path& start) {
+  Emit({{"dialog",
+         {{"title", Utf8(title)},
+          {"filter", Utf8(filter.name)},
+          {"pattern", Utf8(filter.pattern)},
+          {"start", Utf8(OwnName(PathText(start)))}}}});
+  if (paths_.empty()) return {};
+  std::filesystem::path path = std::move(paths_.front());
+  paths_.pop_front();
+  return path;
 }
 
 MailOutcome Terminal::Compose(const MailMessage& message) {

@@ -36,6 +36,8 @@ class Terminal : public MessagePort,
 
   // "yes", "no", "cancel" or "ok"; false for another word.
   bool AddAnswer(std::string_view word);
+  // What the next file dialog gives; an empty path cancels it.
+  void AddPath(std::filesystem::path path) { paths_.push_back(std::move(path)); }
   int BoxesShown() const { return boxesShown_; }
 
   std::optional<Date> fixedNow;
@@ -61,13 +63,13 @@ class Terminal : public MessagePort,
   bool Open(std::string_view target) override;
   bool StartCalculator() override { return false; }
   void SetClipboard(std::string_view) override {}
-  std::filesystem::path AskOpenFile(std::string_view, const FileFilter&,
-                                    const std::filesystem::path&) override {
-    return {};
+  std::filesystem::path AskOpenFile(std::string_view title, const FileFilter& filter,
+                                    const std::filesystem::path& start) override {
+    return AskFile(title, filter, start);
   }
-  std::filesystem::path AskSaveFile(std::string_view, const FileFilter&,
-                                    const std::filesystem::path&) override {
-    return {};
+  std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
+                                    const std::filesystem::path& start) override {
+    return AskFile(title, filter, start);
   }
 
   bool Available() override { return true; }
@@ -77,7 +79,13 @@ class Terminal : public MessagePort,
 
  private:
   std::ostream* output_;
+  std::filesystem::path AskFile(std::string_view title, const FileFilter& filter,
+                                const std::filesystem::path& start);
+  // As a script names it: what lies in the program directory without that in front.
+  std::string OwnName(std::string_view path) const;
+
   std::deque<Answer> answers_;
+  std::deque<std::filesystem::path> paths_;
   int boxesShown_ = 0;
 };
 

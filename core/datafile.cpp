@@ -141,19 +141,20 @@ void LoadShortcuts(Ledger& ledger) {
 // The text of a file to write. Nothing after its message: a table outgrew its digest or the
 // memory, and the file stays as it is.
 std::optional<std::string> Built(Ledger& ledger, const fs::path& path,
-                                 const std::function<std::string()>& build) {
+                                 const std::function<std::string()>& build,
+                                 std::string_view front = "") {
   try {
     return build();
   } catch (const std::exception&) {
-    ShowMessage(ledger, "The data is too large to be saved",
+    ShowMessage(ledger, std::string(front) + "The data is too large to be saved",
                 PathText(path) + "\\n\\nThe file was left as it is.", Buttons::Ok, Icon::Critical);
     return std::nullopt;
   }
 }
 
-bool MaySave(Ledger& ledger) {
+bool MaySave(Ledger& ledger, std::string_view front = "") {
   if (!ledger.dataIncomplete) return true;
-  ShowMessage(ledger, "The data was not loaded completely",
+  ShowMessage(ledger, std::string(front) + "The data was not loaded completely",
               "Nothing was saved, since less than the data file holds would have taken its "
               "place.\\n\\nTry reloading the data, or load a backup file.",
               Buttons::Ok, Icon::Critical);
@@ -180,10 +181,11 @@ bool LoadGridFile(Ledger& ledger, const fs::path& path, Grid& grid) {
   return false;
 }
 
-bool WriteTextFile(Ledger& ledger, std::string_view text, const fs::path& path) {
+bool WriteTextFile(Ledger& ledger, std::string_view text, const fs::path& path,
+                   std::string_view front) {
   std::string error;
   if (ReplaceFile(path, text, error)) return true;
-  ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+  ShowMessage(ledger, std::string(front) + error, PathText(path), Buttons::Ok, Icon::Critical);
   return false;
 }
 
@@ -229,13 +231,14 @@ bool LoadData(Ledger& ledger, const fs::path& path) {
   return true;
 }
 
-bool WriteDataFile(Ledger& ledger, const fs::path& path) {
-  if (!MaySave(ledger)) return false;
-  const auto text = Built(ledger, path, [&] {
+bool WriteDataFile(Ledger& ledger, const fs::path& path, std::string_view front) {
+  if (!MaySave(ledger, front)) return false;
+  const auto build = [&] {
     return EncodeDataFile(ledger.dataTables, ledger.dataPassword, ProgramVersion(),
                           ledger.platform.clock.Now());
-  });
-  if (!text || !WriteTextFile(ledger, *text, path)) return false;
+  };
+  const auto text = Built(ledger, path, build, front);
+  if (!text || !WriteTextFile(ledger, *text, path, front)) return false;
   RememberVersion(ledger, path, *text);
   return true;
 }

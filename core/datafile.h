@@ -14,8 +14,10 @@ namespace lm {
 bool LoadGridFile(Ledger& ledger, const std::filesystem::path& path, Grid& grid);
 bool SaveGridFile(Ledger& ledger, const std::filesystem::path& path, Grid& grid);
 
-// Creates or replaces the file whole; false after a message with the platform's reason.
-bool WriteTextFile(Ledger& ledger, std::string_view text, const std::filesystem::path& path);
+// Creates or replaces the file whole; false after a message with the platform's reason, behind
+// what the caller puts in front of it.
+bool WriteTextFile(Ledger& ledger, std::string_view text, const std::filesystem::path& path,
+                   std::string_view front = "");
 
 // Reads the data file at `path`, "LedgerMinder.dat" of the program directory when empty, after the
 // shortcut keys. False when it could not: after its message, the tables before the damaged one
@@ -27,6 +29,8 @@ bool LoadData(Ledger& ledger, const std::filesystem::path& path = {});
 // disk is no longer the one that this run loaded or saved, the user is asked first, and that one
 // is kept beside it. False after a message or a No; the markers then stay.
 bool Save(Ledger& ledger);
-bool WriteDataFile(Ledger& ledger, const std::filesystem::path& path);
+// The tables as a data file under any name, a backup's too. False after its message, which begins
+// with `front`.
+bool WriteDataFile(Ledger& ledger, const std::filesystem::path& path, std::string_view front = "");
 
 }  // namespace lm

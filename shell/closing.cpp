@@ -1,9 +1,6 @@
 // Saving from the main window, and the way from its close request to the end.
 #include "core/datafile.h"
-#include "core/files.h"
-#include "core/format.h"
 #include "core/messagebox.h"
-#include "core/numbers.h"
 #include "core/options.h"
 #include "core/platform.h"
 #include "core/rows.h"
@@ -38,21 +35,6 @@ bool frmMain::ConfirmExit() {
   const bool autoSaveOff = EqualsIgnoreCase(GetOption(ledger, optAutoSave), "FALSE");
   return Ask(ledger, "Do you really want to exit?", autoSaveOff ? "Autosave is turned off." : "",
              "Exit LedgerMinder");
-}
-
-void frmMain::BackUpIfDue() {
-  const Double days = Val(GetOption(ledger, optAutoBackupDays));
-  if (days <= 0) return;
-  const Date now = ledger.platform.clock.Now();
-  const auto last = CellDateTime(GetOption(ledger, optLastBackupDate));  // none: a backup is due
-  if (last && *last + days > now) return;
-
-  const auto path = ledger.File("LedgerMinderBackup " + FormatDate(now, "dd mmm yyyy") + ".bak");
-  const UngroupedLists ungrouped(*this);
-  if (!WriteDataFile(ledger, path)) return;
-  SetOption(ledger, optLastBackupFile, PathText(path));
-  SetOption(ledger, optLastBackupDate, FormatDate(now, "dd/mm/yyyy hh:nn"));
-  SaveOptions(ledger);
 }
 
 void frmMain::ExitWithoutSaving() {

@@ -109,6 +109,10 @@ class frmMain : public Screen, private ChangeListener {
   // ---- Saving and closing.
   // Saves everything, without group rows and the group column; false after its message.
   bool SaveAll();
+  // Asks where; false when cancelled or after its message.
+  bool SaveBackup();
+  // Asks which. A load that fails ends the program without saving.
+  void LoadBackup();
   // From the close request to the end. False when the user or a failed save stopped it.
   bool CloseMain();
   void CloseRequested() override { CloseMain(); }
@@ -136,6 +140,7 @@ class frmMain : public Screen, private ChangeListener {
   void SelectChanged(const ChangedRecords& changed);
 
   bool ConfirmExit();
+  void LeaveAfterFailedLoad();
   void BackUpIfDue();
 
   WindowCatalogue& windows_;

@@ -37,6 +37,10 @@ void frmMain::SetHandlers() {
     const BusyPointer busy(ledger.platform);
     SaveAll();
   }};
+  handlers_["mnuSaveBackup"] = {[this] {
+    if (SaveBackup()) ShowMessage(ledger, "Backup Saved", "", Buttons::Ok, Icon::Done);
+  }};
+  handlers_["mnuLoadBackup"] = {[this] { LoadBackup(); }};
   handlers_["mnuReloadData"] = {[this] { ReloadData(); }};
   handlers_["mnuExit"] = {[this] { CloseMain(); }};
   handlers_["mnuExitWithoutSaving"] = {[this] { ExitWithoutSaving(); }};

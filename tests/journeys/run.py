@@ -9,6 +9,8 @@ A journey is a script of ledgerminder-cli with what it must answer:
     ---                            the program ends here; the rest runs on the same directory
     !! edit-cell . fgSessions 1 INVOICE 7    a command in the program directory between two runs
 
+The program directory is "program" in the folder where all runs.
+
 The answers must come in the order told. Other lines may stand between them, but no message box
 and no error that the journey does not tell.
 """
@@ -50,7 +52,7 @@ def run(cli, options, directory, script, wanted):
     # --force: a desktop program that runs on this machine is not asked about.
     done = subprocess.run([cli, "--dir", directory, "--force", *options, "run", "-"],
                           input="\n".join(script) + "\n", capture_output=True, text=True,
-                          timeout=120, encoding="utf-8")
+                          timeout=120, encoding="utf-8", cwd=pathlib.Path(directory).parent)
     output = [json.loads(line) for line in done.stdout.splitlines()]
     fault = check(output, wanted)
     expects_error = any("error" in want for _, want in wanted)
