@@ -1,6 +1,7 @@
 #include "records/windows.h"
 
 #include "records/frmAddSessions.h"
+#include "records/frmEvent.h"
 #include "records/frmPractice.h"
 #include "records/frmRateCompare.h"
 #include "records/frmSession.h"
@@ -32,6 +33,11 @@ bool SessionByWords(Ledger& ledger, const Words& words) {
   if (operation == "new") return NewSession(ledger, Word(words, 1), Word(words, 2), Word(words, 3));
   if (operation == "open") return OpenSession(ledger, Word(words, 1));
   return operation == "copy" && CopySession(ledger, Word(words, 1));
+}
+
+bool EventByWords(Ledger& ledger, const Words& words) {
+  if (Word(words, 0) == "new") return NewEvent(ledger, Word(words, 1));
+  return Word(words, 0) == "open" && OpenEvent(ledger, Word(words, 1));
 }
 
 bool Welcome(Ledger& ledger, const Words&) {
@@ -75,6 +81,19 @@ bool AddSessions(Ledger& ledger) {
   return ShowRecord(window, "", "The sessions window is already open.", [] { return true; });
 }
 
+bool NewEvent(Ledger& ledger, std::string_view date) {
+  frmEvent window(ledger);
+  window.New(date);
+  ShowModal(window);
+  return true;
+}
+
+bool OpenEvent(Ledger& ledger, std::string_view id) {
+  frmEvent window(ledger);
+  return ShowRecord(window, id, "The event window is already open.",
+                    [&] { return window.Open(id); });
+}
+
 bool CompareRates(Ledger& ledger) {
   frmRateCompare window(ledger);
   return ShowRecord(window, "", "The rate comparison is already open.", [] { return true; });
@@ -82,6 +101,7 @@ bool CompareRates(Ledger& ledger) {
 
 void AddRecordWindows(WindowCatalogue& catalogue) {
   catalogue.Add("frmAddSessions", [](Ledger& ledger, const Words&) { return AddSessions(ledger); });
+  catalogue.Add("frmEvent", EventByWords);
   catalogue.Add("frmPractice", PracticeByWords);
   catalogue.Add("frmRateCompare",
                 [](Ledger& ledger, const Words&) { return CompareRates(ledger); });

@@ -1,6 +1,7 @@
 #include "shell/pages/allpages.h"
 
 #include "shell/pages/comingpages.h"
+#include "shell/pages/eventspage.h"
 #include "shell/pages/invoicespage.h"
 #include "shell/pages/mydetailspage.h"
 #include "shell/pages/pensionpage.h"

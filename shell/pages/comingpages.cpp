@@ -11,13 +11,6 @@ constexpr PageSpec kCalendar{
     "",
     "The calendar views are not available in this version yet. Your sessions are on the Sessions "
     "page."};
-constexpr PageSpec kEvents{
-    Page::Events,
-    "Events",
-    "events",
-    "mnuVewEvents",
-    "cmdEventPage",
-    "Your events are listed here. They cannot be added or changed in this version yet."};
 constexpr PageSpec kReports{
     Page::Reports,    "Reports", "reports",
     "mnuViewReports", "",        "The reports are not available in this version yet."};
@@ -43,10 +36,6 @@ CalendarPage::CalendarPage(frmMain& theWindow) : MainPage(theWindow, kCalendar) 
   AddTip({"Calendars",
           "The calendars show your sessions and events by week, in detail, by month, as a planner "
           "and by year. Choose the view with the tabs."});
-}
-
-EventsPage::EventsPage(frmMain& theWindow) : MainPage(theWindow, kEvents) {
-  AddList(ledger.fgEvents, {"Events", "There are no events."});
 }
 
 ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kReports) {

@@ -11,11 +11,6 @@ class CalendarPage : public MainPage {
   explicit CalendarPage(frmMain& window);
 };
 
-class EventsPage : public MainPage {
- public:
-  explicit EventsPage(frmMain& window);
-};
-
 class ReportsPage : public MainPage {
  public:
   explicit ReportsPage(frmMain& window);

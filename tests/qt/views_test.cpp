@@ -157,7 +157,7 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
       {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
       {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
-      {"frmRateCompare", "fgRates"}};
+      {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

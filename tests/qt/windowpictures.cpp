@@ -20,6 +20,7 @@
 #include "pension/frmPensionForms.h"
 #include "pension/frmPensionSOLO.h"
 #include "records/frmAddSessions.h"
+#include "records/frmEvent.h"
 #include "records/frmPractice.h"
 #include "records/frmRateCompare.h"
 #include "records/frmSession.h"
@@ -149,6 +150,10 @@ void GrabRecords(test::TestLedger& test) {
   run.Enter(run.txtSTime, "08:30");
   run.Enter(run.txtETime, "12:30");
   GrabScreen(run, "frmAddSessions");
+  frmEvent event(test);
+  event.New("09/02/2026");
+  event.Enter(event.cTitle, "Half-term holiday");
+  GrabScreen(event, "frmEvent");
   frmRateCompare rates(test);
   GrabScreen(rates, "frmRateCompare");
   frmWelcome welcome(test);
