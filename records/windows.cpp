@@ -1,5 +1,6 @@
 #include "records/windows.h"
 
+#include "records/frmAddExpenses.h"
 #include "records/frmAddSessions.h"
 #include "records/frmEvent.h"
 #include "records/frmPractice.h"
@@ -94,12 +95,19 @@ bool OpenEvent(Ledger& ledger, std::string_view id) {
                     [&] { return window.Open(id); });
 }
 
+bool NewExpense(Ledger& ledger) {
+  frmAddExpenses window(ledger);
+  ShowModal(window);
+  return true;
+}
+
 bool CompareRates(Ledger& ledger) {
   frmRateCompare window(ledger);
   return ShowRecord(window, "", "The rate comparison is already open.", [] { return true; });
 }
 
 void AddRecordWindows(WindowCatalogue& catalogue) {
+  catalogue.Add("frmAddExpenses", [](Ledger& ledger, const Words&) { return NewExpense(ledger); });
   catalogue.Add("frmAddSessions", [](Ledger& ledger, const Words&) { return AddSessions(ledger); });
   catalogue.Add("frmEvent", EventByWords);
   catalogue.Add("frmPractice", PracticeByWords);

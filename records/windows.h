@@ -9,7 +9,8 @@
 namespace lm {
 
 // Adds frmPractice ("new", "open ID"), frmSession ("new [date] [time] [practice ID]", "open ID",
-// "copy ID"), frmEvent ("new [date]", "open ID"), frmAddSessions, frmRateCompare and frmWelcome.
+// "copy ID"), frmEvent ("new [date]", "open ID"), frmAddExpenses, frmAddSessions, frmRateCompare
+// and frmWelcome.
 void AddRecordWindows(WindowCatalogue& catalogue);
 
 // Each shows its window and returns when it has closed; false when it would not open, after its
@@ -23,6 +24,7 @@ bool CopySession(Ledger& ledger, std::string_view id);
 bool AddSessions(Ledger& ledger);
 bool NewEvent(Ledger& ledger, std::string_view date = "");  // today where there is none
 bool OpenEvent(Ledger& ledger, std::string_view id);
+bool NewExpense(Ledger& ledger);
 bool CompareRates(Ledger& ledger);
 
 }  // namespace lm

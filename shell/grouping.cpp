@@ -18,10 +18,12 @@ constexpr GroupChoice kInvoiceChoices[] = {{"No Grouping"},
                                            {"Practice", "PRACTICE"},
                                            {"Month Created", kGroupMonthKey, "CDATE"},
                                            {"Month Sent", kGroupMonthKey, "SDATE"}};
+constexpr GroupChoice kExpenseChoices[] = {{"No Grouping"}, {"Category", "CATEGORY"}};
 
 constexpr std::string_view kSessionSums[] = {"RATE", "EXTRAS", "EXPENSES", "EMPLOYERCONTRIB",
                                              "TOTAL"};
 constexpr std::string_view kInvoiceSums[] = {"AMOUNT", "EMPLOYERCONTRIB"};
+constexpr std::string_view kExpenseSums[] = {"AMOUNT"};
 
 constexpr int kGroupLevel = 1;
 constexpr int kFirstColumnAfterMarker = 1;
@@ -73,6 +75,7 @@ std::string ShownInGroup(const Grid& grid, int groupRow, int col, int first) {
 
 const GroupedList kGroupedSessions{&Ledger::fgSessions, kSessionChoices, kSessionSums};
 const GroupedList kGroupedInvoices{&Ledger::fgInvoices, kInvoiceChoices, kInvoiceSums};
+const GroupedList kGroupedExpenses{&Ledger::fgExpenses, kExpenseChoices, kExpenseSums};
 
 std::vector<std::string> GroupCaptions(const GroupedList& list) {
   std::vector<std::string> captions;

@@ -26,6 +26,7 @@ struct GroupedList {
 };
 extern const GroupedList kGroupedSessions;
 extern const GroupedList kGroupedInvoices;
+extern const GroupedList kGroupedExpenses;
 
 std::vector<std::string> GroupCaptions(const GroupedList& list);
 

@@ -88,9 +88,7 @@ void RecordList::ChooseGroup() {
 RowTest RecordList::TestOfTab() const {
   RowTest shown = shownOn_(tabs_->Selected());
   if (kept_.empty()) return shown;
-  return [this, shown, id = table_.ColIndex("ID")](int row) {
-    return shown(row) || kept_.contains(table_.TextMatrix(row, id));
-  };
+  return [this, shown](int row) { return shown(row) || kept_.contains(IdentityOf(row)); };
 }
 
 void RecordList::Refresh() {
@@ -116,8 +114,16 @@ void RecordList::RecordsChanged(const TableChange& change, bool inSight) {
     for (const int row : *rows) table_.SetRowHidden(row, !shown(row));
 }
 
+// A table without IDs knows its records by what they hold; equal ones are kept together.
+std::string RecordList::IdentityOf(int row) const {
+  if (const int id = table_.FindCol("ID"); id >= 0) return table_.TextMatrix(row, id);
+  std::string record;
+  table_.WriteRecord(row, record);
+  return record;
+}
+
 void RecordList::Keep(int row) {
-  std::string id = table_.TextMatrix(row, "ID");
+  std::string id = IdentityOf(row);
   if (tabs_ && !id.empty()) kept_.insert(std::move(id));
 }
 

@@ -76,6 +76,7 @@ class RecordList {
   ListGrouping* Grouping() { return grouping_ ? &*grouping_ : nullptr; }
 
  private:
+  std::string IdentityOf(int row) const;
   void Keep(int row);
   RowTest TestOfTab() const;
   void ChooseGroup();
@@ -89,7 +90,7 @@ class RecordList {
   GroupControls controls_;
   std::optional<ListGrouping> grouping_;
   SortState sorting_;
-  std::unordered_set<std::string> kept_;  // IDs
+  std::unordered_set<std::string> kept_;  // identities of records
 };
 
 }  // namespace lm

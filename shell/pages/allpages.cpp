@@ -2,6 +2,7 @@
 
 #include "shell/pages/comingpages.h"
 #include "shell/pages/eventspage.h"
+#include "shell/pages/expensespage.h"
 #include "shell/pages/invoicespage.h"
 #include "shell/pages/mydetailspage.h"
 #include "shell/pages/pensionpage.h"

@@ -14,13 +14,6 @@ constexpr PageSpec kCalendar{
 constexpr PageSpec kReports{
     Page::Reports,    "Reports", "reports",
     "mnuViewReports", "",        "The reports are not available in this version yet."};
-constexpr PageSpec kExpenses{
-    Page::Expenses,
-    "Expenses",
-    "expenses",
-    "mnuViewExpenses",
-    "",
-    "Your general expenses are listed here. They cannot be added or changed in this version yet."};
 constexpr PageSpec kToday{
     Page::LMToday,
     "LM Today",
@@ -41,13 +34,6 @@ CalendarPage::CalendarPage(frmMain& theWindow) : MainPage(theWindow, kCalendar) 
 ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kReports) {
   AddTip({"Reporting",
           "Reports add up your sessions, invoices and expenses over any period you choose."});
-}
-
-ExpensesPage::ExpensesPage(frmMain& theWindow) : MainPage(theWindow, kExpenses) {
-  AddList(ledger.fgExpenses, {"Expenses", "There are no general expenses."});
-  AddTip({"General Expenses",
-          "General expenses are costs of your work that belong to no single session, such as "
-          "subscriptions. Costs of one session are entered on the session itself."});
 }
 
 TodayPage::TodayPage(frmMain& theWindow) : MainPage(theWindow, kToday) {}

@@ -16,11 +16,6 @@ class ReportsPage : public MainPage {
   explicit ReportsPage(frmMain& window);
 };
 
-class ExpensesPage : public MainPage {
- public:
-  explicit ExpensesPage(frmMain& window);
-};
-
 class TodayPage : public MainPage {
  public:
   explicit TodayPage(frmMain& window);

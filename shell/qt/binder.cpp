@@ -31,6 +31,8 @@ namespace {
 
 // On a picker's button: the name of the box for which it picks.
 constexpr const char* kPickerOf = "pickerOf";
+// On a frame, a text or a list: the name of the field with which it comes and goes.
+constexpr const char* kShownWith = "shownWith";
 
 // Begins the text of the one that is chosen of several labels.
 constexpr QChar kChosen(0x2022);
@@ -78,9 +80,12 @@ Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
     return found == widgets.end() ? nullptr : found->second;
   };
   for (Field* field : screen.Fields())
-    if (QWidget* widget = find(field->Name())) bound_.push_back({field, widget, {}});
+    if (QWidget* widget = find(field->Name())) bound_.push_back({field, widget, {}, {}});
   for (QLabel* label : view.findChildren<QLabel*>())
     if (Bound* bound = Of(label->buddy())) bound->captions.push_back(label);
+  for (QWidget* widget : view.findChildren<QWidget*>())
+    if (QWidget* leader = find(FromQt(widget->property(kShownWith).toString())))
+      if (Bound* bound = Of(leader)) bound->companions.push_back(widget);
   for (Bound& bound : bound_) {
     Show(bound);
     Connect(bound);
@@ -255,6 +260,7 @@ void Binder::Show(const Bound& bound) {
   bound.widget->setEnabled(bound.field->Enabled());
   bound.widget->setVisible(bound.field->Visible());
   for (QLabel* caption : bound.captions) caption->setVisible(bound.field->Visible());
+  for (QWidget* widget : bound.companions) widget->setVisible(bound.field->Visible());
   if (!bound.field->ToolTip().empty()) bound.widget->setToolTip(ToQt(bound.field->ToolTip()));
   ShowText(bound);
 }

@@ -49,7 +49,8 @@ class Binder : public QObject, private ScreenObserver {
   struct Bound {
     Field* field = nullptr;
     QWidget* widget = nullptr;
-    std::vector<QLabel*> captions;  // the labels that name it; hidden with it
+    std::vector<QLabel*> captions;     // the labels that name it; hidden with it
+    std::vector<QWidget*> companions;  // frames and lists that are shown with it, as they name it
   };
 
   void FieldChanged(Field& field) override;

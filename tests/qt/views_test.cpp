@@ -157,7 +157,8 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
       {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
       {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
-      {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"}};
+      {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"},
+      {"frmAddExpenses", "txtItem"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

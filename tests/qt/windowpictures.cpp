@@ -19,6 +19,7 @@
 #include "pension/frmPensionB.h"
 #include "pension/frmPensionForms.h"
 #include "pension/frmPensionSOLO.h"
+#include "records/frmAddExpenses.h"
 #include "records/frmAddSessions.h"
 #include "records/frmEvent.h"
 #include "records/frmPractice.h"
@@ -150,6 +151,16 @@ void GrabRecords(test::TestLedger& test) {
   run.Enter(run.txtSTime, "08:30");
   run.Enter(run.txtETime, "12:30");
   GrabScreen(run, "frmAddSessions");
+  frmAddExpenses expense(test);
+  expense.Enter(expense.txtItem, "BMA subscription");
+  expense.Enter(expense.txtAmount, "41.50");
+  GrabScreen(expense, "frmAddExpenses");
+  expense.Tick(expense.optRepetition_Weekly, true);
+  GrabScreen(expense, "frmAddExpenses-weekly");
+  expense.Tick(expense.optRepetition_Monthly, true);
+  for (const int col : {0, 4}) expense.Click(expense.fgRecurOnDays, 0, col);
+  expense.Enter(expense.txtRepeatUntil, "31/12/2026");
+  GrabScreen(expense, "frmAddExpenses-monthly");
   frmEvent event(test);
   event.New("09/02/2026");
   event.Enter(event.cTitle, "Half-term holiday");
