@@ -12,6 +12,7 @@
 #include "core/keptversion.h"
 #include "core/keys.h"
 #include "core/messagebox.h"
+#include "core/numbers.h"
 #include "core/options.h"
 #include "core/platform.h"
 #include "core/rows.h"
@@ -58,6 +59,27 @@ void ShowNoDataFile(Ledger& ledger, const fs::path& path) {
   ShowMessage(ledger, "This is not a LedgerMinder data file",
               PathText(path) + "\\n\\nTry loading a backup file.", Buttons::Ok, Icon::Critical, "",
               WebPage("/UnableToLoad.php"));
+}
+
+// By the major and the minor number; a revision changes no file.
+bool IsNewer(std::string_view version) {
+  const auto theirs = Split(version, '.'), ours = Split(ProgramVersion(), '.');
+  for (const std::size_t part : {0U, 1U}) {
+    const int their = part < theirs.size() ? ValInt(theirs[part]) : 0;
+    if (their != ValInt(ours[part])) return their > ValInt(ours[part]);
+  }
+  return false;
+}
+
+// What a later version stored cannot be guessed at.
+bool RefuseNewer(Ledger& ledger, const fs::path& path, const std::string& version) {
+  if (!IsNewer(version)) return false;
+  ShowMessage(ledger, "This file was saved by a newer version of LedgerMinder",
+              PathText(path) + "\\n\\nIt was saved by version " + version + "; this is version " +
+                  std::string(ProgramVersion()) +
+                  ". Install the newer version to open it. The file was left as it is.",
+              Buttons::Ok, Icon::Critical);
+  return true;
 }
 
 // The clear password of the file, "" when it has none. Nothing when the user gave it up or it is
@@ -208,6 +230,7 @@ bool LoadData(Ledger& ledger, const fs::path& path) {
     ShowNoDataFile(ledger, source);
     return false;
   }
+  if (RefuseNewer(ledger, source, VersionOf(*file))) return false;
   const auto password = PasswordOf(ledger, source, *file);
   if (!password) return false;
   const BusyPointer busy(ledger.platform);

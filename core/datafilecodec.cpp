@@ -221,6 +221,10 @@ std::optional<DataFileParts> TakeApart(std::string_view bytes) {
   return file;
 }
 
+std::string VersionOf(const DataFileParts& file) {
+  return VersionFromHeader(file.header).value_or("");
+}
+
 DecodedDataFile DecodeDataFile(const DataFileParts& file, std::string_view password,
                                std::span<Grid* const> tables) {
   const auto version = VersionFromHeader(file.header);

@@ -45,6 +45,9 @@ struct DataFileParts {
 // Nothing for bytes that do not begin with a password hash: they are no data file.
 std::optional<DataFileParts> TakeApart(std::string_view bytes);
 
+// Of the program that wrote the file; "" where the header does not tell. It needs no password.
+std::string VersionOf(const DataFileParts& file);
+
 enum class DamagedPart { Header, File, Table };  // File: it has more sections than there are tables
 
 struct Damage {

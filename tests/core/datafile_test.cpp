@@ -153,6 +153,18 @@ TEST(DataFile, EveryDamageIsToldAndNothingIsOverwritten) {
               "than this\x1f"),
        "", 13},  // the version alone is read
       {header("4.0.0"), "Decryption Error: Header", 0},
+      {header("4.0.99\x1f"
+              "03-02-2026 10:30:00\x1f"),
+       "", 13},
+      {header("3.9.0\x1f"
+              "03-02-2026 10:30:00\x1f"),
+       "", 13},
+      {header("4.1.0\x1f"
+              "03-02-2026 10:30:00\x1f"),
+       "This file was saved by a newer version of LedgerMinder", 0},
+      {header("12.0.0\x1f"
+              "03-02-2026 10:30:00\x1f"),
+       "This file was saved by a newer version of LedgerMinder", 0},
       {whole + kSectionEnd, "Decryption Error: File", 0},
       {whole.substr(0, whole.find_last_not_of('=')), "Decryption Error: PensionPayments", 12},
       {whole.substr(0, whole.size() - 5), "Decryption Error: PensionPayments", 12},
