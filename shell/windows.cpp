@@ -3,6 +3,7 @@
 #include "documents/windows.h"
 #include "pension/windows.h"
 #include "records/windows.h"
+#include "shell/frmGettingStarted.h"
 #include "shell/frmShortcutKeys.h"
 
 namespace lm {
@@ -14,6 +15,10 @@ void AddWindows(WindowCatalogue& catalogue) {
 }
 
 void AddMainWindows(WindowCatalogue& catalogue, frmMain& main) {
+  catalogue.Add("frmGettingStarted", [&main](Ledger&, const std::vector<std::string>&) {
+    frmGettingStarted window(main);
+    return ShowRecord(window, "", "The first steps are already open.", [] { return true; });
+  });
   catalogue.Add("frmShortcutKeys", [&main](Ledger&, const std::vector<std::string>&) {
     frmShortcutKeys window(main);
     return ShowRecord(window, "", "The shortcut keys are already open.", [] { return true; });

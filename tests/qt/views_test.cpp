@@ -158,7 +158,7 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
       {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
       {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"},
-      {"frmAddExpenses", "txtItem"}};
+      {"frmAddExpenses", "txtItem"},      {"frmGettingStarted", "cmdPractices"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

@@ -26,6 +26,7 @@
 #include "records/frmRateCompare.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
+#include "shell/frmGettingStarted.h"
 #include "shell/frmMain.h"
 #include "shell/frmShortcutKeys.h"
 #include "shell/pages/pensionpage.h"
@@ -119,6 +120,8 @@ void GrabMain(test::TestLedger& test) {
   window.CurrentList()->EditCellAt(test.ledger.fgSessions.FixedRows() + 7,
                                    test.ledger.fgSessions.ColIndex("RATE"));
   Grab(window, "main-sessions-editing");
+  frmGettingStarted steps(screen);
+  GrabScreen(steps, "frmGettingStarted");
   SetDefaultShortcuts(test);
   frmShortcutKeys keys(screen);
   keys.fgKeys.Select(keys.fgKeys.FindRow("Show Detail Calendar", "ACTION"), 1);

@@ -160,6 +160,26 @@ TEST_F(MainWindow, KeysRunTheirActions) {
   EXPECT_EQ(window->ShortcutTextOf(*save), "Ctrl+S");
 }
 
+TEST_F(MainWindow, GettingStartedLeadsThroughTheSteps) {
+  test.shown.modal = {[&](Screen& steps) {
+                        EXPECT_EQ(steps.Name(), "frmGettingStarted");
+                        const auto text = [&](std::string_view name) {
+                          return steps.FindField(name)->Text();
+                        };
+                        EXPECT_TRUE(text("lblPractices").ends_with("Not done yet."));
+                        EXPECT_FALSE(steps.FindField("cmdSessions")->Enabled());
+                        steps.Press(*steps.FindField("cmdPractices"));
+                        EXPECT_TRUE(text("lblPractices").ends_with("Done: 1 practice entered."));
+                        EXPECT_TRUE(steps.FindField("cmdSessions")->Enabled());
+                        steps.Press(*steps.FindField("cmdMyDetails"));
+                        EXPECT_TRUE(steps.Closed());
+                      },
+                      [](Screen& practice) { practice.Press(*practice.FindField("cmdOk")); }};
+  PressNamed("mnuGettingStarted");
+  EXPECT_TRUE(test.shown.modal.empty());
+  EXPECT_EQ(window->CurrentPage(), Page::MyDetails);
+}
+
 TEST_F(MainWindow, ShortcutBarIsToggled) {
   PressNamed("mnuViewShortcutBar");
   EXPECT_FALSE(window->ShortcutBarVisible());
