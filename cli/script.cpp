@@ -98,7 +98,7 @@ const std::vector<Script::Action>& Script::Actions() {
       {"words", 1, &Script::DoWords},   {"format", 2, &Script::DoFormat},
       {"merge", 1, &Script::DoMerge},   {"save", 0, &Script::DoSave},
       {"undo", 0, &Script::DoUndo},     {"redo", 0, &Script::DoRedo},
-      {"path", 1, &Script::DoPath},
+      {"path", 1, &Script::DoPath},     {"colour", 1, &Script::DoColour},
   };
   return actions;
 }
@@ -297,6 +297,11 @@ void Script::DoAnswers(Words words) {
 
 // The second word chooses the filter, of which the dialogs have one so far.
 void Script::DoPath(Words words) { terminal_.AddPath(PathFromText(words[0])); }
+
+void Script::DoColour(Words words) {
+  if (!AllDigits(words[0])) throw ScriptError("a colour is a number, not " + words[0]);
+  terminal_.AddColour(ValInt(words[0]));
+}
 
 void Script::DoParse(Words words) {
   const std::string& kind = words[0];

@@ -58,6 +58,7 @@ class Script {
   void DoOption(Words words);
   void DoAnswers(Words words);
   void DoPath(Words words);
+  void DoColour(Words words);
   void DoParse(Words words);
   void DoDigest(Words words);
   void DoWords(Words words);

@@ -134,6 +134,14 @@ bool Terminal::Open(std::string_view target) {
 }
 
 // With no path told the dialog is cancelled.
+std::optional<int> Terminal::AskColour(std::string_view title, int start) {
+  Emit({{"dialog", {{"title", Utf8(title)}, {"colour", start}}}});
+  if (colours_.empty()) return std::nullopt;
+  const int colour = colours_.front();
+  colours_.pop_front();
+  return colour;
+}
+
 std::filesystem::path Terminal::AskFile(std::string_view title, const FileFilter& filter,
                                         const std::filesystem::path& start) {
   Emit({{"dialog",

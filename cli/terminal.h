@@ -38,6 +38,8 @@ class Terminal : public MessagePort,
   bool AddAnswer(std::string_view word);
   // What the next file dialog gives; an empty path cancels it.
   void AddPath(std::filesystem::path path) { paths_.push_back(std::move(path)); }
+  // What the next colour dialog gives; none cancels it.
+  void AddColour(int colour) { colours_.push_back(colour); }
   int BoxesShown() const { return boxesShown_; }
 
   std::optional<Date> fixedNow;
@@ -71,6 +73,7 @@ class Terminal : public MessagePort,
                                     const std::filesystem::path& start) override {
     return AskFile(title, filter, start);
   }
+  std::optional<int> AskColour(std::string_view title, int start) override;
 
   bool Available() override { return true; }
   MailOutcome Compose(const MailMessage& message) override;  // a JSON line, always handed over
@@ -86,6 +89,7 @@ class Terminal : public MessagePort,
 
   std::deque<Answer> answers_;
   std::deque<std::filesystem::path> paths_;
+  std::deque<int> colours_;
   int boxesShown_ = 0;
 };
 

@@ -9,9 +9,12 @@
 namespace lm {
 
 std::vector<EventCategory> EventCategories(const Ledger& ledger) {
+  return EventCategoriesIn(GetOption(ledger, optEventCategories));
+}
+
+std::vector<EventCategory> EventCategoriesIn(std::string_view optionText) {
   std::vector<EventCategory> categories;
-  const std::string stored = GetOption(ledger, optEventCategories);
-  for (const std::string_view entry : Split(stored, '|')) {
+  for (const std::string_view entry : Split(optionText, '|')) {
     const auto fields = Split(entry, ';');
     const std::string_view code = Trim(fields.front());
     EventCategory category{};

@@ -19,6 +19,7 @@ struct EventCategory {
 
 // In the order of the option; an entry without a whole number as its code is left out.
 std::vector<EventCategory> EventCategories(const Ledger& ledger);
+std::vector<EventCategory> EventCategoriesIn(std::string_view optionText);
 // The option's text; names hold no "|" and no ";".
 std::string EventCategoriesText(std::span<const EventCategory> categories);
 

@@ -22,6 +22,7 @@ enum class OptionKind {
   Colour,  // decimal: blue * 65536 + green * 256 + red
   Date,    // dd/mm/yyyy, with hh:nn behind it where a time is kept
   Choice,  // one of `choices`
+  File,    // a file's name, chosen among those of a folder
   Packed   // entries joined by "|", as docs/file-formats.md tells
 };
 

@@ -93,6 +93,8 @@ class SystemPort {
                                             const std::filesystem::path& start) = 0;
   virtual std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
                                             const std::filesystem::path& start) = 0;
+  // A colour as the options hold it; nothing when the user cancelled.
+  virtual std::optional<int> AskColour(std::string_view title, int start) = 0;
 };
 
 struct MailMessage {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 #include "core/numbers.h"
 #include "core/options.h"
@@ -24,6 +25,10 @@ Colour MarkerColour(const Ledger& ledger, int option, Colour usual) {
 
 Colour NewMarker(const Ledger& ledger) {
   return MarkerColour(ledger, optNewRowColour, kUsualNewMarker);
+}
+
+Colour EditedMarker(const Ledger& ledger) {
+  return MarkerColour(ledger, optEditedRowColour, kUsualEditedMarker);
 }
 
 Colour Marker(const Grid& grid, int row) {
@@ -62,12 +67,29 @@ void MarkNew(Ledger& ledger, Grid& grid, int row) { SetMarker(grid, row, NewMark
 
 void MarkEdited(Ledger& ledger, Grid& grid, int row) {
   if (StateOfRow(ledger, grid, row) == RowState::New) return;
-  SetMarker(grid, row, MarkerColour(ledger, optEditedRowColour, kUsualEditedMarker));
+  SetMarker(grid, row, EditedMarker(ledger));
 }
 
 void ClearMarkers(Grid& grid) {
   grid.SetCellColour(CellSetting::flexcpBackColor,
                      {grid.FixedRows(), kMarkerCol, grid.Rows() - 1, kMarkerCol}, kNoColour);
+}
+
+void KeepMarkers(Ledger& ledger, const std::function<void()>& change) {
+  struct Marked {
+    Grid* grid;
+    int row;
+    RowState state;
+  };
+  std::vector<Marked> marked;
+  for (Grid* grid : ledger.dataTables)
+    for (const int row : Records(*grid))
+      if (const RowState state = StateOfRow(ledger, *grid, row); state != RowState::Saved)
+        marked.push_back({grid, row, state});
+  change();
+  for (const Marked& each : marked)
+    SetMarker(*each.grid, each.row,
+              each.state == RowState::New ? NewMarker(ledger) : EditedMarker(ledger));
 }
 
 bool HasUnsavedRows(const Ledger& ledger) {

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -20,6 +23,11 @@ class Records {
 
   class Iterator {
    public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = int;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const int*;
+    using reference = int;
     Iterator(const Grid& grid, int row) : grid_(grid), row_(row) { PassGroups(); }
     int operator*() const { return row_; }
     Iterator& operator++() {
@@ -27,6 +35,7 @@ class Records {
       PassGroups();
       return *this;
     }
+    void operator++(int) { ++*this; }
     bool operator==(const Iterator& other) const { return row_ == other.row_; }
 
    private:
@@ -57,6 +66,8 @@ RowState StateOfRow(const Ledger& ledger, const Grid& grid, int row);
 void MarkNew(Ledger& ledger, Grid& grid, int row);
 void MarkEdited(Ledger& ledger, Grid& grid, int row);  // a row that is new stays new
 void ClearMarkers(Grid& grid);
+// Runs what may change the colours of markers, and gives new and edited rows the colours of then.
+void KeepMarkers(Ledger& ledger, const std::function<void()>& change);
 bool HasUnsavedRows(const Ledger& ledger);
 bool HasUnsaved(const Ledger& ledger);  // rows, or what was typed on My Details
 

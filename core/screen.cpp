@@ -2,6 +2,7 @@
 
 #include "core/change.h"
 #include "core/messagebox.h"
+#include "core/options.h"
 #include "core/platform.h"
 #include "core/tables.h"
 #include "core/text.h"
@@ -319,6 +320,8 @@ EditOutcome Screen::Edit(Grid& grid, int row, int col, std::string_view word) {
 void Screen::Click(Grid& grid, int row, int col) {
   if (!closed_) CellClicked(grid, row, col);
 }
+
+std::string Screen::LookOption(const Grid&, int option) const { return GetOption(ledger, option); }
 
 void Screen::CloseRequested() {
   if (cancelButton)

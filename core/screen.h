@@ -88,6 +88,8 @@ class TextField : public Field {
   void SetText(std::string_view text) override;  // line breaks become CR LF
   bool multiLine = false;
   bool password = false;
+  // Each key stroke, while the field still holds what it held before.
+  std::function<void(std::string_view typed)> onTyping;
 };
 
 class LabelField : public Field {  // with onPressed set it is a link or an icon
@@ -264,6 +266,9 @@ class Screen {
   EditOutcome FinishEdit(Grid& grid, int row, int col, const CellInput& input);
   EditOutcome Edit(Grid& grid, int row, int col, std::string_view word);
   void Click(Grid& grid, int row, int col);
+
+  // The option by which the grid looks: fonts, colours and lines are those of all lists.
+  virtual std::string LookOption(const Grid& grid, int option) const;
 
   // The right-button menu of the cell where the grid's cursor stands; empty when there is none.
   virtual std::vector<MenuEntry> ContextMenu(const Grid& /*grid*/) { return {}; }

@@ -166,6 +166,10 @@ int NextInvoiceId(const Ledger& ledger) {
   return std::max(NextId(ledger.fgInvoices), ValInt(GetOption(ledger, optInvoiceStartNumber)));
 }
 
+std::string InvoiceNumber(int id, const NumberStyle& style) {
+  return style.prefix + Format(id, style.pattern) + style.suffix;
+}
+
 int AddInvoice(Ledger& ledger, int id, const std::string& practiceId, const InvoiceSums& sums,
                std::string_view invoiceDate) {
   Grid& invoices = ledger.fgInvoices;
@@ -174,9 +178,9 @@ int AddInvoice(Ledger& ledger, int id, const std::string& practiceId, const Invo
   const int row = AddRecord(ledger, invoices);
   const std::pair<std::string_view, std::string> cells[] = {
       {"ID", PlainText(id)},
-      {"NUMBER", GetOption(ledger, optInvoicePrefix) +
-                     Format(id, GetOption(ledger, optInvoiceNumberFormat)) +
-                     GetOption(ledger, optInvoiceSuffix)},
+      {"NUMBER", InvoiceNumber(id, {GetOption(ledger, optInvoicePrefix),
+                                    GetOption(ledger, optInvoiceNumberFormat),
+                                    GetOption(ledger, optInvoiceSuffix)})},
       {"AMOUNT", sums.amount.ToText()},
       {"EMPLOYERCONTRIB", sums.employerContrib.ToText()},
       {"CDATE", CellText(ledger.platform.clock.Now())},

@@ -14,6 +14,12 @@ namespace lm {
 // greater.
 int NextInvoiceId(const Ledger& ledger);
 
+// How an invoice number reads: "INV-00012" of 12, "INV-", the pattern "00000" and "".
+struct NumberStyle {
+  std::string prefix, pattern, suffix;
+};
+std::string InvoiceNumber(int id, const NumberStyle& style);
+
 struct InvoiceSums {
   Currency amount, employerContrib;
 };

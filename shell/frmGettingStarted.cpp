@@ -1,5 +1,7 @@
 #include "shell/frmGettingStarted.h"
 
+#include <iterator>
+
 #include "core/options.h"
 #include "core/rows.h"
 #include "records/windows.h"
@@ -9,8 +11,8 @@ namespace lm {
 namespace {
 
 std::string Entered(const Grid& table, std::string_view one, std::string_view more) {
-  int count = 0;
-  for ([[maybe_unused]] const int row : Records(table)) ++count;
+  const Records records(table);
+  const auto count = std::distance(records.begin(), records.end());
   return std::to_string(count) + std::string(count == 1 ? one : more);
 }
 

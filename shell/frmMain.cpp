@@ -36,6 +36,13 @@ void frmMain::BuildShortcutBar() {
   }
 }
 
+void frmMain::OptionsChanged() {
+  FormatTables(ledger);
+  SetWindowTitle();
+  ShowFrontPage();
+  LayOut(true);
+}
+
 void frmMain::SetWindowTitle() {
   std::string title(kProductName);
   const std::string name = MyName(ledger);
@@ -76,6 +83,11 @@ void frmMain::BringToFront(const Grid& grid) {
 
 void frmMain::fgMenu_Click() {
   if (ledger.starting || fgMenu.Col() <= 0) return;
+  ShowFrontPage();
+  if (!ledger.firstStart) FrontPage().ShowTip();  // the welcome tells more
+}
+
+void frmMain::ShowFrontPage() {
   MainPage& page = FrontPage();
   lblPage.SetText(page.Spec().caption);
   lblPageNote.SetText(page.Spec().note);
@@ -86,7 +98,6 @@ void frmMain::fgMenu_Click() {
   page.Shown();
   RefreshCommands();
   LayOut();
-  if (!ledger.firstStart) page.ShowTip();  // the welcome tells more
 }
 
 void frmMain::LayOut(bool allPages) {

@@ -89,6 +89,8 @@ class frmMain : public Screen, private ChangeListener {
   // ---- Window.
   bool ShortcutBarVisible() const { return shortcutBarVisible_; }
   bool maximised = false;  // shown maximised; set at the start from the options
+  // After the options changed: formats, fonts, colours, look-ups, the page in front, the title.
+  void OptionsChanged();
   // "LedgerMinder", with the user's name when the options say so.
   void SetWindowTitle();
 
@@ -129,6 +131,7 @@ class frmMain : public Screen, private ChangeListener {
   const MenuNode* ContextMenuNamed(std::string_view name) const;
 
   void fgMenu_Click();
+  void ShowFrontPage();
   void RecordsChanged(const ChangedRecords& changed) override;
   void ReloadData();
   void ExitWithoutSaving();

@@ -3,6 +3,7 @@
 #include "documents/windows.h"
 #include "pension/windows.h"
 #include "records/windows.h"
+#include "shell/frmConfigure.h"
 #include "shell/frmGettingStarted.h"
 #include "shell/frmShortcutKeys.h"
 
@@ -15,6 +16,11 @@ void AddWindows(WindowCatalogue& catalogue) {
 }
 
 void AddMainWindows(WindowCatalogue& catalogue, frmMain& main) {
+  catalogue.Add("frmConfigure", [&main](Ledger&, const std::vector<std::string>& words) {
+    frmConfigure window(main);
+    window.Show(words);
+    return ShowRecord(window, "", "The options are already open.", [] { return true; });
+  });
   catalogue.Add("frmGettingStarted", [&main](Ledger&, const std::vector<std::string>&) {
     frmGettingStarted window(main);
     return ShowRecord(window, "", "The first steps are already open.", [] { return true; });

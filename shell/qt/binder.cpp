@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -19,9 +20,11 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "core/numbers.h"
 #include "core/text.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
+#include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/views.h"
 #include "shell/qt/virtualkeys.h"
@@ -33,6 +36,9 @@ namespace {
 constexpr const char* kPickerOf = "pickerOf";
 // On a frame, a text or a list: the name of the field with which it comes and goes.
 constexpr const char* kShownWith = "shownWith";
+
+// On a button: its text is a colour, which it shows.
+constexpr const char* kSwatchButton = "swatch";
 
 // Begins the text of the one that is chosen of several labels.
 constexpr QChar kChosen(0x2022);
@@ -61,6 +67,18 @@ QIcon TabMark() {
   painter.setPen(Qt::NoPen);
   painter.setBrush(AccentColour());
   painter.drawEllipse(9, 9, 14, 14);
+  return picture;
+}
+
+QStringList EntryTexts(const ChoiceField& field) {
+  QStringList texts;
+  for (int i = 0; i < field.Count(); ++i) texts << ToQt(field.EntryText(i));
+  return texts;
+}
+
+QIcon SwatchIcon(const QColor& colour, const QSize& size) {
+  QPixmap picture(size);
+  picture.fill(colour);
   return picture;
 }
 
@@ -96,6 +114,7 @@ Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
     if (!gridView) continue;
     grids_.push_back(gridView);
     gridView->Bind(screen, *listed.grid);
+    gridView->mayLeaveBoxes = [this] { return CommitBoxes(); };
     if (gridView->accessibleName().isEmpty())
       gridView->setAccessibleName(ToQt(listed.grid->Name().substr(2)));
   }
@@ -137,6 +156,14 @@ void Binder::Connect(Bound& bound) {
   Field& field = *bound.field;
   if (IsTextBox(bound.widget)) {
     bound.widget->installEventFilter(this);
+    const auto& typing = static_cast<const TextField&>(field).onTyping;
+    if (auto* line = qobject_cast<QLineEdit*>(bound.widget); line && typing)
+      connect(line, &QLineEdit::textEdited, this,
+              [&typing](const QString& typed) { typing(FromQt(typed)); });
+  } else if (auto* list = qobject_cast<QListWidget*>(bound.widget)) {
+    connect(list, &QListWidget::currentRowChanged, this, [this, &field](int row) {
+      if (!showing_ && row >= 0) Choose(static_cast<ChoiceField&>(field), row);
+    });
   } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
     connect(combo, &QComboBox::activated, this,
             [this, &field](int index) { Choose(static_cast<ChoiceField&>(field), index); });
@@ -165,15 +192,16 @@ void Binder::ConnectTabs(Bound& bound, QTabBar& bar) {
 }
 
 void Binder::ConnectShortcuts() {
-  for (Bound& bound : bound_) {
-    if (bound.field->Kind() != FieldKind::Tabs || !view_.isWindow()) continue;
-    auto& tabs = static_cast<TabField&>(*bound.field);
-    for (const auto& [key, step] : {std::pair{Qt::Key_Left, -1}, std::pair{Qt::Key_Right, 1}}) {
-      auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), &view_);
-      connect(shortcut, &QShortcut::activated, this, [this, &tabs, step] {
-        if (CommitPending()) screen_.Step(tabs, step);
+  if (!view_.isWindow()) return;
+  for (const auto& [key, step] : {std::pair{Qt::Key_Left, -1}, std::pair{Qt::Key_Right, 1}}) {
+    auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | key), &view_);
+    connect(shortcut, &QShortcut::activated, this, [this, step] {
+      const auto tabs = std::find_if(bound_.begin(), bound_.end(), [](const Bound& bound) {
+        return bound.field->Kind() == FieldKind::Tabs && bound.widget->isVisible();
       });
-    }
+      if (tabs != bound_.end() && CommitPending())
+        screen_.Step(static_cast<TabField&>(*tabs->field), step);
+    });
   }
 }
 
@@ -221,11 +249,15 @@ void Binder::CommitLater() {
   }
 }
 
-bool Binder::CommitPending() {
+bool Binder::CommitBoxes() {
   if (committing_) return false;
   left_.clear();
-  for (Bound& bound : bound_)
-    if (IsTextBox(bound.widget) && !Commit(bound)) return false;
+  return std::all_of(bound_.begin(), bound_.end(),
+                     [this](Bound& bound) { return !IsTextBox(bound.widget) || Commit(bound); });
+}
+
+bool Binder::CommitPending() {
+  if (!CommitBoxes()) return false;
   return std::all_of(grids_.begin(), grids_.end(),
                      [](GridView* grid) { return grid->CommitEditor(); });
 }
@@ -280,9 +312,7 @@ void Binder::ShowText(const Bound& bound) {
   } else if (auto* edit = qobject_cast<QPlainTextEdit*>(bound.widget)) {
     if (WithCrLf(FromQt(edit->toPlainText())) != field.Text()) edit->setPlainText(text);
   } else if (auto* combo = qobject_cast<QComboBox*>(bound.widget)) {
-    const auto& items = static_cast<const ComboField&>(field).Items();
-    QStringList texts;
-    for (const ComboItem& item : items) texts << ToQt(item.text);
+    const QStringList texts = EntryTexts(static_cast<const ComboField&>(field));
     QStringList shown;
     for (int i = 0; i < combo->count(); ++i) shown << combo->itemText(i);
     if (texts != shown) {
@@ -290,9 +320,19 @@ void Binder::ShowText(const Bound& bound) {
       combo->addItems(texts);
     }
     combo->setCurrentIndex(static_cast<const ComboField&>(field).Selected());
+  } else if (auto* list = qobject_cast<QListWidget*>(bound.widget)) {
+    const auto& choices = static_cast<const ComboField&>(field);
+    if (list->count() != choices.Count()) {
+      list->clear();
+      list->addItems(EntryTexts(choices));
+    }
+    list->setCurrentRow(choices.Selected());
   } else if (QAbstractButton* tick = TickOf(bound.widget)) {
     tick->setChecked(static_cast<const CheckField&>(field).Checked());
-  } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
+  } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget);
+             button && button->property(kSwatchButton).toBool()) {
+    button->setIcon(SwatchIcon(ToQColor(ValInt(field.Text())), button->iconSize()));
+  } else if (button) {
     // On a small tool the drawing says it without words.
     const bool drawn = qobject_cast<QToolButton*>(button) && !button->icon().isNull();
     if (!text.isEmpty() && !drawn) button->setText(text);

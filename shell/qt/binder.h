@@ -69,6 +69,7 @@ class Binder : public QObject, private ScreenObserver {
   void ShowTabs(const TabField& tabs, QTabBar& bar) const;
   void Choose(ChoiceField& field, int index);
   bool Commit(Bound& bound);
+  bool CommitBoxes();  // of the text boxes; lists have editors of their own
   void CommitLater();
   QAbstractButton* PickerOf(const QWidget& box) const;
   bool HandleKey(QWidget& box, const QKeyEvent& key);

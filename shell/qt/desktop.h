@@ -87,6 +87,7 @@ class DesktopSystem : public SystemPort {
                                     const std::filesystem::path& start) override;
   std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
                                     const std::filesystem::path& start) override;
+  std::optional<int> AskColour(std::string_view title, int start) override;
 };
 
 struct DesktopPlatform {

@@ -1,6 +1,7 @@
 // The operating system's services.
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 
 #include "shell/native.h"
 #include "shell/qt/desktop.h"
+#include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -80,6 +82,13 @@ std::filesystem::path DesktopSystem::AskSaveFile(std::string_view title, const F
                                                  const std::filesystem::path& start) {
   return ToPath(QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(title),
                                              FromPath(start), ToQt(filter.name)));
+}
+
+std::optional<int> DesktopSystem::AskColour(std::string_view title, int start) {
+  const QColor chosen =
+      QColorDialog::getColor(ToQColor(start), QApplication::activeWindow(), ToQt(title));
+  if (!chosen.isValid()) return std::nullopt;
+  return Rgb(chosen.red(), chosen.green(), chosen.blue());
 }
 
 }  // namespace lm

@@ -9,8 +9,10 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "core/numbers.h"
 #include "core/text.h"
 #include "entry/pickers.h"
+#include "shell/optiongrids.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
@@ -24,10 +26,12 @@ constexpr int kTextMargin = 4;  // pixels between a cell's edge and its text
 constexpr int kExpanderWidth = 22;
 constexpr int kLevelIndent = 14;
 constexpr int kNarrowestEditor = 104;
-constexpr int kPicture = 16;
+constexpr int kPicture = 16, kLargePicture = 24;
+constexpr int kTallRow = 40;  // from which on a picture is drawn large
 
 QRect PicturePlace(const QRect& cell) {
-  QRect place(0, 0, kPicture, kPicture);
+  const int side = cell.height() >= kTallRow ? kLargePicture : kPicture;
+  QRect place(0, 0, side, side);
   place.moveCenter(cell.center());
   return place;
 }
@@ -100,7 +104,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->drawText(place, alignment | Qt::TextSingleLine,
                       QFontMetrics(cell.font).elidedText(text, Qt::ElideRight, place.width()));
   painter->restore();
-  if (const QString picture = model.PictureOf(row, index.column()); !picture.isEmpty())
+  if (const QString picture = model.PictureOf(row, index.column()); picture == ToQt(kSwatch))
+    PaintSwatch(*painter, option.rect, row, index.column());
+  else if (!picture.isEmpty())
     LineIcon(picture, cell.palette.color(QPalette::Text))
         .paint(painter, PicturePlace(option.rect), Qt::AlignCenter,
                selected ? QIcon::Selected : QIcon::Normal);
@@ -115,6 +121,15 @@ void GridDelegate::PaintMarker(QPainter& painter, const QRect& rect, int gridRow
   const Colour colour = view_->Shown()->CellColour(CellSetting::flexcpBackColor, gridRow, 0);
   if (colour > 0) painter.fillRect(rect.adjusted(0, 0, -2, -1), ToQColor(colour));
   PaintLines(painter, rect);
+}
+
+void GridDelegate::PaintSwatch(QPainter& painter, const QRect& rect, int gridRow, int col) const {
+  const int colour = ValInt(view_->Shown()->TextMatrix(gridRow, col));
+  painter.save();
+  painter.setPen(view_->Style().text);
+  painter.setBrush(ToQColor(colour));
+  painter.drawRect(rect.adjusted(6, 4, -8, -6));
+  painter.restore();
 }
 
 void GridDelegate::PaintLines(QPainter& painter, const QRect& rect) const {

@@ -87,9 +87,10 @@ void GridView::SetChoice(bool choice) {
 // Layout
 
 void GridView::ReadStyle() {
-  if (!screen_) return;
+  if (!screen_ || !Shown()) return;
   const QPalette system = QApplication::palette(this);
-  style_ = ListStyleOf(screen_->ledger, system);
+  style_ =
+      ListStyleOf([this](int option) { return screen_->LookOption(*Shown(), option); }, system);
   QPalette own = system;
   own.setColor(QPalette::Base, style_.base);
   own.setColor(QPalette::AlternateBase, style_.alternate);
@@ -384,8 +385,8 @@ QModelIndex GridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-  // A refused text keeps its editor: the click then leads nowhere.
-  if (!CommitEditor()) return;
+  // A refused text keeps its editor, or its box beside the list: the click then leads nowhere.
+  if (!CommitEditor() || (mayLeaveBoxes && !mayLeaveBoxes())) return;
   const QModelIndex pressed = indexAt(event->pos());
   const int row = model_->GridRow(pressed);
   wasCurrent_ = pressed.isValid() && pressed == currentIndex() && hasFocus();

@@ -48,6 +48,8 @@ class GridView : public QTableView {
   // The user's acts on headers; without them a header neither sorts nor moves.
   std::function<void(int col)> onHeaderClicked;
   std::function<void(int from, int to)> onColumnMoved;
+  // Asked before a click does anything: false when a box beside the list holds a refused text.
+  std::function<bool()> mayLeaveBoxes;
   // The arrow in a header; -1 takes it away.
   void SetSortMark(int col, bool descending);
 
@@ -55,6 +57,9 @@ class GridView : public QTableView {
   void EditCellAt(int gridRow, int col, const std::optional<QString>& typed = {});
   // Stores what the open editor holds. False when it was refused: the editor is still open then.
   bool CommitEditor();
+
+  // Everything anew from the grid and the options.
+  void ReadLayout();
 
   bool IsChoice() const { return choice_; }
   void SetChoice(bool choice);
@@ -81,7 +86,6 @@ class GridView : public QTableView {
  private:
   friend class GridDelegate;
 
-  void ReadLayout();
   void ReadRows();
   void ReadSpans();
   bool HasCaptions() const;

@@ -15,9 +15,7 @@ constexpr std::string_view kDefaultLines = "14609391";
 constexpr double kSmallestFont = 6, kLargestFont = 36;
 constexpr int kTwipsPerInch = 1440;
 
-QColor OptionColour(const Ledger& ledger, int option, std::string_view untouched,
-                    const QColor& otherwise) {
-  const std::string& text = GetOption(ledger, option);
+QColor ColourOf(const std::string& text, std::string_view untouched, const QColor& otherwise) {
   if (text.empty() || text == untouched) return otherwise;
   const double number = Val(text);
   if (number < 0 || number > 0xFFFFFF) return otherwise;
@@ -50,21 +48,25 @@ int PixelsToTwips(int pixels, int logicalDpi) {
 }
 
 ListStyle ListStyleOf(const Ledger& ledger, const QPalette& palette) {
+  return ListStyleOf([&](int option) { return GetOption(ledger, option); }, palette);
+}
+
+ListStyle ListStyleOf(const OptionText& option, const QPalette& palette) {
   ListStyle style;
-  style.base = OptionColour(ledger, optColourBackground, kWhite, palette.color(QPalette::Base));
-  style.alternate = OptionColour(ledger, optColourAlternateRows, kWhite, style.base);
+  style.base = ColourOf(option(optColourBackground), kWhite, palette.color(QPalette::Base));
+  style.alternate = ColourOf(option(optColourAlternateRows), kWhite, style.base);
   const bool ownGround = style.base != palette.color(QPalette::Base);
   const QColor plainText = ownGround ? ReadableOn(style.base) : palette.color(QPalette::Text);
-  style.text = OptionColour(ledger, optFontColour, kBlack, plainText);
-  style.line = OptionColour(ledger, optColourGridLines, kDefaultLines,
-                            MixedColour(style.base, plainText, 0.12));
+  style.text = ColourOf(option(optFontColour), kBlack, plainText);
+  style.line =
+      ColourOf(option(optColourGridLines), kDefaultLines, MixedColour(style.base, plainText, 0.12));
 
-  const std::string& fontName = GetOption(ledger, optFontName);
+  const std::string fontName = option(optFontName);
   if (!fontName.empty()) style.font.setFamily(ToQt(fontName));
-  const double size = Val(GetOption(ledger, optFontSize));
+  const double size = Val(option(optFontSize));
   if (size > 0) style.font.setPointSizeF(std::clamp(size, kSmallestFont, kLargestFont));
 
-  const std::string& lines = GetOption(ledger, optGridLines);
+  const std::string lines = option(optGridLines);
   style.horizontalLines = lines != "Vertical Only" && lines != "None";
   style.verticalLines = lines != "Horizontal Only" && lines != "None";
   return style;

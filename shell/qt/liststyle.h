@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <functional>
+#include <string>
 
 #include "core/grid.h"
 #include "core/ledger.h"
@@ -23,6 +25,9 @@ struct ListStyle {
 // An option that still holds its default leaves the matter to the palette, so that a dark desktop
 // gets dark lists.
 ListStyle ListStyleOf(const Ledger& ledger, const QPalette& palette);
+// The same with options from elsewhere.
+using OptionText = std::function<std::string(int option)>;
+ListStyle ListStyleOf(const OptionText& option, const QPalette& palette);
 
 // Invalid for kNoColour.
 QColor ToQColor(Colour colour);

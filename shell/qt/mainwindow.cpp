@@ -78,7 +78,11 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
     hide();
     QApplication::quit();
   };
-  screen_.layOut = [this](bool) { ShowPage(); };
+  screen_.layOut = [this](bool allPages) {
+    if (allPages)
+      for (GridView* list : findChildren<GridView*>()) list->ReadLayout();
+    ShowPage();
+  };
   screen_.showWindow = [this] { ShowFirst(); };
   screen_.printGrid = [this](Grid& grid, const std::string& title, const std::string& period) {
     PrintGrid(ledger_, grid, {title, period}, this);

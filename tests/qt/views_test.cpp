@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
@@ -14,6 +15,7 @@
 #include <set>
 
 #include "core/frmGetPassword.h"
+#include "core/optiontable.h"
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
@@ -90,12 +92,19 @@ struct Windows {
   }
 };
 
+// What a chooser shows and hides as a whole.
+bool IsFrame(const QWidget& widget) {
+  return widget.metaObject() == &QWidget::staticMetaObject &&
+         widget.objectName().startsWith("frame");
+}
+
 bool MayShowField(const QWidget& widget) {
   return qobject_cast<const QLabel*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
          qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
          qobject_cast<const QAbstractButton*>(&widget) ||
          qobject_cast<const QTabWidget*>(&widget) || qobject_cast<const QTabBar*>(&widget) ||
-         qobject_cast<const GridView*>(&widget);
+         qobject_cast<const QListWidget*>(&widget) || qobject_cast<const GridView*>(&widget) ||
+         IsFrame(widget);
 }
 
 // The widgets of a view that carry a name of their own; a fixed text's name begins with "caption".
@@ -158,7 +167,8 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
       {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
       {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"},
-      {"frmAddExpenses", "txtItem"},      {"frmGettingStarted", "cmdPractices"}};
+      {"frmAddExpenses", "txtItem"},      {"frmGettingStarted", "cmdPractices"},
+      {"frmConfigure", "fgChooser"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);
@@ -169,32 +179,62 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   EXPECT_EQ(focused, starts);
 }
 
+// The child of `ancestor` in which the widget stands.
+const QWidget* ChildWith(const QWidget& ancestor, const QWidget* widget) {
+  while (widget && widget->parentWidget() != &ancestor) widget = widget->parentWidget();
+  return widget;
+}
+
+// False for two widgets on different pages of a tab strip, or in different frames of a chooser.
+bool ShownTogether(const QWidget& one, const QWidget& other) {
+  const QWidget* common = one.parentWidget();
+  while (common && !common->isAncestorOf(&other)) common = common->parentWidget();
+  if (!common) return true;
+  if (common->inherits("QStackedWidget")) return false;
+  const QWidget* first = ChildWith(*common, &one);
+  const QWidget* second = ChildWith(*common, &other);
+  return first == second || !IsFrame(*first) || !IsFrame(*second);
+}
+
 // Two Alt letters alike on one page would each need a second press.
 TEST(Views, NoAltLetterStandsTwiceOnAPage) {
   Windows windows;
   windows.ShowEach([](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);
-    auto* tabs = dialog.findChild<QTabWidget*>();
-    const int pages = tabs ? tabs->count() : 1;
-    for (int page = 0; page < pages; ++page) {
-      std::map<QString, QString> letters;
-      const auto take = [&](const QString& text) {
-        const int at = static_cast<int>(text.indexOf('&'));
-        if (at < 0) return;
-        const QString letter = text.mid(at + 1, 1).toUpper();
-        EXPECT_FALSE(letters.contains(letter)) << view.screen << ": " << text.toStdString()
-                                               << " and " << letters[letter].toStdString();
-        letters[letter] = text;
-      };
-      const auto onThisPage = [&](const QWidget* widget) {
-        for (int other = 0; tabs && other < pages; ++other)
-          if (other != page && tabs->widget(other)->isAncestorOf(widget)) return false;
-        return true;
-      };
-      for (const QLabel* label : dialog.findChildren<QLabel*>())
-        if (label->buddy() && onThisPage(label)) take(label->text());
-      for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
-        if (onThisPage(button)) take(button->text());
+    std::multimap<QChar, std::pair<const QWidget*, QString>> letters;
+    const auto take = [&](const QWidget* widget, const QString& text) {
+      const int at = static_cast<int>(text.indexOf('&'));
+      if (at < 0) return;
+      const QChar letter = text[at + 1].toUpper();
+      const auto [begin, end] = letters.equal_range(letter);
+      for (auto other = begin; other != end; ++other)
+        EXPECT_FALSE(ShownTogether(*widget, *other->second.first))
+            << view.screen << ": " << text.toStdString() << " and "
+            << other->second.second.toStdString();
+      letters.insert({letter, {widget, text}});
+    };
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+      if (label->buddy()) take(label, label->text());
+    for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+      take(button, button->text());
+  });
+}
+
+// The declaration of the options says what each is called; the window of options says the same.
+TEST(Views, OptionsBearTheCaptionsOfTheirDeclaration) {
+  Windows windows;
+  windows.Show("frmConfigure", [](Screen& screen) {
+    ScreenDialog dialog(*FindView("frmConfigure"), screen, nullptr);
+    for (const OptionSpec& option : OptionSpecs()) {
+      const Field* field = screen.FindField(option.control);
+      if (!field) continue;
+      QString caption = PlainCaption(ToQt(option.caption));
+      QString shown = dialog.Bindings().WidgetOf(*field)->accessibleName();
+      for (QString* text : {&caption, &shown})
+        if (text->endsWith(':')) text->chop(1);
+      // Some labels are a sentence with the boxes in it.
+      if (option.control.starts_with("txtCurrentSessions")) continue;
+      EXPECT_EQ(shown.toStdString(), caption.toStdString()) << option.name;
     }
   });
 }

@@ -12,6 +12,7 @@
 #include "documents/frmBookingConfirmation.h"
 #include "documents/frmInvoice.h"
 #include "documents/frmPrepareInvoices.h"
+#include "documents/shippedtemplates.h"
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
@@ -26,6 +27,7 @@
 #include "records/frmRateCompare.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
+#include "shell/frmConfigure.h"
 #include "shell/frmGettingStarted.h"
 #include "shell/frmMain.h"
 #include "shell/frmShortcutKeys.h"
@@ -84,11 +86,32 @@ void GrabScreen(Screen& screen, const QString& name) {
   Grab(dialog, name);
 }
 
+constexpr const char* kTabsOfFrames[] = {"tabGeneral",          "tabFormat",  "",
+                                         "tabEvents",           "tabInvoice", "tabPension",
+                                         "tabRatesAndExpenses", "tabSync"};
+
 // A picker's start is reached only by opening it.
 void GrabPicker(test::TestLedger& test, PopupPicker& picker, const char* text,
                 const QString& name) {
   test.shown.modal.push_back([&](Screen& screen) { GrabScreen(screen, name); });
   picker.PickFrom(text);
+}
+
+void GrabOptions(test::TestLedger& test, frmMain& main) {
+  PlaceShippedTemplates(test);
+  frmConfigure options(main);
+  for (std::size_t i = 0; i < options.frames.size(); ++i) {
+    options.fgChooser.Select(options.fgChooser.FixedRows() + static_cast<int>(i), 1);
+    TabField* tabs = nullptr;
+    for (TabField* each :
+         {&options.tabGeneral, &options.tabFormat, &options.tabEvents, &options.tabInvoice,
+          &options.tabPension, &options.tabRatesAndExpenses, &options.tabSync})
+      if (each->Name() == kTabsOfFrames[i]) tabs = each;
+    for (int tab = 0; tab < (tabs ? tabs->Count() : 1); ++tab) {
+      if (tabs) tabs->SetSelected(tab);
+      GrabScreen(options, QString("frmConfigure-%1-%2").arg(i).arg(tab));
+    }
+  }
 }
 
 void GrabMain(test::TestLedger& test) {
@@ -122,6 +145,7 @@ void GrabMain(test::TestLedger& test) {
   Grab(window, "main-sessions-editing");
   frmGettingStarted steps(screen);
   GrabScreen(steps, "frmGettingStarted");
+  GrabOptions(test, screen);
   SetDefaultShortcuts(test);
   frmShortcutKeys keys(screen);
   keys.fgKeys.Select(keys.fgKeys.FindRow("Show Detail Calendar", "ACTION"), 1);

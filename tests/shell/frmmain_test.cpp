@@ -74,13 +74,12 @@ TEST_F(MainWindow, EveryMenuEntryHasItsCommandOnce) {
 }
 
 TEST_F(MainWindow, CommandsWithoutTheirWindowAreDisabled) {
-  EXPECT_FALSE(window->FindField("mnuConfigure")->Enabled());
+  EXPECT_FALSE(window->FindField("mnuHelpAbout")->Enabled());
   EXPECT_TRUE(window->FindField("mnuNewSession")->Enabled());
   bool opened = false;
-  windows.Add("frmConfigure",
-              [&](Ledger&, const std::vector<std::string>&) { return opened = true; });
+  windows.Add("frmAbout", [&](Ledger&, const std::vector<std::string>&) { return opened = true; });
   window->RefreshCommands();
-  PressNamed("mnuConfigure");
+  PressNamed("mnuHelpAbout");
   EXPECT_TRUE(opened);
 
   WindowCatalogue none;

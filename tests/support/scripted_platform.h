@@ -4,7 +4,9 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/ledger.h"
@@ -50,6 +52,8 @@ class ScriptedPlatform : public MessagePort,
   std::vector<std::string> processes{"ledgerminder"};
   std::string userName = "tester";
   std::filesystem::path openFile, saveFile, executableDirectory, userDataDirectory;
+  std::optional<int> colour;                               // what the user chooses
+  std::vector<std::pair<std::string, int>> colourDialogs;  // title and colour shown first
   const WindowCatalogue* catalogue = nullptr;
   int busy = 0;
   std::string clipboard;
@@ -82,6 +86,10 @@ class ScriptedPlatform : public MessagePort,
   std::filesystem::path AskSaveFile(std::string_view, const FileFilter&,
                                     const std::filesystem::path&) override {
     return saveFile;
+  }
+  std::optional<int> AskColour(std::string_view title, int start) override {
+    colourDialogs.push_back({std::string(title), start});
+    return colour;
   }
 
   bool Available() override { return mailAvailable; }
