@@ -16,8 +16,7 @@
 #include "documents/email.h"
 #include "documents/invoices.h"
 #include "documents/prepareinvoices.h"
-#include "entry/checks.h"
-#include "entry/pickers.h"
+#include "entry/pickedboxes.h"
 #include "records/practices.h"
 #include "records/sessionlines.h"
 #include "records/sessionrules.h"
@@ -77,27 +76,18 @@ frmInvoice::frmInvoice(Ledger& theLedger)
   imgEmployerContrib_Help.SetVisible(showsContrib);
   AddGrid(fgInvSessions, sessionRules_.get());
 
-  BindDate(cIDate, cmdIDate, "Invoice Date");
-  BindDate(cSDate, cmdSent, "Invoice Sent");
-  BindDate(cPayDate, cmdReceived, "Payment Received");
-  BindDate(cReceiptDate, cmdReceiptSent, "Receipt Sent");
+  const auto show = [this] {
+    ShowState();
+    return true;
+  };
+  BindDate({cIDate, cmdIDate, "Invoice Date"}, show);
+  BindDate({cSDate, cmdSent, "Invoice Sent"}, show);
+  BindDate({cPayDate, cmdReceived, "Payment Received"}, show);
+  BindDate({cReceiptDate, cmdReceiptSent, "Receipt Sent"}, show);
   BindActions();
 }
 
 frmInvoice::~frmInvoice() = default;
-
-void frmInvoice::BindDate(TextField& box, Button& button, std::string_view caption) {
-  box.onEntered = [this, &box] {
-    const auto date = EnterDate(ledger, box.Text());
-    if (!date) return false;
-    box.SetText(*date);
-    ShowState();
-    return true;
-  };
-  button.onPressed = [this, &box, caption] {
-    OpenPicker(*this, box, Picker::Calendar, caption, [this] { ShowState(); });
-  };
-}
 
 void frmInvoice::BindActions() {
   cmdRemove.SetText("&Remove Session");

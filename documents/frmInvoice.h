@@ -65,7 +65,6 @@ class frmInvoice : public Screen {
  private:
   class SessionRules;
 
-  void BindDate(TextField& box, Button& button, std::string_view caption);
   void BindActions();
   Field* StoredField(int col) const;  // null for a column that is not stored back
   int Row() const;                    // of the invoice in fgInvoices

@@ -6,8 +6,7 @@
 #include "core/messagebox.h"
 #include "core/platform.h"
 #include "documents/prepareinvoices.h"
-#include "entry/checks.h"
-#include "entry/pickers.h"
+#include "entry/pickedboxes.h"
 
 namespace lm {
 namespace {
@@ -30,9 +29,15 @@ frmPrepareInvoices::frmPrepareInvoices(Ledger& theLedger)
       return true;
     };
 
-  BindDate(txtSDate, cmdStartDate, "Start Date", "Please enter a valid start date.");
-  BindDate(txtEDate, cmdEndDate, "End Date", "Please enter a valid end date.");
-  BindDate(txtIDate, cmdInvoiceDate, "Invoice Date", "Please enter a valid invoice date.");
+  // Whoever gives the first or last day means the sessions between the dates.
+  const auto chooseBetween = [this] {
+    Choose(optCreateInvoices2);
+    return true;
+  };
+  BindDate({txtSDate, cmdStartDate, "Start Date", "Please enter a valid start date."},
+           chooseBetween);
+  BindDate({txtEDate, cmdEndDate, "End Date", "Please enter a valid end date."}, chooseBetween);
+  BindDate({txtIDate, cmdInvoiceDate, "Invoice Date", "Please enter a valid invoice date."});
   lblThisMonth.SetText("This month");
   lblThisMonth.onPressed = [this] { ChooseMonth(0); };
   lblLastMonth.SetText("Last month");
@@ -58,24 +63,6 @@ frmPrepareInvoices::frmPrepareInvoices(Ledger& theLedger)
 
   txtIDate.SetText(CellText(ledger.platform.clock.Now()));
   ChooseMonth(0);
-}
-
-void frmPrepareInvoices::BindDate(TextField& box, Button& button, std::string_view caption,
-                                  std::string_view message) {
-  // Whoever gives the first or last day means the sessions between the dates.
-  const auto chooseBetween = [this, &box] {
-    if (&box != &txtIDate) Choose(optCreateInvoices2);
-  };
-  box.onEntered = [this, &box, message, chooseBetween] {
-    const auto date = EnterDate(ledger, box.Text(), message);
-    if (!date) return false;
-    box.SetText(*date);
-    chooseBetween();
-    return true;
-  };
-  button.onPressed = [this, &box, caption, chooseBetween] {
-    OpenPicker(*this, box, Picker::Calendar, caption, chooseBetween);
-  };
 }
 
 void frmPrepareInvoices::Choose(CheckField& option) {

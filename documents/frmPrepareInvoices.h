@@ -33,7 +33,6 @@ class frmPrepareInvoices : public Screen {
   Button cmdClose{this, "cmdClose"};
 
  private:
-  void BindDate(TextField& box, Button& button, std::string_view caption, std::string_view message);
   void Choose(CheckField& option);
   void ChooseMonth(int monthsFromNow);
   void CreateInvoices();

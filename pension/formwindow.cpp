@@ -6,7 +6,7 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "entry/checks.h"
-#include "entry/pickers.h"
+#include "entry/pickedboxes.h"
 #include "pension/formlist.h"
 #include "pension/formpdf.h"
 #include "pension/forms.h"
@@ -66,7 +66,7 @@ FormWindow::FormWindow(Ledger& theLedger, const PensionForm& form, std::vector<s
     MarkNotes();
     return true;
   };
-  BindDate(cSentToHA, cmdSentToHA, "Sent To HA");
+  BindDate({cSentToHA, cmdSentToHA, "Sent To HA"});
   MakeDetails();
   AddGrid(fgDetails, detailRules_.get());
 
@@ -83,21 +83,6 @@ FormWindow::FormWindow(Ledger& theLedger, const PensionForm& form, std::vector<s
 }
 
 FormWindow::~FormWindow() = default;
-
-void FormWindow::BindDate(TextField& box, Button& button, std::string_view caption,
-                          std::function<bool()> changed) {
-  box.onEntered = [this, &box, changed] {
-    const auto date = EnterDate(ledger, box.Text());
-    if (!date) return false;
-    box.SetText(*date);
-    return !changed || changed();
-  };
-  button.onPressed = [this, &box, caption, changed] {
-    OpenPicker(*this, box, Picker::Calendar, caption, [&] {
-      if (changed) changed();
-    });
-  };
-}
 
 // ---- Showing the form
 

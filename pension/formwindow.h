@@ -53,8 +53,6 @@ class FormWindow : public Screen {
   void CellClicked(Grid& grid, int row, int col) override;
   // A date with its popup; `changed` runs after another date was typed or picked, and false there
   // refuses it.
-  void BindDate(TextField& box, Button& button, std::string_view caption,
-                std::function<bool()> changed = {});
   void SetLine(std::size_t line, std::string_view value);
 
  private:

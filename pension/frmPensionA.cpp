@@ -3,6 +3,7 @@
 #include "core/format.h"
 #include "core/messagebox.h"
 #include "core/text.h"
+#include "entry/pickedboxes.h"
 #include "pension/dateruns.h"
 #include "pension/forms.h"
 #include "pension/locks.h"
@@ -82,8 +83,8 @@ frmPensionA::frmPensionA(Ledger& theLedger)
     : FormWindow(theLedger, kFormA, {"Details", "Groups", "Notes", "Sessions"}),
       groupingRules_(theLedger, fgGrouping, [this] { ShowSessions(); }),
       sessionRules_(theLedger, fgSessions, [this] { ShowSessions(); }) {
-  BindDate(cSentToPractice, cmdSentToPractice, "Sent To Practice");
-  BindDate(cRcvdFromPractice, cmdRcvdFromPractice, "Received From Practice",
+  BindDate({cSentToPractice, cmdSentToPractice, "Sent To Practice"});
+  BindDate({cRcvdFromPractice, cmdRcvdFromPractice, "Received From Practice"},
            [this] { return CheckReceived(); });
   imgSentToPractice_Help.onPressed = [this] {
     ShowMessage(ledger,

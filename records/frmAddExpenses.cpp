@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/platform.h"
 #include "entry/checks.h"
+#include "entry/pickedboxes.h"
 #include "entry/pickers.h"
 #include "records/expenses.h"
 #include "records/sessionrules.h"
@@ -79,35 +80,21 @@ void frmAddExpenses::BindFields() {
   };
   cmdAmount.onPressed = [this] { OpenPicker(*this, txtAmount, Picker::Numbers, "Amount"); };
   // The plain date is told with the words of an end date too.
-  BindDate(txtExpenseDate, cmdExpenseDate, "Expense Date", kInvalidEndDate);
-  BindDate(txtStartDate, cmdStartDate, "Start Date", kInvalidStartDate);
-  BindDate(txtRepeatUntil, cmdRepeatUntil, "Repeat Until", kInvalidEndDate);
-  BindChoice({&optRepetition_None, &optRepetition_Weekly, &optRepetition_Monthly});
-  BindChoice({&optMontlyRepeat_Days, &optMontlyRepeat_Day});
-  BindChoice({&optDuration_RepeatUntil, &optDuration_StopAfter});
-  txtStopAfter.onEntered = [this] { return CheckStopAfter(); };
   const auto show = [this] {
     ShowFirstDates();
     return true;
   };
+  BindDate({txtExpenseDate, cmdExpenseDate, "Expense Date", kInvalidEndDate}, show);
+  BindDate({txtStartDate, cmdStartDate, "Start Date", kInvalidStartDate}, show);
+  BindDate({txtRepeatUntil, cmdRepeatUntil, "Repeat Until", kInvalidEndDate}, show);
+  BindChoice({&optRepetition_None, &optRepetition_Weekly, &optRepetition_Monthly});
+  BindChoice({&optMontlyRepeat_Days, &optMontlyRepeat_Day});
+  BindChoice({&optDuration_RepeatUntil, &optDuration_StopAfter});
+  txtStopAfter.onEntered = [this] { return CheckStopAfter(); };
   for (const auto& box : chkDayOfWeek) box->onEntered = show;
   for (ComboField* combo : {&cboRecurMontly, &cboDayOfWeek}) combo->onEntered = show;
   cmdOK.onPressed = [this] { Ok(); };
   cmdCancel.onPressed = [this] { Close(); };
-}
-
-void frmAddExpenses::BindDate(TextField& box, Button& button, std::string_view caption,
-                              std::string_view message) {
-  box.onEntered = [this, &box, message] {
-    const auto date = EnterDate(ledger, box.Text(), message);
-    if (!date) return false;
-    box.SetText(*date);
-    ShowFirstDates();
-    return true;
-  };
-  button.onPressed = [this, &box, caption] {
-    OpenPicker(*this, box, Picker::Calendar, caption, [this] { ShowFirstDates(); });
-  };
 }
 
 void frmAddExpenses::BindChoice(std::vector<CheckField*> choices) {

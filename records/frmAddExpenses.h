@@ -54,7 +54,6 @@ class frmAddExpenses : public Screen {
   void CellClicked(Grid& grid, int row, int col) override;
 
  private:
-  void BindDate(TextField& box, Button& button, std::string_view caption, std::string_view message);
   void BindChoice(std::vector<CheckField*> choices);
   void BindFields();
   void FillDays();

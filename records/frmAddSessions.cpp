@@ -12,6 +12,7 @@
 #include "core/platform.h"
 #include "core/sessiontypes.h"
 #include "entry/checks.h"
+#include "entry/pickedboxes.h"
 #include "entry/pickers.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
@@ -43,16 +44,20 @@ frmAddSessions::frmAddSessions(Ledger& theLedger)
   if (cboPractice.Count() == 1) cboPractice.SetSelected(0);
   cboSessType.SetItems(SessionTypeItems(ledger));
   cboSessType.SetSelected(0);
-  for (ComboField* combo : {&cboPractice, &cboSessType})
-    combo->onEntered = [this] {
-      CalculateFee();
-      ShowSpan();
-      return true;
-    };
-  BindDate(txtSDate, cmdSDate, "Start Date", kInvalidStartDate);
-  BindDate(txtEDate, cmdEDate, "End Date", kInvalidEndDate);
-  BindTime(txtSTime, cmdSTime, "Start Time", kInvalidStartTime);
-  BindTime(txtETime, cmdETime, "End Time", kInvalidEndTime);
+  const auto calculate = [this] {
+    CalculateFee();
+    ShowSpan();
+    return true;
+  };
+  for (ComboField* combo : {&cboPractice, &cboSessType}) combo->onEntered = calculate;
+  const auto showSpan = [this] {
+    ShowSpan();
+    return true;
+  };
+  BindDate({txtSDate, cmdSDate, "Start Date", kInvalidStartDate}, showSpan);
+  BindDate({txtEDate, cmdEDate, "End Date", kInvalidEndDate}, showSpan);
+  BindTime({txtSTime, cmdSTime, "Start Time", kInvalidStartTime}, calculate);
+  BindTime({txtETime, cmdETime, "End Time", kInvalidEndTime}, calculate);
   txtRate.onEntered = [this] {
     const auto rate = EnterRate(ledger, txtRate.Text());
     if (rate) txtRate.SetText(*rate);
@@ -77,38 +82,6 @@ frmAddSessions::frmAddSessions(Ledger& theLedger)
   }
   AddGrid(fgSpan);
   ShowSpan();
-}
-
-void frmAddSessions::BindDate(TextField& box, Button& button, std::string_view caption,
-                              std::string_view message) {
-  box.onEntered = [this, &box, message] {
-    const auto date = EnterDate(ledger, box.Text(), message);
-    if (!date) return false;
-    box.SetText(*date);
-    ShowSpan();
-    return true;
-  };
-  button.onPressed = [this, &box, caption] {
-    OpenPicker(*this, box, Picker::Calendar, caption, [this] { ShowSpan(); });
-  };
-}
-
-void frmAddSessions::BindTime(TextField& box, Button& button, std::string_view caption,
-                              std::string_view message) {
-  const auto written = [this] {
-    CalculateFee();
-    ShowSpan();
-  };
-  box.onEntered = [this, &box, message, written] {
-    const auto time = EnterTime(ledger, box.Text(), message);
-    if (!time) return false;
-    box.SetText(*time);
-    written();
-    return true;
-  };
-  button.onPressed = [this, &box, caption, written] {
-    OpenPicker(*this, box, Picker::Clock, caption, written);
-  };
 }
 
 void frmAddSessions::CalculateFee() {

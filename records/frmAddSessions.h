@@ -38,8 +38,6 @@ class frmAddSessions : public Screen {
   Button cmdCancel{this, "cmdCancel"};
 
  private:
-  void BindDate(TextField& box, Button& button, std::string_view caption, std::string_view message);
-  void BindTime(TextField& box, Button& button, std::string_view caption, std::string_view message);
   void CalculateFee();
   SessionRun Run() const;
   std::array<bool, 7> Weekdays() const;

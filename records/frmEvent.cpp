@@ -11,7 +11,7 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "entry/checks.h"
-#include "entry/pickers.h"
+#include "entry/pickedboxes.h"
 #include "records/events.h"
 #include "records/sessionrules.h"
 
@@ -24,23 +24,13 @@ frmEvent::frmEvent(Ledger& theLedger) : Screen(theLedger, "frmEvent", "Event") {
   for (const EventCategory& category : EventCategories(ledger))
     categories.push_back({category.name, std::to_string(category.code)});
   cCategory.SetItems(std::move(categories));
-  BindDate(cSDate, cmdSDate, "Start Date", kInvalidStartDate);
-  BindDate(cEDate, cmdEDate, "End Date", kInvalidEndDate);
+  BindDate({cSDate, cmdSDate, "Start Date", kInvalidStartDate});
+  BindDate({cEDate, cmdEDate, "End Date", kInvalidEndDate});
   cmdDelete.onPressed = [this] { Delete(); };
   cmdOk.onPressed = [this] { Ok(); };
   cmdCancel.onPressed = [this] { Close(); };
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
-}
-
-void frmEvent::BindDate(TextField& box, Button& button, std::string_view caption,
-                        std::string_view message) {
-  box.onEntered = [this, &box, message] {
-    const auto date = EnterDate(ledger, box.Text(), message);
-    if (date) box.SetText(*date);
-    return date.has_value();
-  };
-  button.onPressed = [this, &box, caption] { OpenPicker(*this, box, Picker::Calendar, caption); };
 }
 
 Field* frmEvent::FieldOf(int col) const {

@@ -29,7 +29,6 @@ class frmEvent : public Screen {
   Button cmdCancel{this, "cmdCancel"};
 
  private:
-  void BindDate(TextField& box, Button& button, std::string_view caption, std::string_view message);
   Field* FieldOf(int col) const;
   std::string_view WhatIsWrong() const;
   void Ok();
