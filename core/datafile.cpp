@@ -2,7 +2,6 @@
 
 #include <exception>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -18,6 +17,7 @@
 #include "core/rows.h"
 #include "core/shortcuts.h"
 #include "core/text.h"
+#include "core/upgrades.h"
 
 namespace lm {
 namespace {
@@ -105,43 +105,17 @@ void TellDamage(Ledger& ledger, const Damage& first) {
   ShowTableDamage(ledger, kTables[first.table].name);
 }
 
-void ReplaceEmpty(Grid& grid, std::string_view key, std::string_view text) {
-  const int col = grid.ColIndex(key);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
-    if (grid.TextMatrix(row, col).empty()) grid.SetTextMatrix(row, col, text);
-}
-
-void RemoveCommas(Grid& grid, std::string_view key) {
-  const int col = grid.ColIndex(key);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
-    grid.SetTextMatrix(row, col, RemoveAny(grid.TextMatrix(row, col), ","));
-}
-
-void AddInvoiceColumns(Grid& invoices, const TableSpec& table) {
-  const bool lacksDate = invoices.ColIndex("IDATE") < 0;
-  AddMissingColumns(invoices, table);
-  if (!lacksDate) return;
-  for (int row = invoices.FixedRows(); row < invoices.Rows(); ++row)
-    invoices.SetTextMatrix(row, "IDATE", invoices.TextMatrix(row, "CDATE"));
-}
-
-// Gives the tables of an older file today's shape; a current file passes unchanged.
-void BringUpToDate(Ledger& ledger) {
-  std::vector<std::unique_ptr<RedrawOff>> redrawOff;
-  for (Grid* grid : ledger.dataTables) redrawOff.push_back(std::make_unique<RedrawOff>(*grid));
-
-  for (std::size_t i = 0; i < kTables.size(); ++i) {
-    Grid& grid = *ledger.dataTables[i];
-    if (grid.Rows() < grid.FixedRows())
-      MakeBlank(grid, kTables[i]);
-    else if (&grid == &ledger.fgInvoices)
-      AddInvoiceColumns(grid, kTables[i]);
-    else
-      AddMissingColumns(grid, kTables[i]);
-  }
-  RemoveCommas(ledger.fgInvoices, "AMOUNT");
-  ReplaceEmpty(ledger.fgSessions, "EMPLOYERCONTRIB", "0.00");
-  ReplaceEmpty(ledger.fgSessions, "TOTAL", "0.00");
+// Files of before version 4 had fewer tables; one of today that lacks some was cut off.
+void TellMissingTables(Ledger& ledger, std::size_t sections, std::string_view version) {
+  if (sections == kTables.size() || ValInt(Split(version, '.').front()) < 4) return;
+  std::string missing;
+  for (std::size_t i = sections; i < kTables.size(); ++i)
+    missing += (missing.empty() ? "" : ", ") + std::string(kTables[i].name.substr(2));
+  ShowMessage(ledger, "A part of the data file is missing",
+              "These tables are not in the file, and are empty now: " + missing +
+                  ".\\n\\nThe file may have been cut off. If they should hold records, choose "
+                  "Exit Without Saving, and load a backup file.",
+              Buttons::Ok, Icon::Exclamation, "", WebPage("/UnableToLoad.php"));
 }
 
 void HideKeys(Grid& grid) {
@@ -245,9 +219,14 @@ bool LoadData(Ledger& ledger, const fs::path& path) {
     TellDamage(ledger, read.damage.front());
     return false;
   }
-  BringUpToDate(ledger);
+  UpgradeTables(ledger, file->sections.size());
   FormatTables(ledger);
   if (!read.version.empty()) ledger.dataFileVersion = read.version;
+  if (!CorrectReturnDates(ledger, *bytes)) {
+    ledger.dataIncomplete = true;  // nothing of this is to be saved
+    return false;
+  }
+  TellMissingTables(ledger, file->sections.size(), read.version);
   HideKeys(ledger.fgSessionExpenses);
   HideKeys(ledger.fgExtras);
   RememberVersion(ledger, source, *bytes);

@@ -10,6 +10,7 @@
 #include "core/format.h"
 #include "core/keys.h"
 #include "core/numbers.h"
+#include "core/tables.h"
 #include "core/text.h"
 
 namespace lm {
@@ -188,6 +189,11 @@ std::string HeaderText(std::string_view version, Date saved) {
   return clsRC4().EncryptString(header, HeaderKey(), true);
 }
 
+// Earlier versions had fewer tables. The eighth and the ninth came together.
+bool IsOlderFormat(std::size_t sections) {
+  return sections >= 5 && sections != 8 && sections < kDataTables;
+}
+
 }  // namespace
 
 std::string DigestOf(std::string_view text) { return clsMD5().DigestStrToHexStr(text); }
@@ -234,9 +240,10 @@ DecodedDataFile DecodeDataFile(const DataFileParts& file, std::string_view passw
     decoded.damage.push_back({DamagedPart::File});
     return decoded;
   }
+  const bool older = IsOlderFormat(file.sections.size());
   for (std::size_t i = 0; i < tables.size(); ++i) {
     Grid& grid = *tables[i];
-    TableState state = TableState::Missing;
+    TableState state = older ? TableState::Whole : TableState::Missing;
     if (i < file.sections.size())
       state = LoadGridFromText(file.sections[i], TableKey(grid.Name(), password), grid);
     else

@@ -62,7 +62,8 @@ struct DecodedDataFile {
 };
 
 // Reads the sections into the tables, in their order. Tables that are damaged or missing are left
-// empty; a damaged header or file is the only damage told, and leaves the tables as they were.
+// empty, which is no damage where earlier versions had none of them; a damaged header or file is
+// the only damage told, and leaves the tables as they were.
 DecodedDataFile DecodeDataFile(const DataFileParts& file, std::string_view password,
                                std::span<Grid* const> tables);
 

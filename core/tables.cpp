@@ -52,6 +52,10 @@ constexpr ColumnSpec Time(Key key, Caption caption) {
 constexpr ColumnSpec List(Key key, Caption caption, Lookup lookup, int width = kDefaultWidth) {
   return {.key = key, .caption = caption, .width = width, .lookup = lookup};
 }
+constexpr ColumnSpec Before(Key neighbour, ColumnSpec column) {
+  column.before = neighbour;
+  return column;
+}
 constexpr ColumnSpec InEngland(ColumnSpec column) {
   column.englandOnly = true;
   return column;
@@ -98,7 +102,7 @@ constexpr ColumnSpec kSessions[] = {
     Money("RATE", "Rate"),
     Money("EXTRAS", "Extras"),
     InEngland(Money("EMPLOYERCONTRIB", "Employer Pension Contrib.", 1200)),
-    Money("EXPENSES", "Expenses", 900),
+    Before("TOTAL", Money("EXPENSES", "Expenses", 900)),
     Money("TOTAL", "Total"),
     Text("NOTES", "Private Note"),
     Text("PUBLICNOTE", "Public Note"),
@@ -150,7 +154,7 @@ constexpr ColumnSpec kPensionB[] = {
     Number("PENSIONABLE", "Pensionable"),
     Number("CONTRIBUTION", "My Contrib."),
     Number("AVC", "AVC"),
-    Number("EXTRA_YEARS", "Added Years"),
+    Before("TOTAL_CONTRIB", Number("EXTRA_YEARS", "Added Years")),
     Number("ADDITIONAL", "Additional", kAmountFormat, 1200),
     Number("ERRBO", "ERRBO", kAmountFormat, 1200),
     Number("TOTAL_CONTRIB", "Total Contrib"),
@@ -206,7 +210,7 @@ constexpr ColumnSpec kPensionD[] = {
     Text("MY_CONTRIB", "Employee Contrib."),
     Number("AVC", "AVC"),
     Text("EMP_CONTRIB", "Employer Contrib."),
-    Number("EXTRA_YEARS", "Extra Years"),
+    Before("TOTAL_CONTRIB", Number("EXTRA_YEARS", "Added Years")),
     Number("TOTAL_CONTRIB", "Total Contrib"),
     Day("SENTTOHA", "Sent to HA"),
     Text("NOTES", "Notes"),
@@ -301,20 +305,34 @@ void MakeBlank(Grid& grid, const TableSpec& table) {
   for (const ColumnSpec& column : table.columns) WriteHeader(grid, col++, column);
 }
 
+namespace {
+
+void InsertColumn(Grid& grid, const ColumnSpec& column, int position) {
+  const int last = grid.Cols();
+  grid.SetCols(last + 1);
+  WriteHeader(grid, last, column);
+  grid.SetColPosition(last, position);
+}
+
+}  // namespace
+
 void AddMissingColumns(Grid& grid, const TableSpec& table) {
   const RedrawOff off(grid);
   int position = 1;
   for (const ColumnSpec& column : table.columns) {
-    int col = grid.ColIndex(column.key);
-    if (col < 0) {
-      const int last = grid.Cols();
-      grid.SetCols(last + 1);
-      WriteHeader(grid, last, column);
-      grid.SetColPosition(last, position);
-      col = grid.ColIndex(column.key);
+    if (grid.ColIndex(column.key) < 0) {
+      const int neighbour = column.before.empty() ? -1 : grid.ColIndex(column.before);
+      InsertColumn(grid, column, neighbour > 0 ? neighbour : position);
     }
-    position = col + 1;
+    position = grid.ColIndex(column.key) + 1;
   }
+}
+
+void AddColumn(Grid& grid, const TableSpec& table, std::string_view key, std::string_view behind) {
+  if (grid.ColIndex(key) >= 0) return;
+  const int neighbour = grid.ColIndex(behind);
+  for (const ColumnSpec& column : table.columns)
+    if (column.key == key) InsertColumn(grid, column, neighbour >= 0 ? neighbour + 1 : grid.Cols());
 }
 
 }  // namespace lm

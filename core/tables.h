@@ -36,7 +36,8 @@ struct ColumnSpec {
   int width = -1;  // twips; -1 the default
   bool hidden = false;
   Lookup lookup = Lookup::None;
-  bool englandOnly = false;  // shown only where the pension rules are England's
+  bool englandOnly = false;      // shown only where the pension rules are England's
+  std::string_view before = "";  // of which it stands directly in front when a table gets it
 };
 
 struct TableSpec {
@@ -57,7 +58,11 @@ const TableSpec* FindTable(std::string_view name);
 void MakeBlank(Grid& grid, const TableSpec& table);
 
 // Adds the columns that a stored table lacks, each after the neighbour that stands before it in
-// the declaration. Cells of the new columns are empty.
+// the declaration, or directly before the one that the declaration names. Cells of the new columns
+// are empty.
 void AddMissingColumns(Grid& grid, const TableSpec& table);
+// Adds a declared column behind another one, or at the end of a table that lacks that one too;
+// nothing when it is there already.
+void AddColumn(Grid& grid, const TableSpec& table, std::string_view key, std::string_view behind);
 
 }  // namespace lm

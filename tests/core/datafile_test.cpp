@@ -169,8 +169,8 @@ TEST(DataFile, EveryDamageIsToldAndNothingIsOverwritten) {
       {whole.substr(0, whole.find_last_not_of('=')), "Decryption Error: PensionPayments", 12},
       {whole.substr(0, whole.size() - 5), "Decryption Error: PensionPayments", 12},
       {whole + "A", "Decryption Error: PensionPayments", 12},
-      {firstSections(6), "Decryption Error: Extras", 5},  // cut at the end of a section
-      {firstSections(13), "Decryption Error: PensionPayments", 12},
+      {firstSections(5), "Decryption Error: PensionB", 4},  // cut at the end of a section
+      {firstSections(9), "Decryption Error: PensionD", 8},
       {with(2, ""), "Decryption Error: Sessions", 1},
       {with(2, sections[3]), "", 13},  // another table's own section is whole
       {with(9, sections[9].substr(4)), "Decryption Error: PensionD", 8},
