@@ -130,7 +130,7 @@ TEST_F(OldFile, OfFewerTablesIsCompletedBlank) {
 }
 
 TEST_F(OldFile, OfOtherCountsIsDamaged) {
-  for (const std::size_t sections : {0, 1, 4, 8}) {
+  for (const std::size_t sections : {0U, 1U, 4U, 8U}) {
     const std::string bytes = Bytes(sections, "3.1.0");
     EXPECT_FALSE(LoadBytes(bytes)) << sections;
     EXPECT_TRUE(ledger.dataIncomplete);
@@ -314,7 +314,7 @@ TEST_F(OldFile, StrangeTablesAreTakenAsFarAsTheyGo) {
         grid.AddItem("");
       },
   };
-  for (const std::size_t sections : {5, 7, 13}) {
+  for (const std::size_t sections : {5U, 7U, 13U}) {
     for (const auto& shape : kShapes) {
       for (std::size_t i = 0; i < kTables.size(); ++i) {
         MakeBlank(*before.dataTables[i], kTables[i]);
