@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "cli/gridcells.h"
 #include "cli/words.h"
 #include "core/clsMD5.h"
 #include "core/files.h"
@@ -91,6 +92,8 @@ const std::vector<Script::Action>& Script::Actions() {
       {"set", 2, &Script::DoSet},       {"press", 1, &Script::DoPress},
       {"select", 2, &Script::DoSelect}, {"cell", 4, &Script::DoCell},
       {"click", 3, &Script::DoClick},   {"menu", 3, &Script::DoMenu},
+      {"cells", 1, &Script::DoCells},   {"hover", 3, &Script::DoHover},
+      {"drag", 5, &Script::DoDrag},     {"doubleclick", 3, &Script::DoDoubleClick},
       {"sort", 2, &Script::DoSort},     {"movecolumn", 3, &Script::DoMoveColumn},
       {"show", 1, &Script::DoShow},     {"dump", 1, &Script::DoDump},
       {"option", 1, &Script::DoOption}, {"answer", 0, &Script::DoAnswers},
@@ -258,6 +261,38 @@ void Script::DoMenu(Words words) {
                          {"enabled", entry.enabled},
                          {"visible", entry.visible}});
   terminal_.Emit({{"menu", entries}});
+}
+
+void Script::DoCells(Words words) {
+  const Grid& grid = *NamedGrid(words[0]).grid;
+  const int only = words.size() > 1 ? ValInt(words[1]) : -1;
+  for (int row = 0; row < grid.Rows(); ++row)
+    if (only < 0 || row == only) terminal_.Emit(RowOfCells(grid, row));
+}
+
+Script::PointedCell Script::Point(Words words) {
+  PointedCell cell{nullptr, nullptr, ValInt(words[1]), ValInt(words[2])};
+  cell.grid = NamedGrid(words[0], &cell.owner).grid;
+  if (!cell.owner) throw ScriptError("no window shows " + words[0]);
+  if (cell.owner == main_.get()) main_->BringToFront(*cell.grid);
+  if (cell.row >= cell.grid->Rows() || cell.col >= cell.grid->Cols())
+    throw ScriptError("no such cell: " + words[1] + " " + words[2]);
+  return cell;
+}
+
+void Script::DoHover(Words words) {
+  const PointedCell cell = Point(words);
+  cell.owner->Hover(*cell.grid, cell.row, cell.col);
+}
+
+void Script::DoDoubleClick(Words words) {
+  const PointedCell cell = Point(words);
+  cell.owner->DoubleClick(*cell.grid, cell.row, cell.col);
+}
+
+void Script::DoDrag(Words words) {
+  const PointedCell cell = Point(words);
+  cell.owner->Drag(*cell.grid, cell.row, cell.col, ValInt(words[3]), ValInt(words[4]));
 }
 
 void Script::DoSort(Words words) {

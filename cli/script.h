@@ -51,6 +51,10 @@ class Script {
   void DoCell(Words words);
   void DoClick(Words words);
   void DoMenu(Words words);
+  void DoCells(Words words);
+  void DoHover(Words words);
+  void DoDoubleClick(Words words);
+  void DoDrag(Words words);
   void DoSort(Words words);
   void DoMoveColumn(Words words);
   void DoShow(Words words);
@@ -75,6 +79,13 @@ class Script {
   Field& NamedField(const std::string& name, bool alsoMainWindow) const;
   // A grid of the window on top, of the main window, or a table, by its name.
   Screen::ListedGrid NamedGrid(const std::string& name, Screen** owner = nullptr) const;
+  // A cell of a grid that a window shows, by its numbers; the grid comes to the front.
+  struct PointedCell {
+    Screen* owner;
+    Grid* grid;
+    int row, col;
+  };
+  PointedCell Point(Words words);
   int NamedRow(const Grid& grid, const std::string& word) const;
   int NamedColumn(const Grid& grid, const std::string& key) const;
   void EmitField(const Field& field);

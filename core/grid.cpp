@@ -288,6 +288,15 @@ void Grid::SetRowHidden(int row, bool hidden) {
   TellLayout();
 }
 
+const std::string& Grid::DataOfRow(int row) const {
+  static const std::string kNone;
+  return IsRow(row) ? RowAt(row).data : kNone;
+}
+
+void Grid::SetDataOfRow(int row, std::string_view data) {
+  if (IsRow(row)) RowAt(row).data = data;
+}
+
 int Grid::RowHeight(int row) const { return IsRow(row) ? RowAt(row).height : -1; }
 
 void Grid::SetRowHeight(int row, int twips) {

@@ -163,6 +163,9 @@ class Grid {
   void SetRowHidden(int row, bool hidden);
   int RowHeight(int row) const;  // twips; -1 is the default height
   void SetRowHeight(int row, int twips);
+  // What a row stands for, beside its cells, in a list that is worked out for display.
+  const std::string& DataOfRow(int row) const;
+  void SetDataOfRow(int row, std::string_view data);
   int RowOutlineLevel(int row) const;  // 0 for a record, 1 and up for a group row
   void SetRowOutlineLevel(int row, int level);
   bool IsSubtotal(int row) const { return RowOutlineLevel(row) != 0; }

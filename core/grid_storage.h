@@ -43,6 +43,7 @@ struct Grid::RowData {
   CellTexts cells;                                     // by slot
   std::vector<std::pair<int, Properties>> properties;  // by slot, of the cells that have any
   std::unique_ptr<GroupRow> group;
+  std::string data;
   int outlineLevel = 0;
   int height = -1;
   bool hidden = false;

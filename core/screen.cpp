@@ -321,6 +321,24 @@ void Screen::Click(Grid& grid, int row, int col) {
   if (!closed_) CellClicked(grid, row, col);
 }
 
+void Screen::DoubleClick(Grid& grid, int row, int col) {
+  GridRules* rules = RulesOf(grid);
+  if (closed_ || !rules) return;
+  grid.Select(row, col);
+  rules->Opened(row);
+}
+
+void Screen::Drag(Grid& grid, int row, int col, int toRow, int toCol) {
+  GridRules* rules = RulesOf(grid);
+  const bool sameCell = row == toRow && col == toCol;
+  if (!closed_ && rules && !sameCell && rules->MayDrag(row, col))
+    rules->Dropped(row, col, toRow, toCol);
+}
+
+void Screen::Hover(Grid& grid, int row, int col) {
+  if (GridRules* rules = RulesOf(grid)) rules->Hovered(row, col);
+}
+
 std::string Screen::LookOption(const Grid&, int option) const { return GetOption(ledger, option); }
 
 void Screen::CloseRequested() {

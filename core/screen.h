@@ -201,6 +201,11 @@ class GridRules {
   virtual void Opened(int /*row*/) {}  // double click, or Enter on a row
   virtual void AddPressed() {}         // the list's own add
   virtual void DeletePressed(int /*row*/) {}
+  // Of a grid whose cells are places, such as a calendar: a record dragged from cell to cell, and
+  // the pointer that rests on a cell, or has left (-1).
+  virtual bool MayDrag(int /*row*/, int /*col*/) { return false; }
+  virtual void Dropped(int /*row*/, int /*col*/, int /*toRow*/, int /*toCol*/) {}
+  virtual void Hovered(int /*row*/, int /*col*/) {}
 };
 
 enum class EditOutcome { Unchanged, Accepted, Refused, NotAllowed };
@@ -266,6 +271,11 @@ class Screen {
   EditOutcome FinishEdit(Grid& grid, int row, int col, const CellInput& input);
   EditOutcome Edit(Grid& grid, int row, int col, std::string_view word);
   void Click(Grid& grid, int row, int col);
+  // Opens the row, or of a calendar what stands in the cell.
+  void DoubleClick(Grid& grid, int row, int col);
+  // Drops what may be dragged; nothing on its own cell.
+  void Drag(Grid& grid, int row, int col, int toRow, int toCol);
+  void Hover(Grid& grid, int row, int col);  // -1: the pointer has left
 
   // The option by which the grid looks: fonts, colours and lines are those of all lists.
   virtual std::string LookOption(const Grid& grid, int option) const;

@@ -126,6 +126,10 @@ void frmMain::DataLoaded() {
 
 // Lists
 
+void frmMain::CellClicked(Grid& grid, int row, int col) {
+  if (MainPage* page = PageWith(grid)) page->CellClicked(grid, row, col);
+}
+
 void frmMain::HeaderClicked(Grid& grid, int col) {
   if (MainPage* page = PageWith(grid)) page->HeaderClicked(grid, col);
 }

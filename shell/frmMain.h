@@ -105,6 +105,7 @@ class frmMain : public Screen, private ChangeListener {
   // The data was loaded: at the start and by Reload Data.
   void DataLoaded();
   void ShowGrid(Grid& grid, GridRules* rules) { AddGrid(grid, rules); }
+  bool OpenWindow(std::string_view name, const std::vector<std::string>& words = {});
   bool HasWindow(std::string_view name) const { return name.empty() || windows_.Has(name); }
   void LayOut(bool allPages = false);
 
@@ -130,6 +131,7 @@ class frmMain : public Screen, private ChangeListener {
   void OpenFromCatalogue(const CommandSpec& command);
   const MenuNode* ContextMenuNamed(std::string_view name) const;
 
+  void CellClicked(Grid& grid, int row, int col) override;
   void fgMenu_Click();
   void ShowFrontPage();
   void RecordsChanged(const ChangedRecords& changed) override;

@@ -128,9 +128,14 @@ bool frmMain::ShortcutPressed(int virtualKey, int shift) {
 void frmMain::OpenFromCatalogue(const CommandSpec& command) {
   std::vector<std::string> words;
   if (!command.words.empty()) words.emplace_back(command.words);
-  windows_.Open(ledger, command.window, words);
+  OpenWindow(command.window, words);
+}
+
+bool frmMain::OpenWindow(std::string_view name, const std::vector<std::string>& words) {
+  const bool opened = windows_.Open(ledger, name, words);
   RefreshCommands();
   ApplyShortcutsToMenus();
+  return opened;
 }
 
 void frmMain::ReloadData() {

@@ -64,6 +64,8 @@ constexpr CommandSpec kCommands[] = {
     // Shown on no menu of the bar: keys, page handlers and the context menus' own
     {"mnuDeleteItem", "&Delete Item", 14},
     {"mnuEditItem", "&Edit Item", 15},
+    {"mnuNextPeriod", "&Next Week, Month or Year", 11},
+    {"mnuLastPeriod", "&Last Week, Month or Year", 12},
     {"cmdSessionPage", "Sessions"},
     {"cmdEventPage", "Events"},
     {"cmdInvoicePage", "Invoices"},

@@ -1,5 +1,6 @@
 #include "shell/pages/allpages.h"
 
+#include "shell/pages/calendarpage.h"
 #include "shell/pages/comingpages.h"
 #include "shell/pages/eventspage.h"
 #include "shell/pages/expensespage.h"

@@ -3,14 +3,6 @@
 namespace lm {
 namespace {
 
-constexpr PageSpec kCalendar{
-    Page::Calendar,
-    "Calendar",
-    "calendar",
-    "mnuViewCalendar",
-    "",
-    "The calendar views are not available in this version yet. Your sessions are on the Sessions "
-    "page."};
 constexpr PageSpec kReports{
     Page::Reports,    "Reports", "reports",
     "mnuViewReports", "",        "The reports are not available in this version yet."};
@@ -24,12 +16,6 @@ constexpr PageSpec kToday{
     "version yet."};
 
 }  // namespace
-
-CalendarPage::CalendarPage(frmMain& theWindow) : MainPage(theWindow, kCalendar) {
-  AddTip({"Calendars",
-          "The calendars show your sessions and events by week, in detail, by month, as a planner "
-          "and by year. Choose the view with the tabs."});
-}
 
 ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kReports) {
   AddTip({"Reporting",

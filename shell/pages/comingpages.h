@@ -6,11 +6,6 @@
 
 namespace lm {
 
-class CalendarPage : public MainPage {
- public:
-  explicit CalendarPage(frmMain& window);
-};
-
 class ReportsPage : public MainPage {
  public:
   explicit ReportsPage(frmMain& window);

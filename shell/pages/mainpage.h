@@ -69,6 +69,8 @@ class MainPage {
   // What the user does with the headers of its grids.
   virtual void HeaderClicked(Grid& grid, int col);
   virtual void ColumnMoved(Grid& grid, int from, int to);
+  // A cell where a click itself means something.
+  virtual void CellClicked(Grid& /*grid*/, int /*row*/, int /*col*/) {}
 
   // The data was loaded: at the start and by Reload Data.
   virtual void DataLoaded();

@@ -1,0 +1,31 @@
+// The five views, each a function from the tables, the options and the period to a grid.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "calendar/calendar.h"
+
+namespace lm {
+
+void FillWeek(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
+void FillDetail(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
+void FillMonth(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
+void FillPlanner(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
+void FillYear(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
+// Whichever the view is; the cursor stays where it was.
+void FillCalendar(CalendarView view, const Ledger& ledger, const CalendarPeriod& period,
+                  Grid& grid);
+
+// The day that a cell stands for; nothing for headings and cells without one.
+std::optional<Date> DayOfCell(CalendarView view, const CalendarPeriod& period, const Grid& grid,
+                              CellPlace cell);
+// The time at which a cell of Week or Detail begins, hh:nn; "" in the other views.
+std::string TimeOfCell(CalendarView view, const Grid& grid, CellPlace cell);
+// The practice of a row of Planner, by its ID; "" in the other views.
+std::string PracticeOfCell(CalendarView view, const Grid& grid, CellPlace cell);
+
+// The heading above the view: "February 2026", "2026".
+std::string PeriodLabel(CalendarView view, const CalendarPeriod& period);
+
+}  // namespace lm
