@@ -26,8 +26,8 @@ Date MondayOf(Date day) { return std::floor(day) - WeekdayMondayFirst(day) + 1; 
 Date CalendarPeriod::FirstCell() const { return MondayOf(FirstOfMonth()); }
 
 void CalendarPeriod::GoTo(Date day) {
-  const CivilDate civil = ToCivilDate(
-      std::clamp(day, DateSerial(kFirstYear, 1, 1), DateSerial(kLastYear, 12, 31)));
+  const CivilDate civil =
+      ToCivilDate(std::clamp(day, DateSerial(kFirstYear, 1, 1), DateSerial(kLastYear, 12, 31)));
   month = civil.month;
   year = civil.year;
   weekStart = MondayOf(day);
@@ -66,7 +66,8 @@ char KindOf(std::string_view tag) { return tag.empty() ? '\0' : tag.front(); }
 std::vector<TaggedRecord> RecordsOf(std::string_view tag) {
   std::vector<TaggedRecord> records;
   for (const std::string_view part : Split(tag, '|'))
-    if (!part.empty() && part != "Z") records.push_back({part.front(), std::string(part.substr(1))});
+    if (!part.empty() && part != "Z")
+      records.push_back({part.front(), std::string(part.substr(1))});
   return records;
 }
 
@@ -155,8 +156,8 @@ Colour SessionLook::StatusColour(int sessionRow) const {
   if (invoice.empty()) return OptionColour(ledger_, optColourUninvoiced);
   if (!invoices_) invoices_ = ledger_.fgInvoices.RowsBy("ID");
   const auto row = invoices_->find(invoice);
-  const bool paid = row != invoices_->end() &&
-                    !ledger_.fgInvoices.TextMatrix(row->second, "PAYDATE").empty();
+  const bool paid =
+      row != invoices_->end() && !ledger_.fgInvoices.TextMatrix(row->second, "PAYDATE").empty();
   return OptionColour(ledger_, paid ? optColourInvoicedPaid : optColourInvoicedUnpaid);
 }
 
@@ -177,8 +178,8 @@ std::string SessionLook::PracticeName(int sessionRow) const {
 Colour OptionColour(const Ledger& ledger, int option) { return ValInt(GetOption(ledger, option)); }
 
 Colour TextColourOn(Colour ground) {
-  const double light = 0.299 * (ground & 0xFF) + 0.587 * (ground >> 8 & 0xFF) +
-                       0.114 * (ground >> 16 & 0xFF);
+  const double light =
+      0.299 * (ground & 0xFF) + 0.587 * (ground >> 8 & 0xFF) + 0.114 * (ground >> 16 & 0xFF);
   return light < 0.55 * 255 ? kWhite : kNoColour;
 }
 
@@ -206,8 +207,7 @@ void StartView(Grid& grid, int fixedRows, int fixedCols, int rows, int cols) {
   grid.SetFixedCols(fixedCols);
   grid.SetMergeCells(MergeSetting::Free);
   grid.SetCellColour(CellSetting::flexcpBackColor, {0, 0, fixedRows - 1, cols - 1}, kHeadingGround);
-  grid.SetCellColour(CellSetting::flexcpBackColor, {0, 0, rows - 1, fixedCols - 1},
-                     kHeadingGround);
+  grid.SetCellColour(CellSetting::flexcpBackColor, {0, 0, rows - 1, fixedCols - 1}, kHeadingGround);
 }
 
 namespace {

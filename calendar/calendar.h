@@ -67,7 +67,8 @@ struct CalendarEvent {
   Date start = 0, end = 0;  // within the period
   Colour colour = 0;
 };
-// Those that touch the period, by the day on which they start in it, ties in the order of the table.
+// Those that touch the period, by the day on which they start in it, ties in the order of the
+// table.
 std::vector<CalendarEvent> EventsBetween(const Ledger& ledger, Date first, Date last);
 
 struct PlacedEvent {

@@ -89,8 +89,7 @@ void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const Time
 }
 
 // An event fills what the sessions of its days leave free, the earliest of several.
-void ShowEvents(const Ledger& ledger, const CalendarPeriod& period, TakenSlots& taken,
-                Grid& grid) {
+void ShowEvents(const Ledger& ledger, const CalendarPeriod& period, TakenSlots& taken, Grid& grid) {
   const Date first = period.FirstOfMonth();
   for (const CalendarEvent& event : EventsBetween(ledger, first, first + period.Days() - 1))
     for (Date date = event.start; date <= event.end; ++date) {

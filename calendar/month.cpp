@@ -58,7 +58,8 @@ void WriteHeadings(const CalendarPeriod& period, Grid& grid) {
 void ShowEvents(const Ledger& ledger, const CalendarPeriod& period, const Band& band, Grid& grid) {
   for (int week = 0; week < kWeeks; ++week) {
     const Date monday = period.FirstCell() + week * kDays;
-    for (const PlacedEvent& placed : PackEvents(EventsBetween(ledger, monday, monday + kDays - 1))) {
+    for (const PlacedEvent& placed :
+         PackEvents(EventsBetween(ledger, monday, monday + kDays - 1))) {
       const int row = band.FirstRow(week) + 1 + placed.line;
       if (row >= grid.Rows()) continue;
       const bool onNumbers = (row - kFixedRows) % band.rowsPerDay == 0;
@@ -103,8 +104,7 @@ void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const Band
       ShowOverflow(grid, {band.LastRow(week), col}, tag);
       continue;
     }
-    ShowRecord(grid, {row, col}, look.ColourOf(session.row), tag + "|",
-               TextOf(look, session.row));
+    ShowRecord(grid, {row, col}, look.ColourOf(session.row), tag + "|", TextOf(look, session.row));
     grid.SetCell(CellSetting::flexcpPicture, row, col, look.IconOf(session.row));
   }
 }

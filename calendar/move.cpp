@@ -27,8 +27,7 @@ std::optional<Date> LengthOf(const Span& span) {
   if (!start || !startTime || !endTime) return std::nullopt;
   const auto endDate = CellDate(span.endDate);
   const Date midnight = !endDate && *endTime == 0 ? 1 : 0;
-  const Date length =
-      endDate.value_or(*start) + *endTime + midnight - (*start + *startTime);
+  const Date length = endDate.value_or(*start) + *endTime + midnight - (*start + *startTime);
   return length < 0 ? std::nullopt : std::optional(length);
 }
 

@@ -24,7 +24,8 @@ void WriteDays(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
   for (int day = 0; day < period.Days(); ++day) {
     const Date date = period.FirstOfMonth() + day;
     const int col = kFixedCols + day;
-    grid.SetTextMatrix(0, col, FormatDate(date, "ddd").substr(0, 2) + "\r\n" + FormatDate(date, "d"));
+    grid.SetTextMatrix(0, col,
+                       FormatDate(date, "ddd").substr(0, 2) + "\r\n" + FormatDate(date, "d"));
     grid.SetCell(CellSetting::flexcpData, 0, col, CellText(date));
     grid.SetCell(CellSetting::flexcpAlignment, 0, col,
                  PlainText(static_cast<int>(Alignment::Centre)));
@@ -44,13 +45,13 @@ void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, Grid& grid
   for (int row = grid.Rows() - 1; row >= grid.FixedRows(); --row) rows[grid.DataOfRow(row)] = row;
   rows.erase("");
   const Date first = period.FirstOfMonth();
-  for (const CalendarSession& session :
-       SessionsBetween(ledger, first, first + period.Days() - 1)) {
+  for (const CalendarSession& session : SessionsBetween(ledger, first, first + period.Days() - 1)) {
     const auto row = rows.find(look.Text(session.row, "PRACTICE"));
     if (row == rows.end()) continue;
     const CellPlace cell{row->second, kFixedCols + static_cast<int>(session.start - first)};
     ShowRecord(grid, cell, look.ColourOf(session.row),
-               TagAt(grid, cell.row, cell.col) + SessionTag(look.Text(session.row, "ID")) + "|", "");
+               TagAt(grid, cell.row, cell.col) + SessionTag(look.Text(session.row, "ID")) + "|",
+               "");
   }
 }
 

@@ -48,8 +48,8 @@ std::string SessionText(const Ledger& ledger, const std::string& id) {
   const auto cell = [&](std::string_view key) { return sessions.TextMatrix(row, key); };
   const int practice = RecordRow(ledger.fgPractices, cell("PRACTICE"));
   return ledger.fgPractices.TextMatrix(practice, "NAME") + "  " + OrNone(cell("STIME")) + "-" +
-         OrNone(cell("ETIME")) + std::string(kBreak) + "    Invoice: " +
-         InvoiceText(ledger, cell("INVOICE")) + std::string(kBreak) +
+         OrNone(cell("ETIME")) + std::string(kBreak) +
+         "    Invoice: " + InvoiceText(ledger, cell("INVOICE")) + std::string(kBreak) +
          "    Forms: " + OrNone(cell("FORMS")) + std::string(kBreak);
 }
 

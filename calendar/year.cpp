@@ -13,7 +13,7 @@ namespace {
 constexpr int kFixedRows = 1, kFixedCols = 1;
 constexpr int kMonths = 12;
 constexpr int kRowsOfMonth = 3;
-constexpr int kCols = 38;  // a month of 31 days that begins on a Sunday
+constexpr int kCols = 38;         // a month of 31 days that begins on a Sunday
 constexpr int kMonthWidth = 400;  // twips
 constexpr std::string_view kLetters = "SMTWTFS";
 constexpr std::string_view kNoon = "12:00";

@@ -38,8 +38,8 @@ Json OneCell(const Grid& grid, int row, int col) {
   AddColour(cell, "fore", grid.CellColour(CellSetting::flexcpForeColor, row, col));
   if (grid.Cell(CellSetting::flexcpFontBold, row, col) == "TRUE") cell["bold"] = true;
   AddText(cell, "picture", grid.Cell(CellSetting::flexcpPicture, row, col));
-  const int alignment = NumberOf(
-      static_cast<Alignment>(ValInt(grid.Cell(CellSetting::flexcpAlignment, row, col))));
+  const int alignment =
+      NumberOf(static_cast<Alignment>(ValInt(grid.Cell(CellSetting::flexcpAlignment, row, col))));
   if (alignment >= 0) cell["align"] = alignment;
   const CellRange block = grid.MergedRange(row, col);
   const bool merged = block.row1 != block.row2 || block.col1 != block.col2;

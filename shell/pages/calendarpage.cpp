@@ -17,8 +17,8 @@ namespace {
 constexpr PageSpec kSpec{Page::Calendar, "Calendar", "calendar", "mnuViewCalendar", ""};
 
 constexpr std::pair<std::string_view, CalendarView> kViewCommands[] = {
-    {"mnuViewWeek", CalendarView::Week},       {"mnuViewTimeTable", CalendarView::Detail},
-    {"mnuViewMonth", CalendarView::Month},     {"mnuViewPlanner", CalendarView::Planner},
+    {"mnuViewWeek", CalendarView::Week},   {"mnuViewTimeTable", CalendarView::Detail},
+    {"mnuViewMonth", CalendarView::Month}, {"mnuViewPlanner", CalendarView::Planner},
     {"mnuViewYear", CalendarView::Year},
 };
 
@@ -83,7 +83,6 @@ class CalendarPage::Rules : public GridRules {
 };
 
 CalendarPage::CalendarPage(frmMain& theWindow) : MainPage(theWindow, kSpec) {
-  const auto views = Views();
   for (std::size_t i = 0; i < views.size(); ++i) {
     rules_.push_back(std::make_unique<Rules>(*this, static_cast<CalendarView>(i), *views[i]));
     window.ShowGrid(*views[i], rules_.back().get());
@@ -109,16 +108,12 @@ CalendarPage::~CalendarPage() = default;
 // ---- Views
 
 bool CalendarPage::Shows(const Grid& grid) const {
-  const auto views = const_cast<CalendarPage*>(this)->Views();
   return std::ranges::find(views, &grid) != views.end();
 }
 
-Grid* CalendarPage::GridInFront() const {
-  return const_cast<CalendarPage*>(this)->Views()[static_cast<std::size_t>(View())];
-}
+Grid* CalendarPage::GridInFront() const { return views[static_cast<std::size_t>(View())]; }
 
 void CalendarPage::BringToFront(const Grid& grid) {
-  const auto views = Views();
   const auto view = std::ranges::find(views, &grid);
   if (view != views.end() && *view != GridInFront())
     ShowView(static_cast<CalendarView>(view - views.begin()));
@@ -211,8 +206,8 @@ void CalendarPage::AddCommands() {
                    GoTo(ledger.platform.clock.Now());
                    ShowView(View());
                  }});
-  FromEverywhere("mnuViewWeekends", {[this] { ToggleWeekends(); }, nullptr,
-                                     [this] { return period_.showWeekends; }});
+  FromEverywhere("mnuViewWeekends",
+                 {[this] { ToggleWeekends(); }, nullptr, [this] { return period_.showWeekends; }});
   OnCommand("mnuNextPeriod", {[this] { Move(+1); }});
   OnCommand("mnuLastPeriod", {[this] { Move(-1); }});
   OnCommand("mnuNewItem", {[this] { Add(); }});
@@ -224,9 +219,8 @@ void CalendarPage::AddMenu() {
   const auto offer = [this](std::string_view entry, std::function<void()> run,
                             std::function<bool()> shown) {
     OnCommand(entry, {std::move(run)});
-    OfferEntry(entry, [shown = std::move(shown)] {
-      return shown() ? Offer::Enabled : Offer::Hidden;
-    });
+    OfferEntry(entry,
+               [shown = std::move(shown)] { return shown() ? Offer::Enabled : Offer::Hidden; });
   };
   const auto onSession = [this] { return IsOn('S'); };
   const auto onEvent = [this] { return IsOn('E'); };
@@ -237,18 +231,30 @@ void CalendarPage::AddMenu() {
       return row >= 0 && !ledger.fgSessions.TextMatrix(row, "INVOICE").empty() == wanted;
     };
   };
-  offer("mnuPopEditSession", [this] { Edit(); }, onSession);
-  offer("mnuPopDeleteSession", [this] { Delete(); }, onSession);
-  offer("mnuPopCal_CopySession", [this] { Copy(); }, onSession);
-  offer("mnuPopCal_AddToInvoice", [this] { Invoice(AddSessionToInvoice); }, invoiced(false));
-  offer("mnuPopCal_RemoveFromInvoice", [this] { Invoice(RemoveSessionFromInvoice); },
-        invoiced(true));
-  offer("mnuPopEditEvent", [this] { Edit(); }, onEvent);
-  offer("mnuPopDeleteEvent", [this] { Delete(); }, onEvent);
-  offer("mnuPopAddSession", [this] { Add(); }, always);
-  offer("mnuPopAddEvent", [this] { AddEvent(); }, always);
-  offer("mnuPopCal_ConfigureCalendarView",
-        [this] { window.OpenWindow("frmConfigure", {"FORMATTING", "CALENDARS"}); }, always);
+  offer(
+      "mnuPopEditSession", [this] { Edit(); }, onSession);
+  offer(
+      "mnuPopDeleteSession", [this] { Delete(); }, onSession);
+  offer(
+      "mnuPopCal_CopySession", [this] { Copy(); }, onSession);
+  offer(
+      "mnuPopCal_AddToInvoice", [this] { Invoice(AddSessionToInvoice); }, invoiced(false));
+  offer(
+      "mnuPopCal_RemoveFromInvoice", [this] { Invoice(RemoveSessionFromInvoice); }, invoiced(true));
+  offer(
+      "mnuPopEditEvent", [this] { Edit(); }, onEvent);
+  offer(
+      "mnuPopDeleteEvent", [this] { Delete(); }, onEvent);
+  offer(
+      "mnuPopAddSession", [this] { Add(); }, always);
+  offer(
+      "mnuPopAddEvent", [this] { AddEvent(); }, always);
+  offer(
+      "mnuPopCal_ConfigureCalendarView",
+      [this] {
+        window.OpenWindow("frmConfigure", {"FORMATTING", "CALENDARS"});
+      },
+      always);
 }
 
 // ---- Records

@@ -17,8 +17,7 @@ class CalendarPage : public MainPage {
   explicit CalendarPage(frmMain& window);
   ~CalendarPage() override;
 
-  TabField tabCalendar{
-      &window, "tabCalendar", {"Week", "Detail", "Month", "Planner", "Year"}};
+  TabField tabCalendar{&window, "tabCalendar", {"Week", "Detail", "Month", "Planner", "Year"}};
   LabelField lblCalendarPeriod{&window, "lblCalendarPeriod"};
   Button cmdMonthDown{&window, "cmdMonthDown"};
   Button cmdGoToToday{&window, "cmdGoToToday"};
@@ -33,7 +32,7 @@ class CalendarPage : public MainPage {
 
   Grid fgWeek{"fgWeek"}, fgTimeTable{"fgTimeTable"}, fgMonth{"fgMonth"}, fgPlanner{"fgPlanner"},
       fgYear{"fgYear"};
-  std::array<Grid*, 5> Views() { return {&fgWeek, &fgTimeTable, &fgMonth, &fgPlanner, &fgYear}; }
+  const std::array<Grid*, 5> views{&fgWeek, &fgTimeTable, &fgMonth, &fgPlanner, &fgYear};
 
   const CalendarPeriod& Period() const { return period_; }
   CalendarView View() const { return static_cast<CalendarView>(tabCalendar.Selected()); }

@@ -118,6 +118,11 @@ Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
     if (gridView->accessibleName().isEmpty())
       gridView->setAccessibleName(ToQt(listed.grid->Name().substr(2)));
   }
+  for (GridView* headings : view.findChildren<GridView*>())
+    if (Grid* grid = screen.FindGrid(FromQt(headings->HeadingsOf())).grid) {
+      grids_.push_back(headings);
+      headings->Bind(screen, *grid);
+    }
   ConnectShortcuts();
   screen_.SetObserver(this);
 }

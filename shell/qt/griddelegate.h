@@ -45,13 +45,13 @@ class GridDelegate : public QStyledItemDelegate {
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+  void PaintLines(QPainter& painter, const QRect& rect) const;
 
  private:
   QWidget* ListEditor(QWidget* parent, const std::string& list) const;
   QWidget* TextEditor(QWidget* parent, int row, int col, Qt::Alignment alignment) const;
   void PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const;
   void PaintSwatch(QPainter& painter, const QRect& rect, int gridRow, int col) const;
-  void PaintLines(QPainter& painter, const QRect& rect) const;
   // Where the cell's text begins behind the box; a box alone stands in the middle.
   int PaintTick(QPainter& painter, const QStyleOptionViewItem& cell, bool alone) const;
   void PaintExpander(QPainter& painter, const QStyleOptionViewItem& option, int gridRow) const;

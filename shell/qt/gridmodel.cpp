@@ -52,7 +52,8 @@ void GridModel::ReadRows() {
   while (firstColumn_ + 1 < columns_ && !grid_->ColVisible(firstColumn_)) ++firstColumn_;
   if (!grid_) return;
   rows_.reserve(positions_.size());
-  for (int row = grid_->FixedRows(); row < grid_->Rows(); ++row) {
+  const int fixed = std::min(grid_->FixedRows(), grid_->Rows());
+  for (int row = headings_ ? 0 : fixed; row < (headings_ ? fixed : grid_->Rows()); ++row) {
     if (!grid_->RowVisible(row)) continue;
     positions_[static_cast<std::size_t>(row)] = static_cast<int>(rows_.size());
     rows_.push_back(row);
@@ -144,6 +145,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       if (!PictureOf(row, col).isEmpty()) return tr("More about this line (space bar)");
       return ToQt(Replace(ShownText(row, col), "\r", ""));
     case Qt::AccessibleTextRole:
+      if (spokenText) return spokenText(row, col);
       return PictureOf(row, col).isEmpty() ? QVariant() : tr("More about this line");
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(row, col));
@@ -195,7 +197,7 @@ void GridModel::CellsChanged(Grid&, const CellRange& range) {
   if (range.row1 < grid_->FixedRows() && columns_ > 0)
     emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
   int first = -1, last = -1;
-  for (int row = std::max(range.row1, grid_->FixedRows()); row <= range.row2; ++row) {
+  for (int row = range.row1; row <= range.row2; ++row) {
     const int shown = ModelRow(row);
     if (shown < 0) continue;
     if (first < 0) first = shown;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
 #include <vector>
 
 #include "core/grid.h"
@@ -38,8 +39,13 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   // The first column behind a group's title that shows something else.
   int TitleEnd(int gridRow) const;
   void SetEditable(bool editable) { editable_ = editable; }
+  // Shows the heading rows in place of the data rows: the fixed part of a calendar.
+  void SetHeadings(bool headings) { headings_ = headings; }
   // Layout changes that the view itself makes are not read back.
   void IgnoreLayout(bool ignore) { ignoreLayout_ = ignore; }
+
+  // What screen readers hear of a cell, in place of its text.
+  std::function<QString(int gridRow, int col)> spokenText;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -72,6 +78,7 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   bool stale_ = false;
   bool editable_ = false;
   bool ignoreLayout_ = false;
+  bool headings_ = false;
 };
 
 }  // namespace lm

@@ -84,6 +84,16 @@ void GridView::SetChoice(bool choice) {
   horizontalHeader()->setSectionsClickable(!choice);
 }
 
+void GridView::FillRoom() {
+  fillsRoom_ = true;
+  setSelectionBehavior(SelectItems);
+}
+
+void GridView::SetHeadingsOf(const QString& grid) {
+  headingsOf_ = grid;
+  model_->SetHeadings(true);
+}
+
 // Layout
 
 void GridView::ReadStyle() {
@@ -111,19 +121,19 @@ void GridView::ReadLayout() {
   ReadStyle();
   reading_ = true;
   QHeaderView* header = horizontalHeader();
-  header->setVisible(HasCaptions());
+  header->setVisible(!fillsRoom_ && HasCaptions());
   for (int col = 0; col < grid->Cols(); ++col) {
     const bool shown = grid->ColVisible(col);
     header->setSectionHidden(col, !shown);
     if (!shown) continue;
     const bool marker = model_->HasMarker() && col == 0;
-    const bool stretches = choice_ || Wraps(col);
+    const bool stretches = choice_ || Wraps(col) || (fillsRoom_ && grid->ColWidth(col) < 0);
     header->setSectionResizeMode(col, stretches ? QHeaderView::Stretch
                                       : marker  ? QHeaderView::Fixed
                                                 : QHeaderView::Interactive);
     if (!stretches) header->resizeSection(col, ColumnWidth(col));
   }
-  header->setFixedHeight(HeaderHeight());
+  if (!fillsRoom_) header->setFixedHeight(HeaderHeight());
   ReadRows();
   ReadSpans();
   if (hidesWhenEmpty_) setVisible(model_->rowCount() > 0);
@@ -179,6 +189,7 @@ void GridView::ReadSpans() {
       if (block.row1 != row || block.col1 != col || last < shown) continue;
       if (last > shown || block.col2 > col)
         setSpan(shown, col, last - shown + 1, block.col2 - col + 1);
+      col = block.col2;
     }
   }
 }
@@ -196,8 +207,9 @@ void GridView::ReadCursor() {
     const QModelIndex index = model_->index(row, col);
     if (index != currentIndex() || !selectionModel()->isSelected(index))
       selectionModel()->setCurrentIndex(
-          index, QItemSelectionModel::ClearAndSelect |
-                     (choice_ ? QItemSelectionModel::NoUpdate : QItemSelectionModel::Rows));
+          index,
+          QItemSelectionModel::ClearAndSelect |
+              (choice_ || fillsRoom_ ? QItemSelectionModel::NoUpdate : QItemSelectionModel::Rows));
     scrollTo(model_->index(row, col));
   }
   reading_ = false;

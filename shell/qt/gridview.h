@@ -34,6 +34,8 @@ class GridView : public QTableView {
   Q_PROPERTY(QString typedColumn MEMBER typedColumn_)
   // What stands in the middle of an empty list.
   Q_PROPERTY(QString emptyText MEMBER emptyText_)
+  // Of a view of headings: the grid of which it shows the fixed rows.
+  Q_PROPERTY(QString headingsOf READ HeadingsOf WRITE SetHeadingsOf)
 
  public:
   explicit GridView(QWidget* parent = nullptr);
@@ -64,6 +66,8 @@ class GridView : public QTableView {
   bool IsChoice() const { return choice_; }
   void SetChoice(bool choice);
   bool FillsWidth() const { return horizontalHeader()->stretchLastSection(); }
+  const QString& HeadingsOf() const { return headingsOf_; }
+  void SetHeadingsOf(const QString& grid);
   void SetFillsWidth(bool fills) { horizontalHeader()->setStretchLastSection(fills); }
   void ReadStyle();
 
@@ -82,11 +86,16 @@ class GridView : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   int sizeHintForColumn(int column) const override;
+  // The heights of the rows.
+  virtual void ReadRows();
+  Screen* Owner() const { return screen_; }
+  // Fills its room: columns without a width of their own share what is left, there is no header,
+  // and the cursor is a cell. Of calendars.
+  void FillRoom();
 
  private:
   friend class GridDelegate;
 
-  void ReadRows();
   void ReadSpans();
   bool HasCaptions() const;
   // A column named by a property; -1 when it names none.
@@ -116,6 +125,8 @@ class GridView : public QTableView {
   bool editsInPlace_ = false;
   bool choice_ = false;
   bool hidesWhenEmpty_ = false;
+  bool fillsRoom_ = false;
+  QString headingsOf_;
   QString wrappedColumn_, typedColumn_;
   QString emptyText_;
 };

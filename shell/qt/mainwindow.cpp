@@ -289,8 +289,9 @@ void MainWindow::ShowPage() {
   const bool another = pages_->currentIndex() != index;
   pages_->setCurrentIndex(index);
   GridView* list = CurrentList();
-  if (auto* stack = qobject_cast<QStackedWidget*>(list ? list->parentWidget() : nullptr))
-    stack->setCurrentWidget(list);
+  for (QWidget* part = list; part && part != pages_->currentWidget(); part = part->parentWidget())
+    if (auto* stack = qobject_cast<QStackedWidget*>(part->parentWidget()))
+      stack->setCurrentWidget(part);
   // A page that is all note tells it in its middle.
   noteFrame_->setVisible(!screen_.FrontPage().Ready() && list);
   if (another && !walkingTheBar_) FocusPage();
@@ -325,6 +326,7 @@ void MainWindow::BuildStatusBar() {
 
 void MainWindow::RefreshStatus() {
   GridView* list = CurrentList();
+  if (list && !screen_.FrontPage().ListOf(*list->Shown())) list = nullptr;  // no list of records
   int shown = 0;
   if (list) {
     const Grid& grid = *list->Shown();

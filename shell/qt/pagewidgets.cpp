@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "shell/pages/mainpage.h"
+#include "shell/qt/calendarwidget.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/mydetailswidget.h"
@@ -27,6 +28,7 @@ struct OwnWidget {
 
 // The pages that are more than buttons, tabs and lists, one a line.
 constexpr OwnWidget kOwnWidgets[] = {
+    {Page::Calendar, MakeCalendarWidget},
     {Page::MyDetails, MakeMyDetailsWidget},
 };
 
@@ -80,13 +82,19 @@ void AddGrouping(QHBoxLayout& row, const GroupControls& controls) {
   row.addWidget(group);
 }
 
+}  // namespace
+
 QTabBar* MakeTabs(const TabField& field) {
-  auto* tabs = NamedAfter<QTabBar>(field);
+  auto* tabs = Named<QTabBar>(field.Name().c_str());
   tabs->setExpanding(false);
   tabs->setDrawBase(false);
   tabs->setDocumentMode(true);
   return tabs;
 }
+
+QAbstractButton* MakePageButton(const PageButton& spec) { return MakeButton(spec, false); }
+
+namespace {
 
 GridView* MakeList(const RecordList& list) {
   auto* view = Named<GridView>(list.Table().Name().c_str());

@@ -1,12 +1,16 @@
 // The pages of the main window as widgets, named after the screen's fields and tables.
 #pragma once
 
+class QAbstractButton;
+class QTabBar;
 class QVBoxLayout;
 class QWidget;
 
 namespace lm {
 
 class MainPage;
+struct PageButton;
+class TabField;
 
 // What a page shows is built from its own description; one that needs other widgets has a maker of
 // its own. A page without content yet shows its drawing and its note.
@@ -20,5 +24,7 @@ Widget* Named(const char* name) {
   return widget;
 }
 QVBoxLayout* MakeColumn(QWidget* page);
+QTabBar* MakeTabs(const TabField& field);
+QAbstractButton* MakePageButton(const PageButton& spec);
 
 }  // namespace lm

@@ -40,9 +40,8 @@ TEST(CalendarTags, TellTheirRecords) {
   EXPECT_EQ(RecordsOf("").size(), 0u);
   const struct {
     const char *tag, *records;
-  } kCases[] = {{"S5", "S5"}, {"S5|", "S5"}, {"S4|E5|S6|", "S4 E5 S6"},
-                {"Z|E7|S5|", "E7 S5"},       {"Z", ""},
-                {"S|", "S"}};
+  } kCases[] = {{"S5", "S5"},          {"S5|", "S5"}, {"S4|E5|S6|", "S4 E5 S6"},
+                {"Z|E7|S5|", "E7 S5"}, {"Z", ""},     {"S|", "S"}};
   for (const auto& each : kCases) {
     std::string records;
     for (const TaggedRecord& record : RecordsOf(each.tag))
@@ -55,9 +54,10 @@ TEST_F(Diary, SessionsTakeTheirColour) {
   const struct {
     const char* type;
     Option option;
-  } kTypes[] = {{"1", optColourSessNormal},      {"2", optColourSessOOH}, {"3", optColourSessOOH},
-                {"4", optColourSessUnpensioned}, {"0", optColourSessPrivate},
-                {"", optColourSessPrivate},      {"9", optColourSessPrivate}};
+  } kTypes[] = {{"1", optColourSessNormal},  {"2", optColourSessOOH},
+                {"3", optColourSessOOH},     {"4", optColourSessUnpensioned},
+                {"0", optColourSessPrivate}, {"", optColourSessPrivate},
+                {"9", optColourSessPrivate}};
   for (const auto& each : kTypes) {
     const int row = Session("", "03/02/2026", "", "", {std::string("SESS_TYPE=") + each.type});
     EXPECT_EQ(SessionLook(ledger).ColourOf(row), Of(each.option)) << each.type;
@@ -106,9 +106,8 @@ TEST(CalendarEvents, ArePackedGreedily) {
     return CalendarEvent{id, "", static_cast<Date>(start), static_cast<Date>(end), 0};
   };
   std::string lines;
-  for (const PlacedEvent& placed : PackEvents({event("a", 0, 2), event("b", 1, 1),
-                                               event("c", 2, 6), event("d", 3, 4),
-                                               event("e", 5, 6)}))
+  for (const PlacedEvent& placed : PackEvents({event("a", 0, 2), event("b", 1, 1), event("c", 2, 6),
+                                               event("d", 3, 4), event("e", 5, 6)}))
     lines += placed.event.id + std::to_string(placed.line) + " ";
   EXPECT_EQ(lines, "a0 d0 e0 b1 c1 ");
   EXPECT_EQ(LinesOf({}), 0);
@@ -170,26 +169,38 @@ TEST_F(Diary, AMovedSessionKeepsItsLength) {
   } kCases[] = {
       {{"03/02/2026", "09:00", "", "12:30"}, "05/02/2026", "14:00", "05/02/2026 14:00  17:30"},
       {{"03/02/2026", "09:00", "", "12:30"}, "05/02/2026", "", "05/02/2026 09:00  12:30"},
-      {{"03/02/2026", "09:00", "", "12:30"}, "05/02/2026", "22:00",
+      {{"03/02/2026", "09:00", "", "12:30"},
+       "05/02/2026",
+       "22:00",
        "05/02/2026 22:00 06/02/2026 01:30"},
-      {{"03/02/2026", "09:00", "", "12:00"}, "05/02/2026", "21:00",
+      {{"03/02/2026", "09:00", "", "12:00"},
+       "05/02/2026",
+       "21:00",
        "05/02/2026 21:00 06/02/2026 00:00"},
       {{"03/02/2026", "20:00", "", "00:00"}, "05/02/2026", "10:00", "05/02/2026 10:00  14:00"},
-      {{"03/02/2026", "22:00", "04/02/2026", "06:00"}, "28/02/2026", "20:00",
+      {{"03/02/2026", "22:00", "04/02/2026", "06:00"},
+       "28/02/2026",
+       "20:00",
        "28/02/2026 20:00 01/03/2026 04:00"},
-      {{"03/02/2026", "22:00", "04/02/2026", "02:00"}, "05/02/2026", "10:00",
+      {{"03/02/2026", "22:00", "04/02/2026", "02:00"},
+       "05/02/2026",
+       "10:00",
        "05/02/2026 10:00 05/02/2026 14:00"},
-      {{"03/02/2026", "22:00", "05/02/2026", "06:00"}, "28/02/2026", "",
+      {{"03/02/2026", "22:00", "05/02/2026", "06:00"},
+       "28/02/2026",
+       "",
        "28/02/2026 22:00 02/03/2026 06:00"},
       {{"03/02/2026", "09:00", "", ""}, "05/02/2026", "10:15", "05/02/2026 10:15  "},
-      {{"03/02/2026", "", "04/02/2026", "06:00"}, "05/02/2026", "10:15",
+      {{"03/02/2026", "", "04/02/2026", "06:00"},
+       "05/02/2026",
+       "10:15",
        "05/02/2026 10:15 06/02/2026 06:00"},
       {{"03/02/2026", "22:00", "", "06:00"}, "05/02/2026", "20:00", "05/02/2026 20:00  06:00"},
   };
   for (const auto& each : kCases) {
     ledger.fgSessions.ClearData();
-    const int row = Session("1", each.before[0], each.before[1], each.before[3],
-                            {"EDATE=" + each.before[2]});
+    const int row =
+        Session("1", each.before[0], each.before[1], each.before[3], {"EDATE=" + each.before[2]});
     test.shown.answers = {Answer::Yes};
     EXPECT_TRUE(MoveSession(ledger, "1", *CellDate(each.day), each.time));
     std::string after;

@@ -288,15 +288,24 @@ TEST_F(Diary, CellsStandForDaysAndTimes) {
     int row, col;
     const char *day, *time;
   } kCases[] = {
-      {View::Week, 2 + 19, 3, "04/02/2026", "09:30"}, {View::Week, 1, 1, "02/02/2026", ""},
-      {View::Week, 0, 1, "", ""},                     {View::Week, 5, 0, "", ""},
-      {View::Week, 99, 1, "", ""},                    {View::Detail, 14, 39, "14/02/2026", "09:15"},
-      {View::Detail, 14, 1, "", ""},                  {View::Detail, 0, 39, "", ""},
-      {View::Month, 5, 6, "01/02/2026", ""},          {View::Month, 6, 0, "02/02/2026", ""},
-      {View::Month, 30, 6, "08/03/2026", ""},         {View::Month, 0, 0, "", ""},
-      {View::Planner, 2, 28, "28/02/2026", ""},       {View::Planner, 2, 0, "", ""},
-      {View::Year, 6, 9, "03/02/2026", ""},           {View::Year, 4, 6, "", ""},
-      {View::Year, 4, 37, "", ""},                    {View::Year, 36, 32, "31/12/2026", ""},
+      {View::Week, 2 + 19, 3, "04/02/2026", "09:30"},
+      {View::Week, 1, 1, "02/02/2026", ""},
+      {View::Week, 0, 1, "", ""},
+      {View::Week, 5, 0, "", ""},
+      {View::Week, 99, 1, "", ""},
+      {View::Detail, 14, 39, "14/02/2026", "09:15"},
+      {View::Detail, 14, 1, "", ""},
+      {View::Detail, 0, 39, "", ""},
+      {View::Month, 5, 6, "01/02/2026", ""},
+      {View::Month, 6, 0, "02/02/2026", ""},
+      {View::Month, 30, 6, "08/03/2026", ""},
+      {View::Month, 0, 0, "", ""},
+      {View::Planner, 2, 28, "28/02/2026", ""},
+      {View::Planner, 2, 0, "", ""},
+      {View::Year, 6, 9, "03/02/2026", ""},
+      {View::Year, 4, 6, "", ""},
+      {View::Year, 4, 37, "", ""},
+      {View::Year, 36, 32, "31/12/2026", ""},
   };
   for (const auto& each : kCases) {
     Fill(each.view);

@@ -31,6 +31,7 @@
 #include "shell/frmGettingStarted.h"
 #include "shell/frmMain.h"
 #include "shell/frmShortcutKeys.h"
+#include "shell/pages/calendarpage.h"
 #include "shell/pages/pensionpage.h"
 #include "shell/pages/sessionspage.h"
 #include "shell/printtable.h"
@@ -114,6 +115,44 @@ void GrabOptions(test::TestLedger& test, frmMain& main) {
   }
 }
 
+// A busy month: nights, a fortnight's holiday, a day with more than fits.
+void FillCalendar(test::TestLedger& test) {
+  const auto session = [&](const char* day, const char* start, const char* end,
+                           const char* practice, const char* more = "NOTES=") {
+    test.AddRow(test.ledger.fgSessions, {std::string("SDATE=") + day, std::string("STIME=") + start,
+                                         std::string("ETIME=") + end,
+                                         std::string("PRACTICE=") + practice, "SESS_TYPE=1", more});
+  };
+  session("02/02/2026", "08:30", "12:30", "1", "INVOICE=1");
+  session("02/02/2026", "14:00", "18:00", "2", "FORMS=A");
+  session("04/02/2026", "22:00", "06:00", "3", "EDATE=05/02/2026");
+  session("06/02/2026", "09:00", "", "2");
+  for (const char* hour : {"08", "09", "10", "11", "12", "13", "14", "15", "16"})
+    session("12/02/2026", (std::string(hour) + ":00").c_str(), (std::string(hour) + ":50").c_str(),
+            "1");
+  const auto event = [&](const char* title, const char* from, const char* to,
+                         const char* category) {
+    test.AddRow(test.ledger.fgEvents,
+                {std::string("TITLE=") + title, std::string("SDATE=") + from,
+                 std::string("EDATE=") + to, std::string("CATEGORY=") + category});
+  };
+  event("Skiing in the Alps", "21/02/2026", "06/03/2026", "-2");
+  event("Safeguarding course", "05/02/2026", "05/02/2026", "1");
+  event("Half-term", "16/02/2026", "20/02/2026", "4");
+  event("Appraisal", "04/02/2026", "", "2");
+}
+
+void GrabCalendar(test::TestLedger& test, frmMain& screen, MainWindow& window) {
+  FillCalendar(test);
+  auto& page = screen.PageOf<CalendarPage>();
+  screen.ShowPage(Page::Calendar);
+  for (int tab = 0; tab < page.tabCalendar.Count(); ++tab) {
+    screen.Choose(page.tabCalendar, tab);
+    QApplication::processEvents();
+    Grab(window, QString("main-calendar-%1").arg(tab));
+  }
+}
+
 void GrabMain(test::TestLedger& test) {
   WindowCatalogue windows;
   AddWindows(windows);
@@ -128,6 +167,7 @@ void GrabMain(test::TestLedger& test) {
     Grab(window,
          QString("main-%1").arg(QString::fromLatin1(page.icon.data(), int(page.icon.size()))));
   }
+  GrabCalendar(test, screen, window);
   screen.ShowPage(Page::Sessions);
   auto& page = screen.PageOf<SessionsPage>();
   screen.Enter(page.tabSessions, "All");

@@ -124,8 +124,9 @@ TEST_F(MainWindow, KeysRunTheirActions) {
       {'S', kAltBit, true, Page::Sessions},
       {'R', kAltBit, true, Page::Reports},
       {'S', kAltBit | kShiftBit, false, Page::Reports},
-      {'W', kAltBit, true, Page::Reports},
       {39, kAltBit, true, Page::Reports},
+      {'W', kAltBit, true, Page::Calendar},
+      {39, kAltBit, true, Page::Calendar},
       {'T', kAltBit, true, Page::LMToday},
       {-1, 0, false, Page::LMToday},
   };
