@@ -13,6 +13,7 @@ namespace {
 // So many sessions over 35 years, and 2,000 events; the period in sight lies in the middle.
 struct Diary {
   lm::test::TestLedger test;
+  lm::CalendarRecords records{test.ledger};
   lm::CalendarPeriod period;
   lm::Grid grid{"view"};
 
@@ -63,14 +64,31 @@ void PlainPass(benchmark::State& state) {
   }
 }
 
+// After a change of a session: its days are read anew.
+void FillWeekAfterAChange(benchmark::State& state) {
+  Diary& diary = Of(static_cast<int>(state.range(0)));
+  lm::Grid& sessions = diary.test.ledger.fgSessions;
+  const int notes = sessions.ColIndex("NOTES");
+  int i = 0;
+  for (auto _ : state) {
+    sessions.SetTextMatrix(sessions.FixedRows(), notes, std::to_string(++i));
+    FillCalendar(lm::CalendarView::Week, diary.records, diary.period, diary.grid);
+  }
+}
+
 template <lm::CalendarView view>
 void Fill(benchmark::State& state) {
   Diary& diary = Of(static_cast<int>(state.range(0)));
-  for (auto _ : state) FillCalendar(view, diary.test.ledger, diary.period, diary.grid);
+  for (auto _ : state) FillCalendar(view, diary.records, diary.period, diary.grid);
 }
 
 using lm::CalendarView;
 BENCHMARK(PlainPass)->Arg(1'000)->Arg(10'000)->Arg(50'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FillWeekAfterAChange)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(50'000)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(Fill<CalendarView::Week>)
     ->Arg(1'000)
     ->Arg(10'000)

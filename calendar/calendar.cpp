@@ -73,18 +73,38 @@ std::vector<TaggedRecord> RecordsOf(std::string_view tag) {
 
 // Records
 
-std::vector<CalendarSession> SessionsBetween(const Ledger& ledger, Date first, Date last,
-                                             bool overnight) {
-  const Grid& sessions = ledger.fgSessions;
-  const int startCol = sessions.ColIndex("SDATE"), endCol = sessions.ColIndex("EDATE");
-  std::vector<CalendarSession> found;
-  for (const int row : Records(sessions)) {
-    const auto start = CellDate(sessions.TextMatrix(row, startCol));
-    if (!start || *start > last || (*start < first && !overnight)) continue;
-    const auto end = overnight ? CellDate(sessions.TextMatrix(row, endCol)) : std::nullopt;
-    const Date lastDay = end && *end > *start ? *end : *start;
-    if (lastDay >= first) found.push_back({row, *start, lastDay});
+CalendarRecords::CalendarRecords(Ledger& theLedger)
+    : ledger(theLedger), sessions_(theLedger.fgSessions) {
+  sessions_.AddObserver(*this);
+}
+
+CalendarRecords::~CalendarRecords() { sessions_.RemoveObserver(*this); }
+
+void CalendarRecords::ReadDays() const {
+  byStart_.clear();
+  longest_ = 0;
+  const int startCol = sessions_.ColIndex("SDATE"), endCol = sessions_.ColIndex("EDATE");
+  for (const int row : Records(sessions_)) {
+    const auto start = CellDate(sessions_.TextMatrix(row, startCol));
+    if (!start) continue;
+    const auto end = CellDate(sessions_.TextMatrix(row, endCol));
+    byStart_.push_back({row, *start, end && *end > *start ? *end : *start});
+    longest_ = std::max(longest_, byStart_.back().end - *start);
   }
+  std::ranges::stable_sort(byStart_, {}, &CalendarSession::start);
+  stale_ = false;
+}
+
+std::vector<CalendarSession> CalendarRecords::SessionsBetween(Date first, Date last,
+                                                              bool overnight) const {
+  // While the table tells nothing it may hold anything.
+  if (stale_ || !sessions_.Redraw()) ReadDays();
+  auto session = std::ranges::lower_bound(byStart_, overnight ? first - longest_ : first, {},
+                                          &CalendarSession::start);
+  std::vector<CalendarSession> found;
+  for (; session != byStart_.end() && session->start <= last; ++session)
+    if (session->end >= first) found.push_back(*session);
+  std::ranges::sort(found, {}, &CalendarSession::row);
   return found;
 }
 

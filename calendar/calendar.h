@@ -57,10 +57,35 @@ struct CalendarSession {
   Date start = 0;
   Date end = 0;  // the day of EDATE; that of the start where there is none, or it comes before
 };
-// Those that begin in the period, in the order of the table; with `overnight` also those that began
-// before and last into it.
-std::vector<CalendarSession> SessionsBetween(const Ledger& ledger, Date first, Date last,
-                                             bool overnight = false);
+// The records that the calendars show, with the sessions' days kept in order, so that a view costs
+// what its period holds and not what the file does. Ledger and records go together.
+class CalendarRecords : private GridObserver {
+ public:
+  explicit CalendarRecords(Ledger& ledger);
+  ~CalendarRecords() override;
+  CalendarRecords(const CalendarRecords&) = delete;
+  CalendarRecords& operator=(const CalendarRecords&) = delete;
+
+  const Ledger& ledger;
+
+  // The sessions that begin in the period, in the order of the table; with `overnight` also those
+  // that began before and last into it.
+  std::vector<CalendarSession> SessionsBetween(Date first, Date last, bool overnight = false) const;
+
+ private:
+  void ReadDays() const;
+  void CellsChanged(Grid&, const CellRange&) override { stale_ = true; }
+  void RowsInserted(Grid&, int, int) override { stale_ = true; }
+  void RowsRemoved(Grid&, int, int) override { stale_ = true; }
+  void LayoutChanged(Grid&) override {}
+  void CursorMoved(Grid&) override {}
+  void GridReset(Grid&) override { stale_ = true; }
+
+  Grid& sessions_;
+  mutable std::vector<CalendarSession> byStart_;
+  mutable Date longest_ = 0;  // days from a session's start to its end
+  mutable bool stale_ = true;
+};
 
 struct CalendarEvent {
   std::string id, title;

@@ -63,12 +63,12 @@ std::string TextOf(const SessionLook& look, int sessionRow) {
 
 using TakenSlots = std::vector<std::vector<bool>>;  // by day
 
-void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const TimeSlots& slots,
-                  TakenSlots& taken, Grid& grid) {
-  const SessionLook look(ledger);
+void ShowSessions(const CalendarRecords& records, const CalendarPeriod& period,
+                  const TimeSlots& slots, TakenSlots& taken, Grid& grid) {
+  const SessionLook look(records.ledger);
   const Date first = period.FirstOfMonth();
   for (const CalendarSession& session :
-       SessionsBetween(ledger, first, first + period.Days() - 1, true)) {
+       records.SessionsBetween(first, first + period.Days() - 1, true)) {
     const int from = static_cast<int>(std::max(session.start, first) - first);
     const int to = static_cast<int>(std::min(session.end - first, period.Days() - 1.0));
     for (int day = from; day <= to; ++day) {
@@ -105,14 +105,15 @@ void ShowEvents(const Ledger& ledger, const CalendarPeriod& period, TakenSlots& 
 
 }  // namespace
 
-void FillDetail(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
+void FillDetail(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid) {
+  const Ledger& ledger = records.ledger;
   const TimeSlots slots(kQuarters);
   StartView(grid, kFixedRows, kFixedCols, kFixedRows + period.Days(), kFixedCols + slots.Count());
   WriteHeadings(period, slots, grid);
   PaintGround(ledger, period, slots, grid);
   TakenSlots taken(static_cast<std::size_t>(period.Days()),
                    std::vector<bool>(static_cast<std::size_t>(slots.Count()), false));
-  ShowSessions(ledger, period, slots, taken, grid);
+  ShowSessions(records, period, slots, taken, grid);
   ShowEvents(ledger, period, taken, grid);
   for (int row = kFixedRows; row < grid.Rows(); ++row) grid.SetMergeRow(row, true);
   KeepApartAcross(grid, kFixedRows, grid.Rows() - 1);

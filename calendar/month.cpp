@@ -89,12 +89,12 @@ void ShowOverflow(Grid& grid, CellPlace cell, const std::string& sessionTag) {
     grid.SetTextMatrix(cell.row, cell.col, "+" + std::to_string(records.size()));
 }
 
-void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const Band& band,
+void ShowSessions(const CalendarRecords& records, const CalendarPeriod& period, const Band& band,
                   Grid& grid) {
-  const SessionLook look(ledger);
+  const SessionLook look(records.ledger);
   const Date firstCell = period.FirstCell();
   for (const CalendarSession& session :
-       SessionsBetween(ledger, firstCell, firstCell + kWeeks * kDays - 1)) {
+       records.SessionsBetween(firstCell, firstCell + kWeeks * kDays - 1)) {
     const int day = static_cast<int>(session.start - firstCell);
     const int week = day / kDays, col = day % kDays;
     const std::string tag = SessionTag(look.Text(session.row, "ID"));
@@ -111,13 +111,14 @@ void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const Band
 
 }  // namespace
 
-void FillMonth(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
+void FillMonth(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid) {
+  const Ledger& ledger = records.ledger;
   const Band band{RowsPerDay(ledger)};
   StartView(grid, kFixedRows, 0, kFixedRows + band.rowsPerDay * kWeeks, kDays);
   WriteHeadings(period, grid);
   WriteDays(ledger, period, band, grid);
   ShowEvents(ledger, period, band, grid);
-  ShowSessions(ledger, period, band, grid);
+  ShowSessions(records, period, band, grid);
   for (int row = kFixedRows; row < grid.Rows(); ++row) grid.SetMergeRow(row, true);
   KeepApartAcross(grid, kFixedRows, grid.Rows() - 1);
 }

@@ -39,13 +39,13 @@ void WriteDays(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
   }
 }
 
-void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
-  const SessionLook look(ledger);
+void ShowSessions(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid) {
+  const SessionLook look(records.ledger);
   std::unordered_map<std::string, int> rows;  // of the grid, by practice
   for (int row = grid.Rows() - 1; row >= grid.FixedRows(); --row) rows[grid.DataOfRow(row)] = row;
   rows.erase("");
   const Date first = period.FirstOfMonth();
-  for (const CalendarSession& session : SessionsBetween(ledger, first, first + period.Days() - 1)) {
+  for (const CalendarSession& session : records.SessionsBetween(first, first + period.Days() - 1)) {
     const auto row = rows.find(look.Text(session.row, "PRACTICE"));
     if (row == rows.end()) continue;
     const CellPlace cell{row->second, kFixedCols + static_cast<int>(session.start - first)};
@@ -66,7 +66,8 @@ void HideEmptyRows(Grid& grid) {
 
 }  // namespace
 
-void FillPlanner(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
+void FillPlanner(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid) {
+  const Ledger& ledger = records.ledger;
   const Date first = period.FirstOfMonth();
   const auto events = PackEvents(EventsBetween(ledger, first, first + period.Days() - 1));
   const int fixedRows = std::max(kFewestFixedRows, 1 + LinesOf(events));
@@ -83,7 +84,7 @@ void FillPlanner(const Ledger& ledger, const CalendarPeriod& period, Grid& grid)
     for (Date day = placed.event.start; day <= placed.event.end; ++day)
       ShowRecord(grid, {1 + placed.line, kFixedCols + static_cast<int>(day - first)},
                  placed.event.colour, EventTag(placed.event.id), placed.event.title);
-  ShowSessions(ledger, period, grid);
+  ShowSessions(records, period, grid);
   if (!period.showEmptyRows) HideEmptyRows(grid);
   for (int line = 1; line < fixedRows; ++line) grid.SetMergeRow(line, true);
   KeepApartAcross(grid, 1, fixedRows - 1);

@@ -9,7 +9,7 @@
 namespace lm {
 namespace {
 
-using Fill = void (*)(const Ledger&, const CalendarPeriod&, Grid&);
+using Fill = void (*)(const CalendarRecords&, const CalendarPeriod&, Grid&);
 constexpr Fill kFills[] = {FillWeek, FillDetail, FillMonth, FillPlanner, FillYear};
 
 constexpr int kDaysOfWeek = 7;
@@ -31,11 +31,11 @@ std::optional<Date> DayOfYear(const CalendarPeriod& period, const Grid& grid, Ce
 
 }  // namespace
 
-void FillCalendar(CalendarView view, const Ledger& ledger, const CalendarPeriod& period,
+void FillCalendar(CalendarView view, const CalendarRecords& records, const CalendarPeriod& period,
                   Grid& grid) {
   const RedrawOff redrawOff(grid);
   const CellPlace cursor{grid.Row() - grid.FixedRows(), grid.Col()};
-  kFills[static_cast<std::size_t>(view)](ledger, period, grid);
+  kFills[static_cast<std::size_t>(view)](records, period, grid);
   const CellPlace now{cursor.row + grid.FixedRows(), cursor.col};
   if (cursor.row >= 0 && IsDataCell(grid, now)) grid.Select(now.row, now.col);
 }

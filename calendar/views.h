@@ -8,13 +8,13 @@
 
 namespace lm {
 
-void FillWeek(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
-void FillDetail(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
-void FillMonth(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
-void FillPlanner(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
-void FillYear(const Ledger& ledger, const CalendarPeriod& period, Grid& grid);
+void FillWeek(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid);
+void FillDetail(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid);
+void FillMonth(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid);
+void FillPlanner(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid);
+void FillYear(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid);
 // Whichever the view is; the cursor stays where it was.
-void FillCalendar(CalendarView view, const Ledger& ledger, const CalendarPeriod& period,
+void FillCalendar(CalendarView view, const CalendarRecords& records, const CalendarPeriod& period,
                   Grid& grid);
 
 // The day that a cell stands for; nothing for headings and cells without one.

@@ -61,13 +61,13 @@ void ShowEvents(const std::vector<PlacedEvent>& events, const CalendarPeriod& pe
                  placed.event.colour, EventTag(placed.event.id), placed.event.title);
 }
 
-void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const TimeSlots& slots,
-                  Grid& grid) {
-  const SessionLook look(ledger);
+void ShowSessions(const CalendarRecords& records, const CalendarPeriod& period,
+                  const TimeSlots& slots, Grid& grid) {
+  const SessionLook look(records.ledger);
   std::vector<std::vector<bool>> taken(
       kDays, std::vector<bool>(static_cast<std::size_t>(slots.Count()), false));
   for (const CalendarSession& session :
-       SessionsBetween(ledger, period.weekStart, period.weekStart + kDays - 1, true)) {
+       records.SessionsBetween(period.weekStart, period.weekStart + kDays - 1, true)) {
     const std::string start = look.Text(session.row, "STIME"),
                       end = look.Text(session.row, "ETIME");
     for (int day = 0; day < kDays; ++day) {
@@ -91,7 +91,8 @@ void ShowSessions(const Ledger& ledger, const CalendarPeriod& period, const Time
 
 }  // namespace
 
-void FillWeek(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
+void FillWeek(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid) {
+  const Ledger& ledger = records.ledger;
   const TimeSlots slots(RowsPerHour(ledger));
   const auto events =
       PackEvents(EventsBetween(ledger, period.weekStart, period.weekStart + kDays - 1));
@@ -100,7 +101,7 @@ void FillWeek(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
   WriteHeadings(period, slots, grid);
   PaintGround(ledger, period, slots, grid);
   ShowEvents(events, period, grid);
-  ShowSessions(ledger, period, slots, grid);
+  ShowSessions(records, period, slots, grid);
   for (int row = 1; row < fixedRows; ++row) grid.SetMergeRow(row, true);
   for (int col = 0; col < grid.Cols(); ++col) grid.SetMergeCol(col, true);
   KeepApartAcross(grid, 1, fixedRows - 1);

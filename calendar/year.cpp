@@ -52,7 +52,8 @@ void Add(Grid& grid, CellPlace cell, Colour colour, const std::string& tag) {
 
 }  // namespace
 
-void FillYear(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
+void FillYear(const CalendarRecords& records, const CalendarPeriod& period, Grid& grid) {
+  const Ledger& ledger = records.ledger;
   StartView(grid, kFixedRows, kFixedCols, kFixedRows + kMonths * kRowsOfMonth, kCols);
   grid.SetColWidth(0, kMonthWidth);
   grid.SetMergeCol(0, true);
@@ -65,7 +66,7 @@ void FillYear(const Ledger& ledger, const CalendarPeriod& period, Grid& grid) {
 
   const Date first = DateSerial(period.year, 1, 1), last = DateSerial(period.year, 12, 31);
   const SessionLook look(ledger);
-  for (const CalendarSession& session : SessionsBetween(ledger, first, last)) {
+  for (const CalendarSession& session : records.SessionsBetween(first, last)) {
     CellPlace cell = CellOf(session.start);
     cell.row += look.Text(session.row, "STIME") >= kNoon ? 2 : 1;
     Add(grid, cell, look.ColourOf(session.row), SessionTag(look.Text(session.row, "ID")));

@@ -130,7 +130,7 @@ std::string_view CalendarPage::MenuOf(const Grid& grid) const {
 void CalendarPage::DataLoaded() { HideToolTip(); }
 
 void CalendarPage::Rebuild() {
-  FillCalendar(View(), ledger, period_, *GridInFront());
+  FillCalendar(View(), records_, period_, *GridInFront());
   lblCalendarPeriod.SetText(PeriodLabel(View(), period_));
   cmdShowHideWeekends.SetText(period_.showWeekends ? "Hide Weekends" : "Show Weekends");
   cmdShowHideEmptyRows.SetText(period_.showEmptyRows ? "Hide Empty Rows" : "Show Empty Rows");

@@ -81,6 +81,7 @@ class CalendarPage : public MainPage {
   void Copy();
   void Invoice(bool (*change)(Ledger& ledger, const std::string& id));
 
+  CalendarRecords records_{ledger};
   CalendarPeriod period_;
   std::vector<std::unique_ptr<Rules>> rules_;  // in the order of the tabs
 };

@@ -86,6 +86,33 @@ TEST_F(Diary, StatusIconsFollowInvoiceAndForms) {
   }
 }
 
+// What is kept of the sessions' days follows every change of the table.
+TEST_F(Diary, SessionsOfAPeriodAreThoseOfNow) {
+  const auto found = [&] {
+    std::string ids;
+    for (const CalendarSession& session :
+         records.SessionsBetween(DateSerial(2026, 2, 2), DateSerial(2026, 2, 8), true))
+      ids += ledger.fgSessions.TextMatrix(session.row, "ID") + " ";
+    return ids;
+  };
+  Session("1", "08/02/2026");
+  Session("2", "02/02/2026");
+  Session("3", "01/01/2026", "", "", {"EDATE=02/02/2026"});
+  Session("4", "09/02/2026");
+  EXPECT_EQ(found(), "1 2 3 ") << "in the order of the table";
+  ledger.fgSessions.Sort(SortSetting::GenericAscending, ledger.fgSessions.ColIndex("SDATE"));
+  EXPECT_EQ(found(), "3 2 1 ");
+  ledger.fgSessions.SetTextMatrix(RecordRow(ledger.fgSessions, "4"), "SDATE", "03/02/2026");
+  EXPECT_EQ(found(), "3 2 1 4 ");
+  ledger.fgSessions.RemoveItem(RecordRow(ledger.fgSessions, "2"));
+  EXPECT_EQ(found(), "3 1 4 ");
+  const RedrawOff off(ledger.fgSessions);
+  Session("5", "05/02/2026");
+  EXPECT_EQ(found(), "3 1 4 5 ");
+  ledger.fgSessions.ClearData();
+  EXPECT_EQ(found(), "");
+}
+
 TEST_F(Diary, EventsOfAPeriodAreClippedAndColoured) {
   Event("1", "Before", "20/01/2026", "01/02/2026");
   Event("2", "Across", "28/01/2026", "20/02/2026", "1");

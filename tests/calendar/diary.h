@@ -16,6 +16,7 @@ namespace lm::test {
 struct Diary : testing::Test {
   TestLedger test;
   Ledger& ledger = test.ledger;
+  CalendarRecords records{ledger};
   CalendarPeriod period;
   Grid grid{"view"};
 
@@ -36,7 +37,7 @@ struct Diary : testing::Test {
     return test.AddRow(ledger.fgEvents, {"ID=" + id, "TITLE=" + title, "SDATE=" + from,
                                          "EDATE=" + to, "CATEGORY=" + category});
   }
-  void Fill(CalendarView view) { FillCalendar(view, ledger, period, grid); }
+  void Fill(CalendarView view) { FillCalendar(view, records, period, grid); }
 
   std::string Text(int row, int col) const { return grid.TextMatrix(row, col); }
   std::string Tag(int row, int col) const { return TagAt(grid, row, col); }
