@@ -50,41 +50,6 @@ class Legend : public QWidget {
   const CalendarPage& page_;
 };
 
-// The headings stay while the body scrolls, and leave room beside them for its scroll bar.
-QWidget* MakeView(const CalendarPage& page, CalendarView view, const Grid& grid,
-                  const std::function<void(const QPoint&)>& rested) {
-  auto* frame = new QFrame;
-  frame->setFrameShape(QFrame::StyledPanel);
-  auto* column = new QVBoxLayout(frame);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  auto* body = new CalendarGrid(page, view);
-  body->setObjectName(ToQt(grid.Name()));
-  body->setAccessibleName(ToQt(page.tabCalendar.TabCaption(static_cast<int>(view))));
-  auto* headings = new CalendarGrid(page, view);
-  headings->SetHeadingsOf(ToQt(grid.Name()));
-  headings->setFocusPolicy(Qt::NoFocus);
-  headings->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  headings->setAccessibleName(body->accessibleName());
-  auto* room = new QWidget;
-  auto* top = new QHBoxLayout;
-  top->setSpacing(0);
-  top->addWidget(headings, 1);
-  top->addWidget(room);
-  column->addLayout(top);
-  column->addWidget(body, 1);
-  QScrollBar* bar = body->verticalScrollBar();
-  const auto leaveRoom = [room, bar] {
-    room->setFixedWidth(bar->maximum() > bar->minimum() ? bar->sizeHint().width() : 0);
-  };
-  QObject::connect(bar, &QScrollBar::rangeChanged, room, leaveRoom);
-  QObject::connect(body, &CalendarGrid::laidOut, room, leaveRoom);
-  for (CalendarGrid* part : {body, headings})
-    QObject::connect(part, &CalendarGrid::rested, part, rested);
-  leaveRoom();
-  return frame;
-}
-
 QFrame* MakeToolTip(QWidget* page) {
   auto* frame = new QFrame(page);
   frame->setObjectName("picCalendarToolTip");
@@ -127,6 +92,38 @@ void PlaceToolTip(QFrame& frame, const QPoint& global) {
 
 }  // namespace
 
+// The headings stay while the body scrolls, and leave room beside them for its scroll bar.
+QWidget* MakeCalendarView(const CalendarPage& page, CalendarView view, const Grid& grid) {
+  auto* frame = new QFrame;
+  frame->setFrameShape(QFrame::StyledPanel);
+  auto* column = new QVBoxLayout(frame);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* body = new CalendarGrid(page, view);
+  body->setObjectName(ToQt(grid.Name()));
+  body->setAccessibleName(ToQt(page.tabCalendar.TabCaption(static_cast<int>(view))));
+  auto* headings = new CalendarGrid(page, view);
+  headings->SetHeadingsOf(ToQt(grid.Name()));
+  headings->setFocusPolicy(Qt::NoFocus);
+  headings->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  headings->setAccessibleName(body->accessibleName());
+  auto* room = new QWidget;
+  auto* top = new QHBoxLayout;
+  top->setSpacing(0);
+  top->addWidget(headings, 1);
+  top->addWidget(room);
+  column->addLayout(top);
+  column->addWidget(body, 1);
+  QScrollBar* bar = body->verticalScrollBar();
+  const auto leaveRoom = [room, bar] {
+    room->setFixedWidth(bar->maximum() > bar->minimum() ? bar->sizeHint().width() : 0);
+  };
+  QObject::connect(bar, &QScrollBar::rangeChanged, room, leaveRoom);
+  QObject::connect(body, &CalendarGrid::laidOut, room, leaveRoom);
+  leaveRoom();
+  return frame;
+}
+
 QWidget* MakeCalendarWidget(const MainPage& mainPage) {
   const auto& page = static_cast<const CalendarPage&>(mainPage);
   auto* widget = new QWidget;
@@ -153,7 +150,9 @@ QWidget* MakeCalendarWidget(const MainPage& mainPage) {
   column->addWidget(MakeTabs(page.tabCalendar));
   auto* stack = new QStackedWidget;
   for (std::size_t i = 0; i < page.views.size(); ++i)
-    stack->addWidget(MakeView(page, static_cast<CalendarView>(i), *page.views[i], rested));
+    stack->addWidget(MakeCalendarView(page, static_cast<CalendarView>(i), *page.views[i]));
+  for (CalendarGrid* part : stack->findChildren<CalendarGrid*>())
+    QObject::connect(part, &CalendarGrid::rested, part, rested);
   column->addWidget(stack, 1);
   column->addWidget(new Legend(page));
   return widget;

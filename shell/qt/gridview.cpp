@@ -257,7 +257,7 @@ int GridView::HeaderHeight() const {
 }
 
 void GridView::HeaderSized(int col, int pixels) {
-  if (reading_ || choice_ || !Shown() || pixels <= 0) return;
+  if (reading_ || choice_ || fillsRoom_ || !Shown() || pixels <= 0) return;
   if (Wraps(col)) return;
   model_->IgnoreLayout(true);
   Shown()->SetColWidth(col, PixelsToTwips(pixels, logicalDpiX()));

@@ -19,8 +19,10 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/shortcuts.h"
+#include "shell/pages/calendarpage.h"
 #include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/calendarprint.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
@@ -85,7 +87,11 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
   };
   screen_.showWindow = [this] { ShowFirst(); };
   screen_.printGrid = [this](Grid& grid, const std::string& title, const std::string& period) {
-    PrintGrid(ledger_, grid, {title, period}, this);
+    const auto* calendar = dynamic_cast<const CalendarPage*>(&screen_.FrontPage());
+    if (calendar)
+      PrintCalendar(screen_, *calendar, this);
+    else
+      PrintGrid(ledger_, grid, {title, period}, this);
   };
   screen_.RefreshCommands();
   qApp->installEventFilter(this);

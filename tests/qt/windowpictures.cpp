@@ -36,6 +36,7 @@
 #include "shell/pages/sessionspage.h"
 #include "shell/printtable.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/calendarprint.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
@@ -150,6 +151,10 @@ void GrabCalendar(test::TestLedger& test, frmMain& screen, MainWindow& window) {
     screen.Choose(page.tabCalendar, tab);
     QApplication::processEvents();
     Grab(window, QString("main-calendar-%1").arg(tab));
+    QPdfWriter paper(qEnvironmentVariable("LEDGERMINDER_PICTURES") +
+                     QString("/printed-calendar-%1.pdf").arg(tab));
+    paper.setPageOrientation(QPageLayout::Landscape);
+    PaintCalendar(paper, screen, page);
   }
 }
 
