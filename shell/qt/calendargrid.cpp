@@ -11,6 +11,7 @@
 
 #include "calendar/timeslots.h"
 #include "calendar/tooltip.h"
+#include "core/numbers.h"
 #include "core/platform.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
@@ -18,10 +19,11 @@
 namespace lm {
 namespace {
 
-constexpr int kRestDelay = 450;  // ms until the pointer counts as resting
-constexpr int kMinute = 60'000;  // ms
-constexpr int kLinePadding = 4;  // pixels above and below a line together
-constexpr int kTextMargin = 3;   // pixels between a cell's edge and its text
+constexpr int kRestDelay = 450;   // ms until the pointer counts as resting
+constexpr int kMinute = 60'000;   // ms
+constexpr int kTightPadding = 1;  // in views that show all of their rows at once
+constexpr int kLinePadding = 4;   // pixels above and below a line together
+constexpr int kTextMargin = 3;    // pixels between a cell's edge and its text
 constexpr int kPicture = 12;
 const QColor kNowColour(0xd0, 0x2a, 0x1e);
 
@@ -111,7 +113,7 @@ void CalendarGrid::ReadRows() {
     setFixedHeight(height);
   } else {
     const int room = viewport()->height();
-    const int least = view_ == CalendarView::Year ? line : line + kLinePadding;
+    const int least = line + (view_ == CalendarView::Week ? kLinePadding : kTightPadding);
     const int most = view_ == CalendarView::Planner ? 2 * line + kLinePadding : room;
     const int shared = std::clamp(room / count, least, std::max(least, most));
     const int left = shared > least && shared < most ? room - shared * count : 0;  // a pixel each
@@ -302,40 +304,37 @@ void CalendarGrid::timerEvent(QTimerEvent* event) {
 
 // ---- Painting
 
+namespace {
+
+Qt::Alignment AcrossOf(const Grid& grid, CellPlace cell) {
+  switch (
+      static_cast<Alignment>(ValInt(grid.Cell(CellSetting::flexcpAlignment, cell.row, cell.col)))) {
+    case Alignment::Centre:
+      return Qt::AlignHCenter;
+    case Alignment::Right:
+      return Qt::AlignRight;
+    default:
+      return Qt::AlignLeft;
+  }
+}
+
+}  // namespace
+
+// Straight from the grid: most of the thousands of cells have a ground and nothing else.
 void CalendarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
-  const GridModel& model = view_->Model();
-  const int row = model.GridRow(index);
-  if (row < 0) return;
   const Grid& grid = *view_->Shown();
-  QStyleOptionViewItem cell = option;
-  initStyleOption(&cell, index);
-  const QBrush ground = index.data(Qt::BackgroundRole).value<QBrush>();
-  painter->save();
-  painter->setClipRect(option.rect);
-  painter->fillRect(option.rect,
-                    ground.style() == Qt::NoBrush ? QBrush(view_->Style().base) : ground);
-  const int margin = index.column() < grid.FixedCols() ? 1 : kTextMargin;
-  QRect place = option.rect.adjusted(margin, 1, -margin, -2);
-  QColor ink = index.data(Qt::ForegroundRole).value<QBrush>().color();
-  if (index.data(Qt::ForegroundRole).isNull()) ink = view_->Style().text;
-  if (const QString picture = model.PictureOf(row, index.column()); !picture.isEmpty()) {
-    LineIcon("status" + picture, ink)
-        .paint(painter, QRect(place.left(), place.top() + 1, kPicture, kPicture));
-    place.setLeft(place.left() + kPicture + kTextMargin);
-  }
-  const QString text = index.data(Qt::DisplayRole).toString().remove(u'\r');
-  const QFontMetrics metrics(cell.font);
-  const int most = std::max(place.height() / metrics.lineSpacing(), 1);
-  const QStringList lines = FittingLines(text, cell.font, std::max(place.width(), 1), most);
-  painter->setFont(cell.font);
-  painter->setPen(ink);
-  // Bars of one line stand in the middle, blocks begin at their top.
-  const bool middle = lines.size() == 1 && option.rect.height() < 3 * metrics.lineSpacing();
-  const int across = static_cast<int>(cell.displayAlignment & Qt::AlignHorizontal_Mask);
-  painter->drawText(place, across | (middle ? Qt::AlignVCenter : Qt::AlignTop), lines.join('\n'));
+  const CellPlace cell{view_->Model().GridRow(index), index.column()};
+  if (cell.row < 0) return;
+  const QColor ground = ToQColor(grid.CellColour(CellSetting::flexcpBackColor, cell.row, cell.col));
+  const QColor fore = ToQColor(grid.CellColour(CellSetting::flexcpForeColor, cell.row, cell.col));
+  const QColor ink = fore.isValid()     ? fore
+                     : ground.isValid() ? ReadableOn(ground)
+                                        : view_->Style().text;
+  painter->fillRect(option.rect, ground.isValid() ? ground : view_->Style().base);
+  PaintText(*painter, option.rect, cell, ink);
   PaintLines(*painter, option.rect);
-  if (KindOf(TagAt(grid, row, index.column())) == 'Z') {
+  if (KindOf(TagAt(grid, cell.row, cell.col)) == 'Z') {
     painter->setPen(ink);
     painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
   }
@@ -343,7 +342,38 @@ void CalendarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));
     painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
   }
-  painter->restore();
+}
+
+void CalendarDelegate::PaintText(QPainter& painter, const QRect& rect, CellPlace cell,
+                                 const QColor& ink) const {
+  const Grid& grid = *view_->Shown();
+  const QString text = ToQt(grid.DisplayText(cell.row, cell.col)).remove(u'\r');
+  const QString picture = view_->Model().PictureOf(cell.row, cell.col);
+  if (text.isEmpty() && picture.isEmpty()) return;
+  const int margin = cell.col < grid.FixedCols() ? 1 : kTextMargin;
+  QRect place = rect.adjusted(margin, 1, -margin, -2);
+  if (!picture.isEmpty()) {
+    LineIcon("status" + picture, ink)
+        .paint(&painter, QRect(place.left(), place.top() + 1, kPicture, kPicture));
+    place.setLeft(place.left() + kPicture + kTextMargin);
+  }
+  QFont font = view_->Style().font;
+  font.setBold(grid.Cell(CellSetting::flexcpFontBold, cell.row, cell.col) == "TRUE");
+  const QFontMetrics metrics(font);
+  const int most = std::max(place.height() / metrics.lineSpacing(), 1);
+  // A figure or a letter needs no breaking.
+  const bool fits = !text.contains('\n') && metrics.horizontalAdvance(text) <= place.width();
+  const QStringList lines =
+      fits ? QStringList(text) : FittingLines(text, font, std::max(place.width(), 1), most);
+  // Bars of one line stand in the middle, blocks begin at their top.
+  const bool middle = lines.size() == 1 && rect.height() < 3 * metrics.lineSpacing();
+  painter.save();
+  painter.setClipRect(rect);
+  painter.setFont(font);
+  painter.setPen(ink);
+  painter.drawText(place, AcrossOf(grid, cell) | (middle ? Qt::AlignVCenter : Qt::AlignTop),
+                   lines.join('\n'));
+  painter.restore();
 }
 
 }  // namespace lm

@@ -70,6 +70,8 @@ class CalendarDelegate : public GridDelegate {
              const QModelIndex& index) const override;
 
  private:
+  void PaintText(QPainter& painter, const QRect& rect, CellPlace cell, const QColor& ink) const;
+
   CalendarGrid* view_;
 };
 

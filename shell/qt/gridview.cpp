@@ -128,9 +128,11 @@ void GridView::ReadLayout() {
     if (!shown) continue;
     const bool marker = model_->HasMarker() && col == 0;
     const bool stretches = choice_ || Wraps(col) || (fillsRoom_ && grid->ColWidth(col) < 0);
-    header->setSectionResizeMode(col, stretches ? QHeaderView::Stretch
-                                      : marker  ? QHeaderView::Fixed
-                                                : QHeaderView::Interactive);
+    const auto mode = stretches ? QHeaderView::Stretch
+                      : marker  ? QHeaderView::Fixed
+                                : QHeaderView::Interactive;
+    // Each change makes the header measure all of its sections.
+    if (header->sectionResizeMode(col) != mode) header->setSectionResizeMode(col, mode);
     if (!stretches) header->resizeSection(col, ColumnWidth(col));
   }
   if (!fillsRoom_) header->setFixedHeight(HeaderHeight());

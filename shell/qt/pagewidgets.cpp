@@ -89,6 +89,8 @@ QTabBar* MakeTabs(const TabField& field) {
   tabs->setExpanding(false);
   tabs->setDrawBase(false);
   tabs->setDocumentMode(true);
+  // From the start, so that the page leaves room for them when it is first shown.
+  for (int i = 0; i < field.Count(); ++i) tabs->addTab(ToQt(field.TabCaption(i)));
   return tabs;
 }
 
