@@ -66,6 +66,17 @@ std::optional<Date> DayOfCell(CalendarView view, const CalendarPeriod& period, c
   return std::nullopt;
 }
 
+CellPlace CellOfDay(CalendarView view, const CalendarPeriod& period, const Grid& grid, Date day) {
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+    for (int col = grid.FixedCols(); col < grid.Cols(); ++col) {
+      const CellPlace cell{row, col};
+      const std::string time = TimeOfCell(view, grid, cell);
+      if ((time.empty() || time == "09:00") && DayOfCell(view, period, grid, cell) == day)
+        return cell;
+    }
+  return {};
+}
+
 std::string TimeOfCell(CalendarView view, const Grid& grid, CellPlace cell) {
   if (!IsDataCell(grid, cell)) return "";
   if (view == CalendarView::Week)

@@ -20,6 +20,9 @@ void FillCalendar(CalendarView view, const CalendarRecords& records, const Calen
 // The day that a cell stands for; nothing for headings and cells without one.
 std::optional<Date> DayOfCell(CalendarView view, const CalendarPeriod& period, const Grid& grid,
                               CellPlace cell);
+// Where work on a day begins: its first cell, in Week and Detail that of 09:00; {-1, -1} for a day
+// that is not in sight.
+CellPlace CellOfDay(CalendarView view, const CalendarPeriod& period, const Grid& grid, Date day);
 // The time at which a cell of Week or Detail begins, hh:nn; "" in the other views.
 std::string TimeOfCell(CalendarView view, const Grid& grid, CellPlace cell);
 // The practice of a row of Planner, by its ID; "" in the other views.

@@ -1,5 +1,8 @@
 #include "shell/pages/calendarpage.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "calendar/move.h"
 #include "calendar/tooltip.h"
 #include "core/options.h"
@@ -130,7 +133,13 @@ std::string_view CalendarPage::MenuOf(const Grid& grid) const {
 void CalendarPage::DataLoaded() { HideToolTip(); }
 
 void CalendarPage::Rebuild() {
-  FillCalendar(View(), records_, period_, *GridInFront());
+  Grid& grid = *GridInFront();
+  FillCalendar(View(), records_, period_, grid);
+  if (grid.Row() < 0) {  // the arrow keys begin at today
+    const CellPlace today =
+        CellOfDay(View(), period_, grid, std::floor(ledger.platform.clock.Now()));
+    if (today.row >= 0) grid.Select(today.row, today.col);
+  }
   lblCalendarPeriod.SetText(PeriodLabel(View(), period_));
   cmdShowHideWeekends.SetText(period_.showWeekends ? "Hide Weekends" : "Show Weekends");
   cmdShowHideEmptyRows.SetText(period_.showEmptyRows ? "Hide Empty Rows" : "Show Empty Rows");

@@ -207,6 +207,7 @@ void CalendarGrid::keyPressEvent(QKeyEvent* event) {
   GridRules* rules = grid && Owner() ? Owner()->RulesOf(*grid) : nullptr;
   if (!rules) return QTableView::keyPressEvent(event);
   StopResting();
+  if (OpenedMenu(*event)) return;
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

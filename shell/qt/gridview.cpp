@@ -385,8 +385,16 @@ bool GridView::HandleKey(const QKeyEvent& event) {
   return true;
 }
 
+bool GridView::OpenedMenu(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier) return false;
+  const QPoint place = visualRect(currentIndex()).bottomLeft();
+  QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, viewport()->mapToGlobal(place));
+  contextMenuEvent(&menu);
+  return true;
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
-  if (Shown() && HandleKey(*event))
+  if (Shown() && (OpenedMenu(*event) || HandleKey(*event)))
     event->accept();
   else
     QTableView::keyPressEvent(event);

@@ -86,6 +86,8 @@ class GridView : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   int sizeHintForColumn(int column) const override;
+  // Shift+F10 opens the menu of the cell, as the menu key does. True when it was that key.
+  bool OpenedMenu(const QKeyEvent& event);
   // The heights of the rows.
   virtual void ReadRows();
   Screen* Owner() const { return screen_; }

@@ -315,6 +315,19 @@ TEST_F(Diary, CellsStandForDaysAndTimes) {
   }
 }
 
+TEST_F(Diary, WorkOnADayBeginsInItsCell) {
+  const std::pair<View, CellPlace> kCells[] = {{View::Week, {20, 2}},
+                                               {View::Detail, {3, 38}},
+                                               {View::Month, {6, 1}},
+                                               {View::Planner, {2, 3}},
+                                               {View::Year, {4, 9}}};
+  for (const auto& [view, cell] : kCells) {
+    Fill(view);
+    EXPECT_EQ(CellOfDay(view, period, grid, DateSerial(2026, 2, 3)), cell);
+    EXPECT_EQ(CellOfDay(view, period, grid, DateSerial(2030, 2, 3)), CellPlace{});
+  }
+}
+
 TEST_F(Diary, GroupRowsTakeNoPart) {
   Session("1", "03/02/2026", "09:00", "12:00");
   ledger.fgSessions.Subtotal(SubtotalFunction::Sum, ledger.fgSessions.ColIndex("SDATE"),

@@ -92,6 +92,8 @@ TEST_F(CalendarWindow, DoubleClickAndEnterOpenOrAdd) {
   QTest::mouseDClick(week.viewport(), Qt::LeftButton, {}, Middle(week, 24, 2));
   EXPECT_EQ(opened, "11:00");
   week.setFocus();
+  QTest::keyClick(&week, Qt::Key_Down);
+  EXPECT_EQ(page->fgWeek.Row(), 25) << "from the cell that was clicked";
   page->fgWeek.Select(21, 2);
   QTest::keyClick(&week, Qt::Key_Return);
   EXPECT_EQ(opened, "09:30");
