@@ -261,9 +261,9 @@ void frmConfigure::OptionChanged(int option) {
 
 // OK and Cancel
 
-void frmConfigure::StoreAll() const {
+void frmConfigure::StoreAll() {
   options.Store();
-  for (const ColourGrid* colours : const_cast<frmConfigure*>(this)->ColourGrids()) colours->Store();
+  for (const ColourGrid* colours : ColourGrids()) colours->Store();
   fgEventColours.Store();
   fgDefaultRates.Store();
 }

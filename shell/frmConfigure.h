@@ -90,7 +90,7 @@ class frmConfigure : public Screen, private GridObserver {
   void ShowMergeHelp();
   void SelectCalendar();
   void Ok();
-  void StoreAll() const;
+  void StoreAll();
 
   void CellsChanged(Grid&, const CellRange&) override {}
   void RowsInserted(Grid&, int, int) override {}

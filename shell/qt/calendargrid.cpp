@@ -146,11 +146,11 @@ void CalendarGrid::resizeEvent(QResizeEvent* event) {
 CellPlace CalendarGrid::CellAt(const QPoint& point) const {
   const int row = rowAt(point.y()), col = columnAt(point.x());
   if (row < 0 || col < 0) return {};
-  return {const_cast<CalendarGrid*>(this)->Model().GridRow(model()->index(row, col)), col};
+  return {Model().GridRow(model()->index(row, col)), col};
 }
 
 QRect CalendarGrid::RectOf(CellPlace cell) const {
-  const int row = const_cast<CalendarGrid*>(this)->Model().ModelRow(cell.row);
+  const int row = Model().ModelRow(cell.row);
   if (row < 0) return {};
   return {columnViewportPosition(cell.col), rowViewportPosition(row), columnWidth(cell.col),
           rowHeight(row)};

@@ -45,6 +45,7 @@ class GridView : public QTableView {
   void Unbind();
   Grid* Shown() const { return model_->Shown(); }
   GridModel& Model() { return *model_; }
+  const GridModel& Model() const { return *model_; }
   const ListStyle& Style() const { return style_; }
 
   // The user's acts on headers; without them a header neither sorts nor moves.
