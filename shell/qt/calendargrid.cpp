@@ -27,6 +27,12 @@ constexpr int kTextMargin = 3;    // pixels between a cell's edge and its text
 constexpr int kPicture = 12;
 const QColor kNowColour(0xd0, 0x2a, 0x1e);
 
+// Year shows 36 rows at once, Week scrolls anyway.
+int PaddingOf(CalendarView view) {
+  if (view == CalendarView::Year) return 0;
+  return view == CalendarView::Week ? kLinePadding : kTightPadding;
+}
+
 // As many lines of a text as have room, broken between words, the last one with an ellipsis where
 // more is left.
 QStringList FittingLines(const QString& text, const QFont& font, int width, int most) {
@@ -113,7 +119,7 @@ void CalendarGrid::ReadRows() {
     setFixedHeight(height);
   } else {
     const int room = viewport()->height();
-    const int least = line + (view_ == CalendarView::Week ? kLinePadding : kTightPadding);
+    const int least = line + PaddingOf(view_);
     const int most = view_ == CalendarView::Planner ? 2 * line + kLinePadding : room;
     const int shared = std::clamp(room / count, least, std::max(least, most));
     const int left = shared > least && shared < most ? room - shared * count : 0;  // a pixel each
@@ -359,6 +365,7 @@ void CalendarDelegate::PaintText(QPainter& painter, const QRect& rect, CellPlace
     place.setLeft(place.left() + kPicture + kTextMargin);
   }
   QFont font = view_->Style().font;
+  if (view_->View() == CalendarView::Year) font.setFamily("Arial Narrow");
   font.setBold(grid.Cell(CellSetting::flexcpFontBold, cell.row, cell.col) == "TRUE");
   const QFontMetrics metrics(font);
   const int most = std::max(place.height() / metrics.lineSpacing(), 1);

@@ -19,6 +19,7 @@ class CalendarGrid : public GridView {
   // The page outlives the grid.
   CalendarGrid(const CalendarPage& page, CalendarView view, QWidget* parent = nullptr);
 
+  CalendarView View() const { return view_; }
   // The cell under a point of the viewport, by its place and not by the block that covers it.
   CellPlace CellAt(const QPoint& point) const;
   // The cells of a drag: where it began, and where it would land; {-1, -1} while there is none.
