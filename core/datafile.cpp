@@ -213,7 +213,7 @@ bool LoadData(Ledger& ledger, const fs::path& path) {
   if (whole || read.damage.front().part == DamagedPart::Table) {
     ledger.dataPassword = *password;
     SetOption(ledger, optPasswordHash, file->passwordHash);
-    ledger.dataIncomplete = !whole;
+    ledger.dataIncomplete = true;  // until every step is through
   }
   if (!whole) {
     TellDamage(ledger, read.damage.front());
@@ -222,14 +222,12 @@ bool LoadData(Ledger& ledger, const fs::path& path) {
   UpgradeTables(ledger, file->sections.size());
   FormatTables(ledger);
   if (!read.version.empty()) ledger.dataFileVersion = read.version;
-  if (!CorrectReturnDates(ledger, *bytes)) {
-    ledger.dataIncomplete = true;  // nothing of this is to be saved
-    return false;
-  }
+  if (!CorrectReturnDates(ledger, *bytes, read.version)) return false;
   TellMissingTables(ledger, file->sections.size(), read.version);
   HideKeys(ledger.fgSessionExpenses);
   HideKeys(ledger.fgExtras);
   RememberVersion(ledger, source, *bytes);
+  ledger.dataIncomplete = false;
   return true;
 }
 

@@ -1,5 +1,8 @@
 #include "core/tables.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "core/text.h"
 
 namespace lm {
@@ -11,6 +14,7 @@ constexpr int kDateWidth = 1300;
 constexpr int kTimeWidth = 900;
 constexpr int kPracticeWidth = 2200;
 constexpr int kDefaultWidth = -1;
+constexpr int kAtEnd = std::numeric_limits<int>::max();
 
 using Key = std::string_view;
 using Caption = std::string_view;
@@ -56,6 +60,10 @@ constexpr ColumnSpec Before(Key neighbour, ColumnSpec column) {
   column.before = neighbour;
   return column;
 }
+constexpr ColumnSpec At(int position, ColumnSpec column) {
+  column.position = position;
+  return column;
+}
 constexpr ColumnSpec InEngland(ColumnSpec column) {
   column.englandOnly = true;
   return column;
@@ -64,7 +72,7 @@ constexpr ColumnSpec InEngland(ColumnSpec column) {
 constexpr ColumnSpec kPractices[] = {
     Hidden("ID", "ID"),
     Text("NAME", "Practice Name", kPracticeWidth),
-    List("BRANCHOF", "Branch Of", Lookup::Practices, kPracticeWidth),
+    At(3, List("BRANCHOF", "Branch Of", Lookup::Practices, kPracticeWidth)),
     Text("PCT", "PCT"),
     Text("PCODE", "EA Code"),
     Text("ODS_CODE", "ODS Code", 1200),
@@ -80,14 +88,14 @@ constexpr ColumnSpec kPractices[] = {
     Text("PMANAGER", "Practice Manager"),
     Text("PARTNERS", "Partners"),
     Text("NOTES", "Notes"),
-    Text("MILEAGE", "Mileage"),
-    Text("INVOICENOTE", "Invoice Note"),
-    Money("RATE_NORMAL", "Rate - Normal", 1200),
-    Money("RATE_OOHS", "Rate - OOH Standard", 1200),
-    Money("RATE_OOHD", "Rate - OOH Deputising", 1200),
-    Money("RATE_UNPENSIONED", "Rate - NHS Unpensioned", 1200),
-    Money("RATE_PRIVATE", "Rate - Private", 1200),
-    Text("GPNET_MATCH", "GPnetworks Data", 0),
+    At(kAtEnd, Text("MILEAGE", "Mileage")),
+    At(kAtEnd, Text("INVOICENOTE", "Invoice Note")),
+    At(kAtEnd, Money("RATE_NORMAL", "Rate - Normal", 1200)),
+    At(kAtEnd, Money("RATE_OOHS", "Rate - OOH Standard", 1200)),
+    At(kAtEnd, Money("RATE_OOHD", "Rate - OOH Deputising", 1200)),
+    At(kAtEnd, Money("RATE_UNPENSIONED", "Rate - NHS Unpensioned", 1200)),
+    At(kAtEnd, Money("RATE_PRIVATE", "Rate - Private", 1200)),
+    At(kAtEnd, Text("GPNET_MATCH", "GPnetworks Data", 0)),
 };
 
 constexpr ColumnSpec kSessions[] = {
@@ -106,10 +114,10 @@ constexpr ColumnSpec kSessions[] = {
     Money("TOTAL", "Total"),
     Text("NOTES", "Private Note"),
     Text("PUBLICNOTE", "Public Note"),
-    Text("FORMS", "Forms", 650),
-    Text("SOURCE", "Source", 0),
-    Text("EMPLOYERCONTRIBRATE", "Employer Contrib. Rate", 0),
-    Text("INCLUDEEMPLOYERCONTRIB", "Include Employer Contrib", 0),
+    At(kAtEnd, Text("FORMS", "Forms", 650)),
+    At(kAtEnd, Text("SOURCE", "Source", 0)),
+    At(kAtEnd, Text("EMPLOYERCONTRIBRATE", "Employer Contrib. Rate", 0)),
+    At(kAtEnd, Text("INCLUDEEMPLOYERCONTRIB", "Include Employer Contrib", 0)),
 };
 
 constexpr ColumnSpec kInvoices[] = {
@@ -219,7 +227,7 @@ constexpr ColumnSpec kPensionD[] = {
 constexpr ColumnSpec kExpenses[] = {
     Day("DATE", "Date", 1700),  Text("ITEM", "Item", 3000),
     Number("AMOUNT", "Amount"), List("CATEGORY", "Category", Lookup::ExpenseCategories),
-    Text("Notes", "Notes"),     Text("EXPENSEREPETITIONID", "ExpenseRepetitionID", 0),
+    Text("Notes", "Notes"),     At(kAtEnd, Text("EXPENSEREPETITIONID", "ExpenseRepetitionID", 0)),
 };
 
 constexpr ColumnSpec kSessionExpenses[] = {
@@ -307,6 +315,12 @@ void MakeBlank(Grid& grid, const TableSpec& table) {
 
 namespace {
 
+int PlaceOf(const Grid& grid, const ColumnSpec& column, int behindDeclared) {
+  if (const int before = column.before.empty() ? -1 : grid.ColIndex(column.before); before > 0)
+    return before;
+  return column.position > 0 ? std::min(column.position, grid.Cols()) : behindDeclared;
+}
+
 void InsertColumn(Grid& grid, const ColumnSpec& column, int position) {
   const int last = grid.Cols();
   grid.SetCols(last + 1);
@@ -318,13 +332,10 @@ void InsertColumn(Grid& grid, const ColumnSpec& column, int position) {
 
 void AddMissingColumns(Grid& grid, const TableSpec& table) {
   const RedrawOff off(grid);
-  int position = 1;
+  int behind = 1;
   for (const ColumnSpec& column : table.columns) {
-    if (grid.ColIndex(column.key) < 0) {
-      const int neighbour = column.before.empty() ? -1 : grid.ColIndex(column.before);
-      InsertColumn(grid, column, neighbour > 0 ? neighbour : position);
-    }
-    position = grid.ColIndex(column.key) + 1;
+    if (grid.ColIndex(column.key) < 0) InsertColumn(grid, column, PlaceOf(grid, column, behind));
+    behind = grid.ColIndex(column.key) + 1;
   }
 }
 

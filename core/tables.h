@@ -36,8 +36,11 @@ struct ColumnSpec {
   int width = -1;  // twips; -1 the default
   bool hidden = false;
   Lookup lookup = Lookup::None;
-  bool englandOnly = false;      // shown only where the pension rules are England's
-  std::string_view before = "";  // of which it stands directly in front when a table gets it
+  bool englandOnly = false;  // shown only where the pension rules are England's
+  // Where a table that lacks the column gets it; when neither is told, behind the column declared
+  // before this one.
+  std::string_view before = "";  // directly in front of this one
+  int position = 0;              // at this place, or the last one of a shorter table
 };
 
 struct TableSpec {
@@ -57,9 +60,8 @@ const TableSpec* FindTable(std::string_view name);
 // Makes the grid a blank table: caption row, hidden key row, columns, widths, no data.
 void MakeBlank(Grid& grid, const TableSpec& table);
 
-// Adds the columns that a stored table lacks, each after the neighbour that stands before it in
-// the declaration, or directly before the one that the declaration names. Cells of the new columns
-// are empty.
+// Adds the columns that a stored table lacks, each where its declaration puts it. Cells of the new
+// columns are empty.
 void AddMissingColumns(Grid& grid, const TableSpec& table);
 // Adds a declared column behind another one, or at the end of a table that lacks that one too;
 // nothing when it is there already.

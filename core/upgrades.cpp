@@ -54,7 +54,8 @@ void ReplaceEmpty(Grid& grid, std::string_view key, std::string_view text) {
 void RemoveCommas(Grid& grid, std::string_view key) {
   const int col = grid.ColIndex(key);
   for (const int row : Records(grid))
-    grid.SetTextMatrix(row, col, RemoveAny(grid.TextMatrix(row, col), ","));
+    if (const std::string text = grid.TextMatrix(row, col); text.find(',') != text.npos)
+      grid.SetTextMatrix(row, col, RemoveAny(text, ","));
 }
 
 // The flags that told a session's type before it had a column, the strongest first.
@@ -140,7 +141,7 @@ bool IsBeforeReturnDates(std::string_view version) {
   return ValInt(numbers.front()) <= 3 && (numbers.size() < 2 || ValInt(numbers[1]) <= 2);
 }
 
-// A form whose month is no date stays as it is.
+// A form whose month or date is damaged stays as it is.
 void CorrectForms(Ledger& ledger, Grid& forms) {
   const int monthCol = forms.ColIndex("MONTH"), notesCol = forms.ColIndex("NOTES"),
             receivedCol = forms.ColIndex("RCVDFROMPRACTICE");
@@ -148,10 +149,11 @@ void CorrectForms(Ledger& ledger, Grid& forms) {
     const auto month = CellDate(forms.TextMatrix(row, monthCol));
     const std::string received = forms.TextMatrix(row, receivedCol);
     const auto date = CellDate(received);
-    if (!month || (date && FirstOfMonth(*date) == FirstOfMonth(*month))) continue;
+    const bool damaged = !month || (!date && !received.empty());
+    if (damaged || (date && FirstOfMonth(*date) == FirstOfMonth(*month))) continue;
     const std::string first = CellText(FirstOfMonth(*month));
-    const std::string note =
-        received.empty() ? "set to " + first + "." : "corrected (" + received + " - " + first + ")";
+    const std::string note = received.empty() ? "set to " + first + "."
+                                              : "corrected (" + received + " - " + first + ").";
     forms.SetTextMatrix(row, receivedCol, first);
     forms.SetTextMatrix(row, notesCol,
                         forms.TextMatrix(row, notesCol) + "\r\n** 'Rcvd From Practice' " + note);
@@ -179,9 +181,9 @@ bool AskForCorrection(Ledger& ledger) {
 
 }  // namespace
 
-bool CorrectReturnDates(Ledger& ledger, std::string_view file) {
+bool CorrectReturnDates(Ledger& ledger, std::string_view file, std::string_view version) {
   const bool hasForms = ledger.fgPensionA.HasData() || ledger.fgPensionC.HasData();
-  if (!hasForms || !IsBeforeReturnDates(ledger.dataFileVersion)) return true;
+  if (!hasForms || !IsBeforeReturnDates(version)) return true;
   if (!AskForCorrection(ledger)) return false;
   const std::string today = FormatDate(ledger.platform.clock.Now(), "dd mmm yyyy");
   if (!WriteTextFile(ledger, file, ledger.File("LedgerMinderBackup " + today + " 3_2_0.bak"),

@@ -250,12 +250,22 @@ TEST_F(OldFile, MissingColumnsComeWhereTheyBelong) {
   }
 }
 
-TEST_F(OldFile, ColumnsGoBesideTheirNeighboursWhereverThoseStand) {
+TEST_F(OldFile, ColumnsFindTheirPlacesInAnyOrder) {
   Grid& sessions = before.fgSessions;
-  Remove(sessions, {"EXPENSES"});
+  Remove(sessions, {"EXPENSES", "FORMS", "SOURCE"});
   sessions.SetColPosition(sessions.ColIndex("TOTAL"), 1);
+  sessions.SetColPosition(sessions.ColIndex("PUBLICNOTE"), 1);
+  Grid& practices = before.fgPractices;
+  Remove(practices, {"BRANCHOF", "MILEAGE", "INVOICENOTE", "ODS_CODE"});
+  for (const char* key : {"PCODE", "NOTES", "NAME"})
+    practices.SetColPosition(practices.ColIndex(key), key == std::string("NAME") ? 9 : 1);
   ASSERT_TRUE(Load());
-  EXPECT_TRUE(Keys(ledger.fgSessions).starts_with("EXPENSES TOTAL ID "));
+  EXPECT_TRUE(Keys(ledger.fgSessions).starts_with("PUBLICNOTE EXPENSES TOTAL ID "));
+  EXPECT_TRUE(Keys(ledger.fgSessions).ends_with(" INCLUDEEMPLOYERCONTRIB FORMS SOURCE"));
+  EXPECT_TRUE(Keys(ledger.fgPractices).starts_with("NOTES PCODE ODS_CODE BRANCHOF ID "))
+      << Keys(ledger.fgPractices);
+  EXPECT_TRUE(Keys(ledger.fgPractices).ends_with(" GPNET_MATCH MILEAGE INVOICENOTE"));
+  ExpectSettled();
 }
 
 TEST_F(OldFile, CellsAndCaptionsAreMended) {
@@ -371,12 +381,12 @@ TEST_F(ReturnDates, AreSetAfterAQuestionAndABackup) {
   EXPECT_EQ(Row(a, 0), "01/03/2009|late\r\n** 'Rcvd From Practice' set to 01/03/2009.");
   EXPECT_EQ(Row(a, 1), "31/03/2009|");
   EXPECT_EQ(Row(a, 2),
-            "01/03/2009|\r\n** 'Rcvd From Practice' corrected (01/04/2009 - 01/03/2009)");
+            "01/03/2009|\r\n** 'Rcvd From Practice' corrected (01/04/2009 - 01/03/2009).");
   EXPECT_EQ(Row(a, 3), "|");
-  EXPECT_EQ(Row(a, 4), "01/03/2009|\r\n** 'Rcvd From Practice' corrected (soon - 01/03/2009)");
+  EXPECT_EQ(Row(a, 4), "soon|");
   EXPECT_EQ(Row(ledger.fgPensionC, 0), "01/02/2008|\r\n** 'Rcvd From Practice' set to 01/02/2008.");
   const RowState states[] = {RowState::Edited, RowState::Saved, RowState::Edited, RowState::Saved,
-                             RowState::Edited};
+                             RowState::Saved};
   for (int row = 0; row < 5; ++row)
     EXPECT_EQ(StateOfRow(ledger, a, a.FixedRows() + row), states[row]) << row;
   ExpectSettled();
@@ -405,6 +415,25 @@ TEST_F(ReturnDates, WithoutABackupNothingIsChanged) {
   EXPECT_TRUE(now.shown.messages[1].mainPrompt.starts_with("Unable to save backup.\r\n"));
   EXPECT_TRUE(ledger.dataIncomplete);
   EXPECT_EQ(Row(ledger.fgPensionA, 0), "|late");
+}
+
+// Not of the one that was loaded before.
+TEST_F(ReturnDates, GoByTheVersionOfTheFileThatIsLoaded) {
+  const auto withoutHeader = [](const std::string& file) {
+    return file.substr(0, 32) + file.substr(file.find(kSectionEnd));
+  };
+  const std::pair<std::string, std::size_t> kFiles[] = {
+      {Bytes(kDataTables, ProgramVersion()), 0},
+      {Bytes(kDataTables, "3.1.0"), 1},
+      {Bytes(kDataTables, ProgramVersion()), 0},
+      {withoutHeader(Bytes(kDataTables, "3.1.0")), 1},
+  };
+  for (const auto& [file, questions] : kFiles) {
+    now.shown.messages.clear();
+    LoadBytes(file);
+    EXPECT_EQ(now.shown.messages.size(), questions);
+    EXPECT_EQ(ledger.dataIncomplete, questions > 0);
+  }
 }
 
 TEST_F(ReturnDates, GoByTheTwoNumbersAndTheForms) {
