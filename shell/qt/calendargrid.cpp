@@ -116,7 +116,8 @@ void CalendarGrid::ReadRows() {
       verticalHeader()->resizeSection(row, rowHeight);
       height += rowHeight;
     }
-    setFixedHeight(height);
+    // Weeks with very many events at once must leave room for the days.
+    setFixedHeight(std::min(height, std::max(8 * line, parentWidget()->height() / 3)));
   } else {
     const int room = viewport()->height();
     const int least = line + PaddingOf(view_);

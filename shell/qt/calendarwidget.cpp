@@ -105,7 +105,6 @@ QWidget* MakeCalendarView(const CalendarPage& page, CalendarView view, const Gri
   auto* headings = new CalendarGrid(page, view);
   headings->SetHeadingsOf(ToQt(grid.Name()));
   headings->setFocusPolicy(Qt::NoFocus);
-  headings->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   headings->setAccessibleName(body->accessibleName());
   auto* room = new QWidget;
   auto* top = new QHBoxLayout;

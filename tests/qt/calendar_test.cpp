@@ -132,6 +132,16 @@ TEST_F(CalendarWindow, ReadersHearDayTimeAndState) {
   EXPECT_EQ(heard(20, 1), "Monday 2 Feb 2026, 09:00");
 }
 
+TEST_F(CalendarWindow, ManyEventsLeaveRoomForTheDays) {
+  for (int i = 0; i < 60; ++i)
+    test.AddRow(test.ledger.fgEvents, {"TITLE=Event", "SDATE=03/02/2026", "CATEGORY=1"});
+  page->Shown();
+  CalendarGrid& week = View("fgWeek");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return page->fgWeek.FixedRows() > 60; }));
+  QApplication::processEvents();
+  EXPECT_GT(week.height(), 250);
+}
+
 TEST_F(CalendarWindow, AClickInYearWaitsForASecondOne) {
   screen->Enter(page->tabCalendar, "Year");
   QApplication::processEvents();
