@@ -330,8 +330,16 @@ void Script::DoAnswers(Words words) {
     if (!terminal_.AddAnswer(word)) throw ScriptError("unknown answer: " + word);
 }
 
-// The second word chooses the filter, of which the dialogs have one so far.
-void Script::DoPath(Words words) { terminal_.AddPath(PathFromText(words[0])); }
+// The second word is the number of the filter, from 1.
+void Script::DoPath(Words words) {
+  std::optional<std::size_t> filter;
+  if (words.size() > 1) {
+    if (!AllDigits(words[1]) || ValInt(words[1]) < 1)
+      throw ScriptError("a filter is a number from 1, not " + words[1]);
+    filter = static_cast<std::size_t>(ValInt(words[1])) - 1;
+  }
+  terminal_.AddPath(PathFromText(words[0]), filter);
+}
 
 void Script::DoColour(Words words) {
   if (!AllDigits(words[0])) throw ScriptError("a colour is a number, not " + words[0]);

@@ -142,17 +142,25 @@ std::optional<int> Terminal::AskColour(std::string_view title, int start) {
   return colour;
 }
 
-std::filesystem::path Terminal::AskFile(std::string_view title, const FileFilter& filter,
-                                        const std::filesystem::path& start) {
+SaveTarget Terminal::AskFile(std::string_view title, const std::vector<FileFilter>& filters,
+                             const std::filesystem::path& start) {
+  std::vector<std::string> names, patterns;
+  for (const FileFilter& filter : filters) {
+    names.push_back(filter.name);
+    patterns.push_back(filter.pattern);
+  }
   Emit({{"dialog",
          {{"title", Utf8(title)},
-          {"filter", Utf8(filter.name)},
-          {"pattern", Utf8(filter.pattern)},
+          {"filter", Utf8(Join(names, "|"))},
+          {"pattern", Utf8(Join(patterns, "|"))},
           {"start", Utf8(OwnName(PathText(start)))}}}});
   if (paths_.empty()) return {};
-  std::filesystem::path path = std::move(paths_.front());
+  const TypedPath typed = std::move(paths_.front());
   paths_.pop_front();
-  return path;
+  const auto fitting = std::ranges::find(patterns, "*" + ToLower(PathText(typed.path.extension())));
+  const auto first = fitting == patterns.end() ? 0 : fitting - patterns.begin();
+  const std::size_t chosen = typed.filter.value_or(static_cast<std::size_t>(first));
+  return {typed.path, chosen < filters.size() ? chosen : 0};
 }
 
 MailOutcome Terminal::Compose(const MailMessage& message) {

@@ -36,8 +36,11 @@ class Terminal : public MessagePort,
 
   // "yes", "no", "cancel" or "ok"; false for another word.
   bool AddAnswer(std::string_view word);
-  // What the next file dialog gives; an empty path cancels it.
-  void AddPath(std::filesystem::path path) { paths_.push_back(std::move(path)); }
+  // What the next file dialog gives; an empty path cancels it. Without a filter, counted from 0, it
+  // is the first that the file's extension fits.
+  void AddPath(std::filesystem::path path, std::optional<std::size_t> filter = {}) {
+    paths_.push_back({std::move(path), filter});
+  }
   // What the next colour dialog gives; none cancels it.
   void AddColour(int colour) { colours_.push_back(colour); }
   int BoxesShown() const { return boxesShown_; }
@@ -67,11 +70,11 @@ class Terminal : public MessagePort,
   void SetClipboard(std::string_view) override {}
   std::filesystem::path AskOpenFile(std::string_view title, const FileFilter& filter,
                                     const std::filesystem::path& start) override {
-    return AskFile(title, filter, start);
+    return AskFile(title, {filter}, start).path;
   }
-  std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
-                                    const std::filesystem::path& start) override {
-    return AskFile(title, filter, start);
+  SaveTarget AskSaveFile(std::string_view title, const std::vector<FileFilter>& filters,
+                         const std::filesystem::path& start) override {
+    return AskFile(title, filters, start);
   }
   std::optional<int> AskColour(std::string_view title, int start) override;
 
@@ -82,13 +85,17 @@ class Terminal : public MessagePort,
 
  private:
   std::ostream* output_;
-  std::filesystem::path AskFile(std::string_view title, const FileFilter& filter,
-                                const std::filesystem::path& start);
+  SaveTarget AskFile(std::string_view title, const std::vector<FileFilter>& filters,
+                     const std::filesystem::path& start);
   // As a script names it: what lies in the program directory without that in front.
   std::string OwnName(std::string_view path) const;
 
   std::deque<Answer> answers_;
-  std::deque<std::filesystem::path> paths_;
+  struct TypedPath {
+    std::filesystem::path path;
+    std::optional<std::size_t> filter;
+  };
+  std::deque<TypedPath> paths_;
   std::deque<int> colours_;
   int boxesShown_ = 0;
 };

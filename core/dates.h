@@ -22,6 +22,13 @@ struct CivilTime {
   int second = 0;
 };
 
+struct DateRange {
+  Date first;
+  Date last;  // inclusive
+
+  bool Has(const std::optional<Date>& day) const { return day && first <= *day && *day <= last; }
+};
+
 // True for what the functions below take for a date, the years 1 to 9999. They treat anything
 // before or behind as the first or the last moment of those years, and what is no number as day 0.
 bool InCalendar(Date date);

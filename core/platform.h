@@ -76,6 +76,12 @@ struct FileFilter {
   std::string pattern;  // "*.bak"
 };
 
+// Where the user wants a file, and as which of the kinds that were offered.
+struct SaveTarget {
+  std::filesystem::path path;  // empty when the user cancelled
+  std::size_t filter = 0;
+};
+
 class SystemPort {
  public:
   virtual ~SystemPort() = default;
@@ -91,8 +97,8 @@ class SystemPort {
   // An empty path when the user cancelled.
   virtual std::filesystem::path AskOpenFile(std::string_view title, const FileFilter& filter,
                                             const std::filesystem::path& start) = 0;
-  virtual std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
-                                            const std::filesystem::path& start) = 0;
+  virtual SaveTarget AskSaveFile(std::string_view title, const std::vector<FileFilter>& filters,
+                                 const std::filesystem::path& start) = 0;
   // A colour as the options hold it; nothing when the user cancelled.
   virtual std::optional<int> AskColour(std::string_view title, int start) = 0;
 };

@@ -9,6 +9,7 @@
 #include "core/options.h"
 #include "core/platform.h"
 #include "core/rows.h"
+#include "core/savefile.h"
 #include "shell/frmMain.h"
 #include "shell/ungroupedlists.h"
 
@@ -29,37 +30,17 @@ void RememberBackup(Ledger& ledger, const fs::path& path) {
   SaveOptions(ledger);
 }
 
-// A backup in place of a file that the program lives on would be none.
-bool IsOwnFile(const Ledger& ledger, const fs::path& path) {
-  const fs::path own[] = {ledger.DataFile(), ledger.OptionsFile(), ledger.File("ShortcutKeys.dat")};
-  std::error_code ignored;
-  for (const fs::path& file : own)
-    if (path == file || fs::equivalent(path, file, ignored)) return true;
-  return false;
-}
-
-// A name typed without an extension gets that of backups, by which they are found again.
-fs::path WithExtension(fs::path path) { return path.has_extension() ? path : path += ".bak"; }
-
 }  // namespace
 
 bool frmMain::SaveBackup() {
-  const fs::path chosen =
-      ledger.platform.system.AskSaveFile("Save Backup...", {"Backup (*.bak)", "*.bak"},
-                                         BackupFileOf(ledger, ledger.platform.clock.Now()));
-  if (chosen.empty()) return false;
-  const fs::path path = WithExtension(chosen);
-  if (IsOwnFile(ledger, path)) {
-    ShowMessage(ledger, std::string(kUnable) + "The program itself uses this file",
-                PathText(path) + "\\n\\nChoose another name or folder.");
-    return false;
-  }
-  const bool isNew = path != chosen && MayExist(path);
-  if (isNew && !Ask(ledger, "Replace the file that is there?", PathText(path))) return false;
+  const auto target =
+      AskWhereToSave(ledger, "Save Backup...", kUnable, {{"Backup (*.bak)", "*.bak"}},
+                     BackupFileOf(ledger, ledger.platform.clock.Now()));
+  if (!target) return false;
   const BusyPointer busy(ledger.platform);
   const UngroupedLists ungrouped(*this);
-  if (!WriteDataFile(ledger, path, kUnable)) return false;
-  RememberBackup(ledger, path);
+  if (!WriteDataFile(ledger, target->path, kUnable)) return false;
+  RememberBackup(ledger, target->path);
   return true;
 }
 

@@ -52,7 +52,7 @@ std::optional<DateRange> DaysOfPeriod(const Ledger& ledger, SessionPeriod period
 namespace {
 
 bool IsIn(const std::optional<DateRange>& range, Date day) {
-  return range && range->first <= std::floor(day) && std::floor(day) <= range->last;
+  return range && range->Has(std::floor(day));
 }
 
 }  // namespace

@@ -19,11 +19,6 @@ enum class SessionPeriod { Current, ThisMonth, LastMonth, ThisTaxYear, Uninvoice
 // The captions of tabSessions, in the order of SessionPeriod.
 std::vector<std::string> SessionPeriodCaptions();
 
-struct DateRange {
-  Date first;
-  Date last;  // inclusive
-};
-
 // The days of a period seen from today; none for Uninvoiced and All, which do not go by date.
 std::optional<DateRange> DaysOfPeriod(const Ledger& ledger, SessionPeriod period, Date today);
 // The first day of the tax year, 6 April, in which the day lies.

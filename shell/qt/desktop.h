@@ -85,8 +85,8 @@ class DesktopSystem : public SystemPort {
   void SetClipboard(std::string_view text) override;
   std::filesystem::path AskOpenFile(std::string_view title, const FileFilter& filter,
                                     const std::filesystem::path& start) override;
-  std::filesystem::path AskSaveFile(std::string_view title, const FileFilter& filter,
-                                    const std::filesystem::path& start) override;
+  SaveTarget AskSaveFile(std::string_view title, const std::vector<FileFilter>& filters,
+                         const std::filesystem::path& start) override;
   std::optional<int> AskColour(std::string_view title, int start) override;
 };
 

@@ -78,10 +78,16 @@ std::filesystem::path DesktopSystem::AskOpenFile(std::string_view title, const F
                                              FromPath(start), ToQt(filter.name)));
 }
 
-std::filesystem::path DesktopSystem::AskSaveFile(std::string_view title, const FileFilter& filter,
-                                                 const std::filesystem::path& start) {
-  return ToPath(QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(title),
-                                             FromPath(start), ToQt(filter.name)));
+SaveTarget DesktopSystem::AskSaveFile(std::string_view title,
+                                      const std::vector<FileFilter>& filters,
+                                      const std::filesystem::path& start) {
+  QStringList names;
+  for (const FileFilter& filter : filters) names << ToQt(filter.name);
+  QString chosen = names.value(0);
+  const QString path = QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(title),
+                                                    FromPath(start), names.join(";;"), &chosen);
+  return {ToPath(path),
+          static_cast<std::size_t>(std::max(0LL, static_cast<qlonglong>(names.indexOf(chosen))))};
 }
 
 std::optional<int> DesktopSystem::AskColour(std::string_view title, int start) {

@@ -52,6 +52,8 @@ class ScriptedPlatform : public MessagePort,
   std::vector<std::string> processes{"ledgerminder"};
   std::string userName = "tester";
   std::filesystem::path openFile, saveFile, executableDirectory, userDataDirectory;
+  std::filesystem::path saveStart;  // what the last dialog to save offered
+  std::size_t saveFilter = 0;
   std::optional<int> colour;                               // what the user chooses
   std::vector<std::pair<std::string, int>> colourDialogs;  // title and colour shown first
   const WindowCatalogue* catalogue = nullptr;
@@ -83,9 +85,10 @@ class ScriptedPlatform : public MessagePort,
                                     const std::filesystem::path&) override {
     return openFile;
   }
-  std::filesystem::path AskSaveFile(std::string_view, const FileFilter&,
-                                    const std::filesystem::path&) override {
-    return saveFile;
+  SaveTarget AskSaveFile(std::string_view, const std::vector<FileFilter>&,
+                         const std::filesystem::path& start) override {
+    saveStart = start;
+    return {saveFile, saveFilter};
   }
   std::optional<int> AskColour(std::string_view title, int start) override {
     colourDialogs.push_back({std::string(title), start});
