@@ -11,6 +11,7 @@
 #include "core/format.h"
 #include "core/options.h"
 #include "core/optiontable.h"
+#include "core/tables.h"
 #include "core/text.h"
 #include "documents/mergefields.h"
 #include "documents/words.h"
@@ -438,8 +439,11 @@ int Script::NamedRow(const Grid& grid, const std::string& word) const {
   return row;
 }
 
+// By its key, or by its caption: not every grid has keys.
 int Script::NamedColumn(const Grid& grid, const std::string& key) const {
-  const int col = grid.FindCol(key);
+  int col = grid.FindCol(key);
+  for (int each = 0; col < 0 && each < grid.Cols(); ++each)
+    if (grid.ColVisible(each) && grid.TextMatrix(CaptionRow(grid), each) == key) col = each;
   if (col < 0) throw ScriptError("unknown column: " + key);
   return col;
 }

@@ -20,7 +20,6 @@ constexpr std::size_t kHashLength = 32;
 constexpr std::size_t kDigestRecordLength = kHashLength + 2;
 constexpr std::ptrdiff_t kMostColumns = 1000;  // no table comes near it; a forged file might
 constexpr int kLongestPadding = 13;
-constexpr int kMarkerWidth = 120;
 constexpr std::size_t kDigestBlock = 64;
 constexpr std::size_t kMostDigestedOfLastBlock = 56;
 

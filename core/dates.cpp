@@ -172,6 +172,16 @@ std::optional<Date> CellDateTime(std::string_view text) {
   return read->date + read->time;
 }
 
+std::optional<Date> MonthOfText(std::string_view text) {
+  constexpr std::string_view kNames = "JanFebMarAprMayJunJulAugSepOctNovDec";
+  constexpr int kFirstYear = 70;
+  if (text.size() != 6 || text[3] != ' ' || !AllDigits(text.substr(4))) return std::nullopt;
+  const std::size_t at = kNames.find(text.substr(0, 3));
+  if (at == std::string_view::npos || at % 3 != 0) return std::nullopt;
+  const int year = (text[4] - '0') * 10 + (text[5] - '0');
+  return DateSerial(year < kFirstYear ? 2000 + year : 1900 + year, static_cast<int>(at / 3) + 1, 1);
+}
+
 std::string CellText(Date date) {
   const CivilDate civil = ToCivilDate(date);
   return TwoDigits(civil.day) + '/' + TwoDigits(civil.month) + '/' +

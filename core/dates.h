@@ -57,6 +57,10 @@ std::optional<Date> CellTime(std::string_view text);
 // Either, or both joined by a blank.
 std::optional<Date> CellDateTime(std::string_view text);
 
+// The first day of a month as reports name it, "Feb 26": of the years 1970 to 2069. Empty for
+// anything else.
+std::optional<Date> MonthOfText(std::string_view text);
+
 std::string CellText(Date date);      // dd/mm/yyyy
 std::string CellTimeText(Date date);  // hh:nn
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdlib>
 #include <optional>
 
 #include "core/text.h"
@@ -251,6 +253,7 @@ std::string FillPattern(Decimal number, std::string_view pattern) {
 
 std::string FormatDecimal(const Decimal& number, Double asDate, std::string_view pattern) {
   if (pattern.empty()) return number.ToText();
+  if (pattern == kHoursFormat) return HoursText(asDate);
   const PatternKind kind = KindOf(pattern);
   if (!kind.isDate) return FillPattern(number, pattern);
   if (!InCalendar(asDate)) return number.ToText();
@@ -282,6 +285,14 @@ std::string Format(std::string_view text, std::string_view pattern) {
   if (IsNumeric(text)) return Format(NumericValue(text), pattern);
   if (const std::optional<Date> date = CellDateTime(text)) return Format(*date, pattern);
   return std::string(text);
+}
+
+std::string HoursText(Double days) {
+  constexpr Double kMost = 1e9;  // of a damaged cell
+  const long long seconds = std::llround(std::clamp(days, -kMost, kMost) * 24 * 60 * 60);
+  const long long minutes = std::llabs(seconds) / 60;
+  const std::string sign = seconds < 0 && minutes > 0 ? "-" : "";
+  return sign + std::to_string(minutes / 60) + ":" + PadLeft(std::to_string(minutes % 60), 2, '0');
 }
 
 std::string Money(Double value) { return Format(value, "0.00"); }

@@ -35,6 +35,11 @@ std::string FormatDate(Date date, std::string_view pattern);
 // it is. A text that is neither, and an empty pattern, give the text back.
 std::string Format(std::string_view text, std::string_view pattern);
 
+// A duration in days as hours and minutes, "36:00" for a day and a half: rounded to the second, the
+// rest of a minute cut. As a pattern it is kHoursFormat.
+std::string HoursText(Double days);
+constexpr std::string_view kHoursFormat = "[h]:nn";
+
 // The pattern "0.00", by which every money field of a window is written.
 std::string Money(Double value);
 std::string Money(Single value);

@@ -472,6 +472,8 @@ std::string Grid::Cell(CellSetting setting, int row, int col) const {
       return PlainText(static_cast<int>(properties.alignment));
     case CellSetting::flexcpData:
       return properties.data;
+    case CellSetting::flexcpFormat:
+      return properties.format;
   }
   return "";
 }
@@ -510,6 +512,9 @@ void Grid::SetCell(CellSetting setting, const CellRange& range, std::string_view
         break;
       case CellSetting::flexcpData:
         properties.data = value;
+        break;
+      case CellSetting::flexcpFormat:
+        properties.format = value;
         break;
     }
   });

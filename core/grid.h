@@ -35,6 +35,7 @@ enum class CellSetting {
   flexcpPicture,
   flexcpAlignment,
   flexcpData,
+  flexcpFormat,
 };
 
 // Of cells and columns; General is left for text and right for money.
@@ -199,7 +200,8 @@ class Grid {
 
   // One property of a block of cells. flexcpText and flexcpData are texts, flexcpPicture is a
   // picture's name, flexcpFontBold and flexcpChecked are "TRUE" or "FALSE" ("" unset), colours are
-  // decimal numbers, flexcpAlignment the number of an Alignment.
+  // decimal numbers, flexcpAlignment the number of an Alignment, flexcpFormat a pattern in place of
+  // the column's.
   std::string Cell(CellSetting setting, int row, int col) const;
   void SetCell(CellSetting setting, const CellRange& range, std::string_view value);
   void SetCell(CellSetting setting, int row, int col, std::string_view value) {

@@ -32,6 +32,7 @@ int Compare(const SortKey& a, const SortKey& b) {
 std::optional<double> ReadNumber(std::string_view text, Reading reading) {
   std::optional<double> number;
   if (reading == Reading::Moment) number = CellDateTime(text);
+  if (reading == Reading::Moment && !number) number = MonthOfText(text);
   if (reading == Reading::Number && IsNumeric(text)) number = NumericValue(text);
   return number && std::isfinite(*number) ? number : std::nullopt;
 }

@@ -9,7 +9,6 @@ namespace lm {
 
 namespace {
 
-constexpr int kMarkerWidth = 120;
 constexpr int kDateWidth = 1300;
 constexpr int kTimeWidth = 900;
 constexpr int kPracticeWidth = 2200;
@@ -311,6 +310,16 @@ void MakeBlank(Grid& grid, const TableSpec& table) {
   grid.SetColWidth(0, kMarkerWidth);
   int col = 1;
   for (const ColumnSpec& column : table.columns) WriteHeader(grid, col++, column);
+}
+
+bool HasMarker(const Grid& grid) {
+  return grid.Cols() > 1 && grid.ColKey(0).empty() && grid.ColWidth(0) == kMarkerWidth;
+}
+
+int CaptionRow(const Grid& grid) {
+  for (int row = 0; row < std::min(grid.FixedRows(), grid.Rows()); ++row)
+    if (!grid.RowHidden(row)) return row;
+  return -1;
 }
 
 namespace {

@@ -60,6 +60,12 @@ const TableSpec* FindTable(std::string_view name);
 // Makes the grid a blank table: caption row, hidden key row, columns, widths, no data.
 void MakeBlank(Grid& grid, const TableSpec& table);
 
+// The narrow first column of a table that shows the state of its rows by their colour.
+constexpr int kMarkerWidth = 120;  // twips
+bool HasMarker(const Grid& grid);
+// The first fixed row that is shown, where the captions stand; -1 when there is none.
+int CaptionRow(const Grid& grid);
+
 // Adds the columns that a stored table lacks, each where its declaration puts it. Cells of the new
 // columns are empty.
 void AddMissingColumns(Grid& grid, const TableSpec& table);

@@ -137,7 +137,6 @@ class frmMain : public Screen, private ChangeListener {
   void RecordsChanged(const ChangedRecords& changed) override;
   void ReloadData();
   void ExitWithoutSaving();
-  std::string PeriodOf(const Grid& grid) const;
   void Print();
   void StartCalculator();
   void ToggleShortcutBar();

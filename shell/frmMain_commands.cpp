@@ -10,7 +10,6 @@
 #include "core/text.h"
 #include "shell/frmMain.h"
 #include "shell/pages/mainpage.h"
-#include "shell/printtable.h"
 #include "shell/ungroupedlists.h"
 
 namespace lm {
@@ -168,20 +167,12 @@ void frmMain::ToggleShortcutBar() {
   LayOut(true);
 }
 
-// "This Month, 03/02/2026 to 24/02/2026"
-std::string frmMain::PeriodOf(const Grid& grid) const {
-  const RecordList* list = FrontPage().ListOf(grid);
-  const std::string tab = list ? list->Period() : "";
-  const std::string days = PrintedDays(grid);
-  return tab.empty() || days.empty() ? tab + days : tab + ", " + days;
-}
-
 void frmMain::Print() {
   Grid* grid = PageGrid();
   if (!grid)
     ShowMessage(ledger, "Print", "This page cannot be printed");
   else if (printGrid)
-    printGrid(*grid, FrontPage().Title(), PeriodOf(*grid));
+    printGrid(*grid, FrontPage().Title(), FrontPage().PrintedPeriod());
 }
 
 }  // namespace lm

@@ -13,10 +13,18 @@
 namespace lm {
 namespace {
 
-constexpr int kFirst = 1;  // behind the marker column
+// Behind the marker column.
+int FirstPrinted(const Grid& grid) { return HasMarker(grid) ? 1 : 0; }
 
 std::string ShownText(const Grid& grid, int row, int col) {
-  return grid.IsSubtotal(row) ? ShownInGroup(grid, row, col, kFirst) : grid.DisplayText(row, col);
+  return grid.IsSubtotal(row) ? ShownInGroup(grid, row, col, FirstPrinted(grid))
+                              : grid.DisplayText(row, col);
+}
+
+// Of a report: a row of nothing but zeros, which the user wanted out of sight.
+bool IsSliver(const Grid& grid, int row) {
+  constexpr int kSliver = 15;  // twips
+  return grid.RowHeight(row) >= 0 && grid.RowHeight(row) <= kSliver;
 }
 
 bool IsInSight(const Grid& grid, int row) { return !grid.IsSubtotal(row) && !grid.RowHidden(row); }
@@ -27,7 +35,7 @@ bool HasText(const Grid& grid, int col) {
   for (int row = grid.FixedRows(); row < grid.Rows() && !(shown && recorded); ++row) {
     const bool group = grid.IsSubtotal(row);
     shown = shown || (grid.RowVisible(row) && !ShownText(grid, row, col).empty());
-    recorded = recorded || (group ? TitlePlace(grid, row, kFirst) == col
+    recorded = recorded || (group ? TitlePlace(grid, row, FirstPrinted(grid)) == col
                                   : IsInSight(grid, row) && !grid.TextMatrix(row, col).empty());
   }
   return shown && recorded;
@@ -38,9 +46,10 @@ bool HoldsDays(const Grid& grid, int col) {
          grid.ColFormat(col).find('h') == std::string::npos;
 }
 
-// Amounts are summed; what a practice pays an hour is no amount.
+// Amounts of records are summed; what a practice pays an hour is no amount.
 bool IsSummed(const Grid& grid, int col) {
-  return grid.ColFormat(col) == kAmountFormat && !grid.ColKey(col).starts_with("RATE_");
+  return grid.ColFormat(col) == kAmountFormat && HasMarker(grid) &&
+         !grid.ColKey(col).starts_with("RATE_");
 }
 
 std::string SumOf(const Grid& grid, int col) {
@@ -76,16 +85,18 @@ Alignment ShownAlignment(const Grid& grid, int row, int col) {
 PrintTable MakePrintTable(const Grid& grid) {
   PrintTable table;
   std::vector<int> columns;
-  for (int col = kFirst; col < grid.Cols(); ++col)
+  for (int col = FirstPrinted(grid); col < grid.Cols(); ++col)
     if (grid.ColVisible(col) && HasText(grid, col)) columns.push_back(col);
   for (const int col : columns) {
-    table.captions.push_back(grid.TextMatrix(0, col));
+    table.captions.push_back(grid.TextMatrix(CaptionRow(grid), col));
     table.alignments.push_back(ShownAlignment(grid, -1, col));
   }
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    if (!grid.RowVisible(row)) continue;
-    PrintedRow printed{{}, grid.IsSubtotal(row)};
-    const int title = grid.IsSubtotal(row) ? TitlePlace(grid, row, kFirst) : -1;
+    if (!grid.RowVisible(row) || IsSliver(grid, row)) continue;
+    const int first = FirstPrinted(grid);
+    const bool heads = grid.Cell(CellSetting::flexcpFontBold, row, first) == "TRUE";
+    PrintedRow printed{{}, heads};
+    const int title = grid.IsSubtotal(row) ? TitlePlace(grid, row, first) : heads ? first : -1;
     for (const int col : columns) {
       if (col == title) printed.title = static_cast<int>(printed.texts.size());
       printed.texts.push_back(ShownText(grid, row, col));
@@ -98,7 +109,7 @@ PrintTable MakePrintTable(const Grid& grid) {
 }
 
 std::string PrintedDays(const Grid& grid) {
-  int col = kFirst;
+  int col = FirstPrinted(grid);
   while (col < grid.Cols() && !HoldsDays(grid, col)) ++col;
   std::optional<Date> first, last;
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {

@@ -8,6 +8,7 @@
 #include "shell/pages/mydetailspage.h"
 #include "shell/pages/pensionpage.h"
 #include "shell/pages/practicespage.h"
+#include "shell/pages/reportspage.h"
 #include "shell/pages/sessionspage.h"
 
 namespace lm {

@@ -3,9 +3,6 @@
 namespace lm {
 namespace {
 
-constexpr PageSpec kReports{
-    Page::Reports,    "Reports", "reports",
-    "mnuViewReports", "",        "The reports are not available in this version yet."};
 constexpr PageSpec kToday{
     Page::LMToday,
     "LM Today",
@@ -16,11 +13,6 @@ constexpr PageSpec kToday{
     "version yet."};
 
 }  // namespace
-
-ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kReports) {
-  AddTip({"Reporting",
-          "Reports add up your sessions, invoices and expenses over any period you choose."});
-}
 
 TodayPage::TodayPage(frmMain& theWindow) : MainPage(theWindow, kToday) {}
 

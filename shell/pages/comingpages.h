@@ -6,11 +6,6 @@
 
 namespace lm {
 
-class ReportsPage : public MainPage {
- public:
-  explicit ReportsPage(frmMain& window);
-};
-
 class TodayPage : public MainPage {
  public:
   explicit TodayPage(frmMain& window);

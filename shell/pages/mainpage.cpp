@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/messagebox.h"
+#include "shell/printtable.h"
 
 namespace lm {
 
@@ -29,6 +30,15 @@ RecordList* MainPage::ListOf(const Grid& grid) const {
 }
 
 Grid* MainPage::GridInFront() const { return lists_.empty() ? nullptr : &lists_.front()->Table(); }
+
+std::string MainPage::PrintedPeriod() const {
+  const Grid* grid = GridInFront();
+  if (!grid) return "";
+  const RecordList* list = ListOf(*grid);
+  const std::string tab = list ? list->Period() : "";
+  const std::string days = PrintedDays(*grid);
+  return tab.empty() || days.empty() ? tab + days : tab + ", " + days;
+}
 
 void MainPage::HeaderClicked(Grid& grid, int col) {
   if (RecordList* list = ListOf(grid)) list->HeaderClicked(col);

@@ -65,6 +65,9 @@ class MainPage {
   virtual void BringToFront(const Grid& /*grid*/) {}
   // Under which that grid is printed and exported.
   virtual std::string Title() const { return std::string(spec_.caption); }
+  // What of its records that grid shows, below the title on paper: "This Month, 03/02/2026 to
+  // 24/02/2026".
+  virtual std::string PrintedPeriod() const;
 
   // What the user does with the headers of its grids.
   virtual void HeaderClicked(Grid& grid, int col);

@@ -29,10 +29,12 @@ constexpr int kNarrowestEditor = 104;
 constexpr int kPicture = 16, kLargePicture = 24;
 constexpr int kTallRow = 40;  // from which on a picture is drawn large
 
-QRect PicturePlace(const QRect& cell) {
+// In the middle of the cell, or before its text.
+QRect PicturePlace(const QRect& cell, bool before) {
   const int side = cell.height() >= kTallRow ? kLargePicture : kPicture;
   QRect place(0, 0, side, side);
   place.moveCenter(cell.center());
+  if (before) place.moveLeft(cell.left() + 3);
   return place;
 }
 
@@ -90,6 +92,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     place.setLeft(option.rect.left() + kExpanderWidth +
                   kLevelIndent * (view_->Shown()->RowOutlineLevel(row) - 1));
   }
+  const QString picture = model.PictureOf(row, index.column());
+  const bool before = !picture.isEmpty() && picture != ToQt(kSwatch) && !text.isEmpty();
+  if (before) place.setLeft(option.rect.left() + kExpanderWidth);
   if (tick) place.setLeft(PaintTick(*painter, cell, text.isEmpty()));
   const bool selected = option.state & QStyle::State_Selected;
   const auto colours = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
@@ -104,11 +109,11 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->drawText(place, alignment | Qt::TextSingleLine,
                       QFontMetrics(cell.font).elidedText(text, Qt::ElideRight, place.width()));
   painter->restore();
-  if (const QString picture = model.PictureOf(row, index.column()); picture == ToQt(kSwatch))
+  if (picture == ToQt(kSwatch))
     PaintSwatch(*painter, option.rect, row, index.column());
   else if (!picture.isEmpty())
     LineIcon(picture, cell.palette.color(QPalette::Text))
-        .paint(painter, PicturePlace(option.rect), Qt::AlignCenter,
+        .paint(painter, PicturePlace(option.rect, before), Qt::AlignCenter,
                selected ? QIcon::Selected : QIcon::Normal);
   PaintLines(*painter, option.rect);
   if (selected && view_->hasFocus() && index == view_->currentIndex() && !group) {

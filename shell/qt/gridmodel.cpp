@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include "core/tables.h"
 #include "shell/grouping.h"
 #include "shell/printtable.h"
 #include "shell/qt/liststyle.h"
@@ -12,8 +13,6 @@
 
 namespace lm {
 namespace {
-
-constexpr int kMarkerWidth = 120;  // twips
 
 Qt::Alignment ToQtAlignment(Alignment alignment) {
   const Qt::Alignment across = alignment == Alignment::Right    ? Qt::AlignRight
@@ -77,10 +76,7 @@ int GridModel::ModelRow(int gridRow) const {
              : -1;
 }
 
-bool GridModel::HasMarker() const {
-  return grid_ && grid_->Cols() > 1 && grid_->ColKey(0).empty() &&
-         grid_->ColWidth(0) == kMarkerWidth;
-}
+bool GridModel::HasMarker() const { return grid_ && lm::HasMarker(*grid_); }
 
 bool GridModel::HasTick(int gridRow, int col) const {
   return grid_ && !grid_->Cell(CellSetting::flexcpChecked, gridRow, col).empty();
@@ -176,10 +172,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (!grid_ || orientation != Qt::Horizontal || grid_->FixedRows() == 0) return {};
-  if (role == Qt::DisplayRole) return ToQt(grid_->TextMatrix(0, section));
-  if (role == Qt::ToolTipRole) return ToQt(grid_->TextMatrix(0, section));
+  const int captions = CaptionRow(*grid_);
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    return ToQt(grid_->TextMatrix(captions, section));
   if (role == Qt::TextAlignmentRole)
-    return QVariant::fromValue(AlignmentOf(0, section) |
+    return QVariant::fromValue(AlignmentOf(captions, section) |
                                static_cast<Qt::Alignment>(Qt::TextWordWrap));
   return {};
 }

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QTimerEvent>
 
+#include "core/tables.h"
 #include "shell/qt/griddelegate.h"
 #include "shell/qt/qtext.h"
 
@@ -164,8 +165,9 @@ void GridView::ReadRows() {
 
 bool GridView::HasCaptions() const {
   const Grid& grid = *Shown();
-  for (int col = 0; col < grid.Cols() && grid.FixedRows() > 0; ++col)
-    if (grid.ColVisible(col) && !grid.TextMatrix(0, col).empty()) return true;
+  const int captions = CaptionRow(grid);
+  for (int col = 0; col < grid.Cols(); ++col)
+    if (grid.ColVisible(col) && !grid.TextMatrix(captions, col).empty()) return true;
   return false;
 }
 
@@ -182,6 +184,12 @@ void GridView::ReadSpans() {
       const int title = model_->TitleColumn(row);
       if (const int end = model_->TitleEnd(row); end - title > 1)
         setSpan(shown, title, 1, end - title);
+      continue;
+    }
+    if (titlesSpill_ && grid->Cell(CellSetting::flexcpFontBold, row, 0) == "TRUE") {
+      int end = 1;
+      while (end < grid->Cols() && grid->TextMatrix(row, end).empty()) ++end;
+      if (end > 1) setSpan(shown, 0, 1, end);
       continue;
     }
     if (grid->MergeCells() == MergeSetting::Never) continue;
@@ -221,7 +229,8 @@ void GridView::ReadCursor() {
 int GridView::ColumnWidth(int col) {
   const int twips = Shown()->ColWidth(col);
   if (twips > 0) return TwipsToPixels(twips, logicalDpiX());
-  int& width = measured_[Shown()->ColKey(col)];
+  const std::string& key = Shown()->ColKey(col);
+  int& width = measured_[key.empty() ? std::to_string(col) : key];
   width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));
   return width;
 }

@@ -34,6 +34,8 @@ class GridView : public QTableView {
   Q_PROPERTY(QString typedColumn MEMBER typedColumn_)
   // What stands in the middle of an empty list.
   Q_PROPERTY(QString emptyText MEMBER emptyText_)
+  // A bold text in the first column spreads over the empty cells behind it.
+  Q_PROPERTY(bool titlesSpill MEMBER titlesSpill_)
   // Of a view of headings: the grid of which it shows the fixed rows.
   Q_PROPERTY(QString headingsOf READ HeadingsOf WRITE SetHeadingsOf)
 
@@ -128,6 +130,7 @@ class GridView : public QTableView {
   bool editsInPlace_ = false;
   bool choice_ = false;
   bool hidesWhenEmpty_ = false;
+  bool titlesSpill_ = false;
   bool fillsRoom_ = false;
   QString headingsOf_;
   QString wrappedColumn_, typedColumn_;

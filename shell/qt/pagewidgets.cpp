@@ -15,6 +15,7 @@
 #include "shell/qt/icons.h"
 #include "shell/qt/mydetailswidget.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/reportswidget.h"
 
 namespace lm {
 namespace {
@@ -30,6 +31,7 @@ struct OwnWidget {
 constexpr OwnWidget kOwnWidgets[] = {
     {Page::Calendar, MakeCalendarWidget},
     {Page::MyDetails, MakeMyDetailsWidget},
+    {Page::Reports, MakeReportsWidget},
 };
 
 template <typename Widget>

@@ -27,12 +27,14 @@
 #include "records/frmRateCompare.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
+#include "reports/taxreport.h"
 #include "shell/frmConfigure.h"
 #include "shell/frmGettingStarted.h"
 #include "shell/frmMain.h"
 #include "shell/frmShortcutKeys.h"
 #include "shell/pages/calendarpage.h"
 #include "shell/pages/pensionpage.h"
+#include "shell/pages/reportspage.h"
 #include "shell/pages/sessionspage.h"
 #include "shell/printtable.h"
 #include "shell/qt/binder.h"
@@ -158,6 +160,31 @@ void GrabCalendar(test::TestLedger& test, frmMain& screen, MainWindow& window) {
   }
 }
 
+void GrabReports(test::TestLedger& test, frmMain& screen, MainWindow& window) {
+  auto& page = screen.PageOf<ReportsPage>();
+  screen.ShowPage(Page::Reports);
+  const auto grab = [&](const QString& name, Button& refresh) {
+    screen.Press(refresh);
+    QApplication::processEvents();
+    Grab(window, "main-reports-" + name);
+    QPdfWriter paper(qEnvironmentVariable("LEDGERMINDER_PICTURES") + "/printed-report-" + name +
+                     ".pdf");
+    paper.setPageOrientation(QPageLayout::Landscape);
+    PaintGrid(paper, test, *page.GridInFront(), {page.Title(), page.PrintedPeriod()});
+  };
+  screen.Enter(page.cboReport, "Average Hourly Rate - All");
+  grab("standard", page.cmdRefreshReport);
+  screen.Choose(page.tabReport, 1);
+  screen.Enter(page.cboGroupingLevels, "2");
+  grab("grouping", page.cmdRefreshGroupingReport);
+  screen.Choose(page.tabReport, 2);
+  grab("tax", page.cmdRefreshTaxReport);
+  for (int row = page.fgTaxReport.Rows() - 1; row >= 0; --row)
+    ToggleTaxSection(page.fgTaxReport, row);
+  QApplication::processEvents();
+  Grab(window, "main-reports-tax-open");
+}
+
 void GrabMain(test::TestLedger& test) {
   WindowCatalogue windows;
   AddWindows(windows);
@@ -173,6 +200,7 @@ void GrabMain(test::TestLedger& test) {
          QString("main-%1").arg(QString::fromLatin1(page.icon.data(), int(page.icon.size()))));
   }
   GrabCalendar(test, screen, window);
+  GrabReports(test, screen, window);
   screen.ShowPage(Page::Sessions);
   auto& page = screen.PageOf<SessionsPage>();
   screen.Enter(page.tabSessions, "All");
