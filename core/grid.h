@@ -228,6 +228,7 @@ class Grid {
   std::string GroupValue(int row) const;
   // The column that holds the title of a group row made by Subtotal; -1 for other rows.
   int GroupTitleCol(int row) const;
+  SubtotalPosition PositionOfSubtotals() const { return subtotalPosition_; }
   void SetSubtotalPosition(SubtotalPosition position);
   // Collapses every group of this level and below, and opens those above; 0 opens all.
   void Outline(int level);

@@ -16,7 +16,7 @@ namespace lm {
 namespace {
 
 constexpr std::string_view kPounds = "£#,##0.00"_w;
-constexpr int kCols = 8;
+constexpr int kCols = 8, kItem = 3;
 constexpr int kTitleHeight = 320, kBlankHeight = 90;  // twips
 constexpr std::string_view kClosed = "right", kOpen = "down";
 
@@ -63,7 +63,16 @@ struct TaxRow {
   std::string tag = {}, form = {}, finder = {};
 };
 
-// A row of the section: each amount in its column, the texts in those that are left.
+// Figures stand right, texts left, whatever else stands in their column.
+void AlignLikeFigures(const TaxSection& section, int row, Grid& report) {
+  for (int col = 2; col < kCols; ++col) {
+    const bool figure = std::ranges::find(section.amountCols, col) != section.amountCols.end();
+    if (figure || !report.TextMatrix(row, col).empty())
+      report.SetCell(CellSetting::flexcpAlignment, row, col,
+                     PlainText(static_cast<int>(figure ? Alignment::Right : Alignment::Left)));
+  }
+}
+
 void AddRow(const TaxSection& section, const TaxRow& each, Grid& report) {
   const int row = report.AddItem("");
   for (std::size_t i = 0; i < each.texts.size(); ++i)
@@ -72,9 +81,8 @@ void AddRow(const TaxSection& section, const TaxRow& each, Grid& report) {
     const int col = section.amountCols[i];
     report.SetTextMatrix(row, col, each.amounts[i].ToText());
     report.SetCell(CellSetting::flexcpFormat, row, col, kPounds);
-    report.SetCell(CellSetting::flexcpAlignment, row, col,
-                   PlainText(static_cast<int>(Alignment::Right)));
   }
+  AlignLikeFigures(section, row, report);
   report.SetCellColour(CellSetting::flexcpBackColor, {row, 0, row, kCols - 1}, kWhite);
   report.SetCell(CellSetting::flexcpData, row, 1, each.tag);
   report.SetCell(CellSetting::flexcpData, row, 2, each.finder);
@@ -90,9 +98,8 @@ void AddTotals(const TaxSection& section, const std::vector<TaxRow>& rows, int t
     const int col = section.amountCols[i];
     report.SetTextMatrix(title, col, sum.ToText());
     report.SetCell(CellSetting::flexcpFormat, title, col, kPounds);
-    report.SetCell(CellSetting::flexcpAlignment, title, col,
-                   PlainText(static_cast<int>(Alignment::Right)));
   }
+  AlignLikeFigures(section, title, report);
 }
 
 void AddSection(const TaxSection& section, const std::vector<TaxRow>& rows, Grid& report) {
@@ -110,9 +117,7 @@ void AddSection(const TaxSection& section, const std::vector<TaxRow>& rows, Grid
                        kHeadingFore);
   report.SetCellColour(CellSetting::flexcpBackColor, {heading, 0, heading, kCols - 1},
                        kHeadingBack);
-  for (const int col : section.amountCols)
-    report.SetCell(CellSetting::flexcpAlignment, heading, col,
-                   PlainText(static_cast<int>(Alignment::Right)));
+  AlignLikeFigures(section, heading, report);
   report.SetRowHidden(heading, true);
   for (const TaxRow& row : rows) AddRow(section, row, report);
   const int blank = report.AddItem("");
@@ -293,6 +298,7 @@ void FillTaxReport(const Ledger& ledger, const DateRange& days, Grid& report) {
     report.SetColAlignment(col, column.alignment);
   }
   report.SetColDataType(0, DataType::Date);
+  report.SetColKey(kItem, "ITEM");  // by which a view gives it the room that is left
   const Year year(ledger, days);
   AddSection(kIncome, year.Income(), report);
   AddSection(kSessionExpenses, year.SessionExpenses(), report);

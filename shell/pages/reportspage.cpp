@@ -109,7 +109,7 @@ ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kSpec) {
     rules_[i] = std::make_unique<Rules>(*this, *reports[i]);
     window.ShowGrid(*reports[i], rules_[i].get());
   }
-  fgGroupingReport.DeclareKey("HOURS");
+  fgTaxReport.DeclareKey("ITEM");
   SetTabs(tabReport);
   tabReport.onEntered = [this] {
     ShowTab(tabReport.Selected());

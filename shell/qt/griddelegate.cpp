@@ -39,9 +39,10 @@ QRect PicturePlace(const QRect& cell, bool before) {
 }
 
 // A line of totals may stand alone.
-bool HasRowsBelow(const Grid& grid, int group) {
-  return group + 1 < grid.Rows() && (!grid.IsSubtotal(group + 1) ||
-                                     grid.RowOutlineLevel(group + 1) > grid.RowOutlineLevel(group));
+bool HasRows(const Grid& grid, int group) {
+  const int next = group + (grid.PositionOfSubtotals() == SubtotalPosition::Below ? -1 : 1);
+  return next >= grid.FixedRows() && next < grid.Rows() &&
+         (!grid.IsSubtotal(next) || grid.RowOutlineLevel(next) > grid.RowOutlineLevel(group));
 }
 
 }  // namespace
@@ -88,7 +89,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool group = view_->IsGroup(row) && index.column() == model.TitleColumn(row);
   QRect place = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
   if (group) {
-    if (HasRowsBelow(*view_->Shown(), row)) PaintExpander(*painter, option, row);
+    if (HasRows(*view_->Shown(), row)) PaintExpander(*painter, option, row);
     place.setLeft(option.rect.left() + kExpanderWidth +
                   kLevelIndent * (view_->Shown()->RowOutlineLevel(row) - 1));
   }
@@ -168,6 +169,10 @@ void GridDelegate::PaintExpander(QPainter& painter, const QStyleOptionViewItem& 
   arrow.rect =
       QRect(option.rect.left() + indent + 7, option.rect.center().y() - size / 2, size, size);
   arrow.palette = option.palette;
+  const QColor own = ToQColor(view_->Shown()->CellColour(CellSetting::flexcpForeColor, gridRow, 0));
+  if (own.isValid() && !(option.state & QStyle::State_Selected))
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+      arrow.palette.setColor(role, own);
   arrow.state = option.state;
   const bool collapsed = view_->Shown()->RowCollapsed(gridRow);
   view_->style()->drawPrimitive(

@@ -117,8 +117,13 @@ int GridModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : columns_;
 }
 
-QVariant GridModel::Ground(int gridRow, int col) const {
+QColor GridModel::OwnGround(int gridRow, int col) const {
   const QColor colour = ToQColor(grid_->CellColour(CellSetting::flexcpBackColor, gridRow, col));
+  return whiteIsPlain_ && colour == QColor(Qt::white) ? QColor() : colour;
+}
+
+QVariant GridModel::Ground(int gridRow, int col) const {
+  const QColor colour = OwnGround(gridRow, col);
   if (colour.isValid()) return QBrush(colour);
   if (grid_->IsSubtotal(gridRow)) return QGuiApplication::palette().brush(QPalette::Button);
   return {};
@@ -155,7 +160,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::ForegroundRole: {
       const QColor own = ToQColor(grid_->CellColour(CellSetting::flexcpForeColor, row, col));
       if (own.isValid()) return QBrush(own);
-      const QColor ground = ToQColor(grid_->CellColour(CellSetting::flexcpBackColor, row, col));
+      const QColor ground = OwnGround(row, col);
       return ground.isValid() ? QVariant(QBrush(ReadableOn(ground))) : QVariant();
     }
     case Qt::FontRole: {

@@ -41,6 +41,8 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   void SetEditable(bool editable) { editable_ = editable; }
   // Shows the heading rows in place of the data rows: the fixed part of a calendar.
   void SetHeadings(bool headings) { headings_ = headings; }
+  // A white ground is the list's own, which is dark on a dark desktop.
+  void SetWhiteIsPlain(bool plain) { whiteIsPlain_ = plain; }
   // Layout changes that the view itself makes are not read back.
   void IgnoreLayout(bool ignore) { ignoreLayout_ = ignore; }
 
@@ -67,6 +69,7 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   void ReadLater();
   void ReadRows();
   std::string ShownText(int gridRow, int col) const;
+  QColor OwnGround(int gridRow, int col) const;  // invalid where there is none
   QVariant Ground(int gridRow, int col) const;
   Qt::Alignment AlignmentOf(int gridRow, int col) const;
 
@@ -79,6 +82,7 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   bool editable_ = false;
   bool ignoreLayout_ = false;
   bool headings_ = false;
+  bool whiteIsPlain_ = false;
 };
 
 }  // namespace lm

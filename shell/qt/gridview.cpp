@@ -85,6 +85,11 @@ void GridView::SetChoice(bool choice) {
   horizontalHeader()->setSectionsClickable(!choice);
 }
 
+void GridView::SetSections(bool sections) {
+  sections_ = sections;
+  model_->SetWhiteIsPlain(sections);
+}
+
 void GridView::FillRoom() {
   fillsRoom_ = true;
   setSelectionBehavior(SelectItems);
@@ -186,7 +191,7 @@ void GridView::ReadSpans() {
         setSpan(shown, title, 1, end - title);
       continue;
     }
-    if (titlesSpill_ && grid->Cell(CellSetting::flexcpFontBold, row, 0) == "TRUE") {
+    if (sections_ && grid->Cell(CellSetting::flexcpFontBold, row, 0) == "TRUE") {
       int end = 1;
       while (end < grid->Cols() && grid->TextMatrix(row, end).empty()) ++end;
       if (end > 1) setSpan(shown, 0, 1, end);

@@ -34,8 +34,9 @@ class GridView : public QTableView {
   Q_PROPERTY(QString typedColumn MEMBER typedColumn_)
   // What stands in the middle of an empty list.
   Q_PROPERTY(QString emptyText MEMBER emptyText_)
-  // A bold text in the first column spreads over the empty cells behind it.
-  Q_PROPERTY(bool titlesSpill MEMBER titlesSpill_)
+  // A list of sections: a bold text in the first column spreads over the empty cells behind it, and
+  // a white ground is the list's own.
+  Q_PROPERTY(bool sections READ HasSections WRITE SetSections)
   // Of a view of headings: the grid of which it shows the fixed rows.
   Q_PROPERTY(QString headingsOf READ HeadingsOf WRITE SetHeadingsOf)
 
@@ -66,6 +67,8 @@ class GridView : public QTableView {
   // Everything anew from the grid and the options.
   void ReadLayout();
 
+  bool HasSections() const { return sections_; }
+  void SetSections(bool sections);
   bool IsChoice() const { return choice_; }
   void SetChoice(bool choice);
   bool FillsWidth() const { return horizontalHeader()->stretchLastSection(); }
@@ -130,7 +133,7 @@ class GridView : public QTableView {
   bool editsInPlace_ = false;
   bool choice_ = false;
   bool hidesWhenEmpty_ = false;
-  bool titlesSpill_ = false;
+  bool sections_ = false;
   bool fillsRoom_ = false;
   QString headingsOf_;
   QString wrappedColumn_, typedColumn_;

@@ -19,7 +19,6 @@ namespace {
 
 constexpr double kFontPoints = 8.5;
 constexpr double kSmallestPoints = 5;
-constexpr int kWrap = Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 struct Row {
   std::vector<QString> texts;
@@ -84,6 +83,11 @@ class GridPainter {
     return longest;
   }
 
+  // At the ends of words; within a word only where it is wider than its column.
+  static int WrapOf(const QFontMetrics& metrics, const QString& text, int width) {
+    return LongestWord(metrics, text) > width ? Qt::TextWrapAnywhere : Qt::TextWordWrap;
+  }
+
   // What a column would like to have, and what it needs: figures and days are never broken, a text
   // is where its words end.
   void MeasureTexts() {
@@ -105,6 +109,20 @@ class GridPainter {
       liked_.push_back(widest + edges);
       needed_.push_back(std::min(word + edges, width_ / 3));
     }
+    for (const Row& row : rows_) MakeRoomForTitle(row);
+  }
+
+  // A title that its own and the empty cells behind it do not hold widens its column.
+  void MakeRoomForTitle(const Row& row) {
+    if (row.title < 0) return;
+    const auto title = static_cast<std::size_t>(row.title);
+    int room = 0;
+    for (std::size_t col = title; col < liked_.size(); ++col) {
+      if (col > title && !row.texts[col].isEmpty()) break;
+      room += liked_[col];
+    }
+    const int wanted = MetricsOf(row.bold).horizontalAdvance(row.texts[title]) + 2 * Padding() + 2;
+    if (wanted > room) liked_[title] += wanted - room;
   }
 
   static int Sum(const std::vector<int>& widths) {
@@ -144,7 +162,9 @@ class GridPainter {
       const int across = std::max(AcrossOf(row, col) - 2 * Padding(), 1);
       if (metrics.horizontalAdvance(row.texts[col]) > across)
         tallest = std::max(
-            tallest, metrics.boundingRect(QRect(0, 0, across, BodyHeight()), kWrap, row.texts[col])
+            tallest, metrics
+                         .boundingRect(QRect(0, 0, across, BodyHeight()),
+                                       WrapOf(metrics, row.texts[col], across), row.texts[col])
                          .height());
     }
     return std::min(tallest, BodyHeight()) + LineHeight() / 3;
@@ -203,8 +223,11 @@ class GridPainter {
       const int across = alignment == Alignment::Right    ? Qt::AlignRight
                          : alignment == Alignment::Centre ? Qt::AlignHCenter
                                                           : Qt::AlignLeft;
-      painter_.drawText(QRect(left + Padding(), y_, AcrossOf(row, col) - 2 * Padding(), row.height),
-                        across | Qt::AlignVCenter | kWrap, row.texts[col]);
+      const int width = AcrossOf(row, col) - 2 * Padding();
+      painter_.drawText(
+          QRect(left + Padding(), y_, width, row.height),
+          across | Qt::AlignVCenter | WrapOf(MetricsOf(row.bold), row.texts[col], width),
+          row.texts[col]);
       left += columns_[col];
     }
     y_ += row.height;

@@ -162,7 +162,8 @@ QWidget* MakeReportsWidget(const MainPage& mainPage) {
                                      "to the left to group by it."))));
   GridView* tax = MakeReport(page.fgTaxReport, QObject::tr("Tax report"),
                              QObject::tr("Choose a tax year, then click Refresh."));
-  tax->setProperty("titlesSpill", true);
+  tax->setProperty("sections", true);
+  tax->setProperty("wrappedColumn", "ITEM");
   stack->addWidget(MakeTab(MakeTaxChoices(page), tax));
   column->addWidget(stack, 1);
   // The tax report has a year of its own.
