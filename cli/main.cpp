@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/demo.h"
+#include "cli/exportcommands.h"
 #include "cli/formcommands.h"
 #include "cli/pdfcommands.h"
 #include "cli/script.h"
@@ -33,6 +34,10 @@ constexpr std::string_view kUsage =
     "  run FILE    runs a script, - for standard input\n"
     "  pdf info FILE | pdf import FILE OUT | pdf sample OUT\n"
     "  template encipher IN OUT | template decipher IN OUT | template check FILE\n"
+    "  export xml|xls|csv FILE [TABLE]\n"
+    "              writes all records, or those of a table such as fgSessions: csv takes one\n"
+    "  report INDEX FROM TO [day|month] [--csv FILE]\n"
+    "              a standard report by its place in the list, from 0, between two dates\n"
     "  forms check looks at the blank pension forms, and writes proofs of how the figures fit\n"
     "\n"
     "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
@@ -148,6 +153,30 @@ int FormCommand(lm::Ledger& ledger, const Settings& settings) {
   return status;
 }
 
+// The data as the program has it once it has started; false after what hindered it.
+bool Load(lm::Script& script, lm::Terminal& terminal) {
+  std::istringstream lines("load\n");
+  std::ostringstream silent;
+  terminal.SetOutput(silent);
+  const bool loaded = script.Run(lines);
+  if (!loaded) std::cerr << silent.str();
+  terminal.SetOutput(std::cerr);
+  return loaded;
+}
+
+int RunDataCommand(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledger,
+                   const Settings& settings) {
+  if (!lm::MayExist(ledger.DataFile()))
+    return Fail("there is no data file in " + ledger.programDirectory.string());
+  if (!Load(script, terminal)) return 1;
+  const std::vector<std::string> words(settings.command.begin() + 1, settings.command.end());
+  const int status = settings.command[0] == "export"
+                         ? lm::RunExportCommand(words, ledger, std::cerr)
+                         : lm::RunReportCommand(words, ledger, std::cout, std::cerr);
+  if (status == 2) std::cerr << kUsage;
+  return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -176,6 +205,8 @@ int main(int argc, char** argv) {
   ledger.programDirectory = ProgramDirectory(settings, terminal);
 
   lm::Script script(terminal, ledger, windows);
+  if (command == "export" || command == "report")
+    return RunDataCommand(script, terminal, ledger, settings);
   if (command == "forms") return FormCommand(ledger, settings);
   if (command == "init") return Init(ledger, settings);
   if (command == "demo" && !operand.empty()) return Demo(script, terminal, ledger, settings);

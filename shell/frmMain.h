@@ -13,6 +13,7 @@
 // ColumnMoved, and the frame's close box to CloseRequested, then looks at Closed().
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
@@ -27,6 +28,7 @@
 
 namespace lm {
 
+class clsStringBuilder;
 class MainPage;
 struct SortState;
 
@@ -138,6 +140,10 @@ class frmMain : public Screen, private ChangeListener {
   void ReloadData();
   void ExitWithoutSaving();
   void Print();
+  void ExportAllData();
+  void ExportGrid();
+  void Export(const std::filesystem::path& path,
+              const std::function<void(clsStringBuilder& file)>& write);
   void StartCalculator();
   void ToggleShortcutBar();
   void Replay(bool (History::*replay)(), const std::string& said);

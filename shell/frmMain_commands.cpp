@@ -56,6 +56,8 @@ void frmMain::SetHandlers() {
       [=, this] { return noWindowAbove() && !ledger.history.RedoCaption().empty(); }, nullptr,
       [=, this] { return captionOf("&Redo", ledger.history.RedoCaption()); }};
   handlers_["mnuPrint"] = {[this] { Print(); }, [this] { return !PageGrid() || printGrid; }};
+  handlers_["mnuExportFile"] = {[this] { ExportAllData(); }};
+  handlers_["mnuExportGrid"] = {[this] { ExportGrid(); }};
   handlers_["mnuViewShortcutBar"] = {[this] { ToggleShortcutBar(); }, nullptr,
                                      [this] { return shortcutBarVisible_; }};
   handlers_["mnuCalculator"] = {[this] { StartCalculator(); }};

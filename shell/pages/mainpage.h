@@ -68,6 +68,8 @@ class MainPage {
   // What of its records that grid shows, below the title on paper: "This Month, 03/02/2026 to
   // 24/02/2026".
   virtual std::string PrintedPeriod() const;
+  // What that grid answers, where it may answer different questions.
+  virtual std::string Subject() const { return ""; }
 
   // What the user does with the headers of its grids.
   virtual void HeaderClicked(Grid& grid, int col);

@@ -206,6 +206,10 @@ std::string ReportsPage::PrintedPeriod() const {
              : "";
 }
 
+std::string ReportsPage::Subject() const {
+  return tabReport.Selected() == kStandard ? shownReport_ : "";
+}
+
 void ReportsPage::ShowHelp() {
   const ReportHelp& help = kHelp[tabReport.Selected()];
   ShowMessage(ledger, help.title, help.text, Buttons::Ok, Icon::Information);

@@ -50,6 +50,7 @@ class ReportsPage : public MainPage {
   void BringToFront(const Grid& grid) override;
   std::string Title() const override;
   std::string PrintedPeriod() const override;
+  std::string Subject() const override;
   void ColumnMoved(Grid& grid, int from, int to) override;
   void CellClicked(Grid& grid, int row, int col) override;
   void DataLoaded() override;

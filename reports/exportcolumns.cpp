@@ -1,0 +1,250 @@
+#include "reports/exportcolumns.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "core/celltexts.h"
+#include "core/dates.h"
+#include "core/format.h"
+#include "core/rows.h"
+#include "core/tables.h"
+#include "core/text.h"
+
+namespace lm {
+namespace {
+
+constexpr std::string_view kGroupMonth = "GROUPMONTH";
+
+struct TypedKey {
+  std::string_view key;
+  ColumnType type;
+};
+
+using enum ColumnType;
+
+constexpr TypedKey kTypedKeys[] = {
+    {"ADDITIONAL", Decimal},
+    {"AMOUNT", Decimal},
+    {"AVC", Decimal},
+    {"CDATE", ColumnType::Date},
+    {"CONTRIBUTION", Decimal},
+    {"DATE", ColumnType::Date},
+    {"EDATE", ColumnType::Date},
+    {"EMPLOYERCONTRIB", Decimal},
+    {"EMP_CONTRIB", Decimal},
+    {"ERRBO", Decimal},
+    {"ETIME", Time},
+    {"EXPENSES", Decimal},
+    {"EXTRAS", Decimal},
+    {"EXTRAYEARS", Decimal},
+    {"EXTRA_YEARS", Decimal},
+    {"IDATE", ColumnType::Date},
+    {"INCLUDEEMPLOYERCONTRIB", Boolean},
+    {"MILEAGE", Decimal},
+    {"MY_CONTRIB", Decimal},
+    {"PAYDATE", ColumnType::Date},
+    {"PENSIONABLE", Decimal},
+    {"RATE", Decimal},
+    {"RATE_NORMAL", Decimal},
+    {"RATE_OOHD", Decimal},
+    {"RATE_OOHS", Decimal},
+    {"RATE_PRIVATE", Decimal},
+    {"RATE_UNPENSIONED", Decimal},
+    {"RCVDFROMPRACTICE", ColumnType::Date},
+    {"RECEIPTDATE", ColumnType::Date},
+    {"SDATE", ColumnType::Date},
+    {"SENTTOHA", ColumnType::Date},
+    {"SENTTOPRACTICE", ColumnType::Date},
+    {"SESSIONS", Integer},
+    {"STIME", Time},
+    {"TOTAL", Decimal},
+    {"TOTAL_CONTRIB", Decimal},
+    {"TOTAL_PAID", Decimal},
+};
+static_assert(std::ranges::is_sorted(kTypedKeys, {}, &TypedKey::key));
+
+void PutDigits(std::string& text, int number, int width) {
+  for (int power = width == 4 ? 1000 : 10; power > 0; power /= 10)
+    text += static_cast<char>('0' + number / power % 10);
+}
+
+std::string IsoDate(lm::Date date) {
+  const CivilDate civil = ToCivilDate(date);
+  std::string text;
+  PutDigits(text, civil.year, 4);
+  text += '-';
+  PutDigits(text, civil.month, 2);
+  text += '-';
+  PutDigits(text, civil.day, 2);
+  return text;
+}
+
+bool IsPlainNumber(std::string_view text) {
+  std::size_t points = 0;
+  for (const char c : text) {
+    if (c == '.')
+      ++points;
+    else if (c < '0' || c > '9')
+      return false;
+  }
+  return points <= 1 && text.size() > points && text.size() <= 15;
+}
+
+ExportValue NumberValue(ColumnType type, std::string_view cell) {
+  if (IsPlainNumber(cell)) return {type, std::string(cell)};
+  return IsNumeric(cell) ? ExportValue{type, PlainText(NumericValue(cell))}
+                         : ExportValue{String, std::string(cell)};
+}
+
+ExportValue TypedValue(ColumnType type, std::string_view cell) {
+  switch (type) {
+    case String:
+      break;
+    case Boolean:
+      return {type, cell == "-1" || cell == "TRUE" ? "1" : "0"};
+    case Decimal:
+    case Integer:
+      return NumberValue(type, cell);
+    case ColumnType::Date:
+      if (const auto date = CellDate(cell)) return {type, IsoDate(*date)};
+      break;
+    case Time:
+      if (const auto time = CellTime(cell)) return {type, CellTimeText(*time)};
+      break;
+  }
+  return {String, std::string(cell)};
+}
+
+}  // namespace
+
+std::string_view TypeWord(ColumnType type) {
+  constexpr std::array<std::string_view, 6> kWords{"string",  "boolean", "decimal",
+                                                   "integer", "date",    "time"};
+  return kWords[static_cast<std::size_t>(type)];
+}
+
+ColumnType TypeOfColumn(std::string_view key) {
+  const std::string upper = ToUpper(key);
+  const auto* found =
+      std::ranges::lower_bound(kTypedKeys, std::string_view(upper), {}, &TypedKey::key);
+  return found != std::end(kTypedKeys) && found->key == upper ? found->type : String;
+}
+
+std::string TagOf(std::string_view caption, int number) {
+  std::string tag;
+  for (const char c : ToLower(Trim(caption))) {
+    const bool letter = c >= 'a' && c <= 'z', digit = c >= '0' && c <= '9';
+    if (tag.empty() && (digit || c == '-')) tag += '_';
+    if (letter || digit || c == '-' || c == '_') tag += c;
+    if (c == ' ') tag += '_';
+  }
+  return tag.empty() ? "column_" + std::to_string(number) : tag;
+}
+
+// ---- Escapes
+
+XmlEscape::XmlEscape(int references, int lastReference) {
+  for (int sign = 0; sign < 256; ++sign) {
+    const bool dropped = sign < 32 && sign != '\t' && sign != '\r' && sign != '\n';
+    signs_.push_back(dropped ? "" : std::string(1, static_cast<char>(sign)));
+    if (sign < references || sign > lastReference) continue;
+    const std::string utf8 = ToUtf8(signs_.back());
+    unsigned code = static_cast<unsigned char>(utf8[0]);
+    if (utf8.size() == 2)
+      code = (code & 0x1Fu) << 6 | (static_cast<unsigned char>(utf8[1]) & 0x3Fu);
+    if (utf8.size() == 3)
+      code = (code & 0x0Fu) << 12 | (static_cast<unsigned char>(utf8[1]) & 0x3Fu) << 6 |
+             (static_cast<unsigned char>(utf8[2]) & 0x3Fu);
+    signs_.back() = "&#" + std::to_string(code) + ";";
+  }
+  const std::pair<char, std::string_view> entities[] = {{'&', "&amp;"},  {'<', "&lt;"},
+                                                        {'>', "&gt;"},   {'\'', "&apos;"},
+                                                        {'"', "&quot;"}, {'\xA3', "&#163;"}};
+  for (const auto& [sign, entity] : entities) signs_[static_cast<unsigned char>(sign)] = entity;
+}
+
+void XmlEscape::Append(std::string& to, std::string_view text) const {
+  for (const char sign : text) {
+    const std::string& written = signs_[static_cast<unsigned char>(sign)];
+    if (written.size() == 1)
+      to += written[0];
+    else
+      to += written;
+  }
+}
+
+const XmlEscape& LatinEscape() {
+  static const XmlEscape escape(0x80, 0x9F);
+  return escape;
+}
+
+const XmlEscape& AsciiEscape() {
+  static const XmlEscape escape(127, 255);
+  return escape;
+}
+
+// ---- Columns and cells
+
+std::vector<ExportColumn> ExportColumns(const Grid& grid, int first) {
+  std::vector<ExportColumn> columns;
+  const int captions = CaptionRow(grid);
+  for (int col = first; col < grid.Cols(); ++col) {
+    if (!grid.ColVisible(col) || grid.ColKey(col) == kGroupMonth) continue;
+    const std::string caption = grid.TextMatrix(captions, col);
+    columns.push_back({col, TypeOfColumn(grid.ColKey(col)), caption, TagOf(caption, col)});
+  }
+  return columns;
+}
+
+ExportColumn ColumnOfKey(const Grid& grid, std::string_view key) {
+  const int col = grid.ColIndex(key);
+  const std::string caption = grid.TextMatrix(CaptionRow(grid), col);
+  return {col, TypeOfColumn(key), caption, TagOf(caption, col)};
+}
+
+const std::string& ExportValues::Named(Texts& names, const Grid& table, std::string_view key,
+                                       std::string_view id) const {
+  if (names.empty()) {
+    names.emplace("", "");
+    const int ids = table.ColIndex("ID"), texts = table.ColIndex(key);
+    for (const int row : Records(table))
+      names.try_emplace(table.TextMatrix(row, ids), table.TextMatrix(row, texts));
+  }
+  static const std::string kNone;
+  const auto found = names.find(std::string(id));
+  return found == names.end() ? kNone : found->second;
+}
+
+const std::string& ExportValues::Shown(const ExportColumn& column, int row,
+                                       std::string_view cell) const {
+  const auto [text, added] = shown_[column.col].try_emplace(std::string(cell));
+  if (added) text->second = grid_.DisplayText(row, column.col);
+  return text->second;
+}
+
+ExportValue ExportValues::Of(const ExportColumn& column, int row, std::string_view cell) const {
+  if (cell.empty()) return {};
+  if (column.type != String) return TypedValue(column.type, cell);
+  const std::string& tag = column.tag;
+  if (tag == "practice" || tag == "ooh_provider" || tag == "branch_of")
+    return {String, Named(practices_, ledger_.fgPractices, "NAME", cell)};
+  if (tag == "invoice") return {String, Named(invoices_, ledger_.fgInvoices, "NUMBER", cell)};
+  if (tag == "session_type" || tag == "category" || grid_.ColFormat(column.col) == kHoursFormat)
+    return {String, Shown(column, row, cell)};
+  if (tag == "month")
+    if (const auto month = CellDate(cell)) return {String, FormatDate(*month, "mmmm yyyy")};
+  return {String, std::string(cell)};
+}
+
+void RowCells::Read(int row) {
+  record_.clear();
+  cells_.clear();
+  grid_.WriteRecord(row, record_);
+  std::size_t start = 0;
+  for (std::size_t end; (end = record_.find(kFieldEnd, start)) != std::string::npos;
+       start = end + 1)
+    cells_.push_back(std::string_view(record_).substr(start, end - start));
+}
+
+}  // namespace lm
