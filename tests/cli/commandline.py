@@ -4,9 +4,11 @@
 What they answer without a display, what init leaves alone, saves that are killed or meet a limit on
 the size of files, and two runs on one folder.
 """
+import csv
 import os
 import pathlib
 import resource
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -112,9 +114,52 @@ def two_runs_on_one_folder_keep_both_versions(folder):
         assert done.returncode == 0 and name in done.stdout and done.stdout.count('"row"') == 1, done
 
 
+def exports_are_whole_or_leave_the_old_file(folder):
+    assert run(CLI, "--now", "03/02/2026 10:30", "demo", folder).returncode == 0
+    file = pathlib.Path(folder) / "out.xml"
+    assert run(CLI, "--dir", folder, "export", "xml", str(file)).returncode == 0
+    whole = file.read_bytes()
+    assert whole.endswith(b"</locumdata>\r\n"), whole[-40:]
+
+    def limit():
+        resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))
+    done = run(CLI, "--dir", folder, "export", "xls", str(file), preexec_fn=limit)
+    assert done.returncode == 1 and "Unable to export the data" in done.stderr, done
+    assert "File too large" in done.stderr and file.read_bytes() == whole, done
+    for words, told in ((["csv", str(file)], "csv takes a table"),
+                        (["xml", str(file), "fgNothing"], "no such table"),
+                        (["pdf", str(file)], "export knows")):
+        done = run(CLI, "--dir", folder, "export", *words)
+        assert done.returncode == 2 and told in done.stderr, done
+    done = run(CLI, "--dir", folder, "report", "9", "01/01/2026", "28/02/2026")
+    assert done.returncode == 0 and done.stdout.splitlines()[-1] == "TOTAL,6,4,2,3,15", done
+    done = run(CLI, "--dir", folder, "report", "39", "01/01/2026", "28/02/2026")
+    assert done.returncode == 2 and "from 0 to 38" in done.stderr, done
+
+
+def a_spreadsheet_program_reads_the_workbook(folder):
+    office = shutil.which("soffice") or shutil.which("libreoffice")
+    if not office:
+        print("  no spreadsheet program here")
+        return
+    assert run(CLI, "--now", "03/02/2026 10:30", "demo", folder).returncode == 0
+    script = 'load\ncell fgSessions 2 NOTES "Café, 5 £ – naïve"\nsave\n'
+    assert run_script(folder, script, "--now", "03/02/2026 10:30").returncode == 0
+    book = pathlib.Path(folder) / "book.xml"
+    assert run(CLI, "--dir", folder, "export", "xls", str(book)).returncode == 0
+    subprocess.run([office, "--headless", f"-env:UserInstallation=file://{folder}/office",
+                    "--convert-to", "csv:Text - txt - csv (StarCalc):44,34,76,1",
+                    "--outdir", folder, str(book)], check=True, capture_output=True, timeout=180)
+    with open(pathlib.Path(folder) / "book.csv", encoding="utf-8", newline="") as table:
+        first = list(csv.reader(table))[1]
+    assert first == ["Riverside Surgery", "INV-00002", "05 Jan 2026", "", "8:30", "12:30", "NHS Normal",
+                     "340", "0", "44", "0", "384", "Café, 5 £ – naïve", "", "A,B"], first
+
+
 for test in (answers_without_a_display, init_never_touches_a_data_file,
              a_limit_on_the_size_of_files_is_told, killed_saves_leave_nothing_for_long,
-             two_runs_on_one_folder_keep_both_versions):
+             two_runs_on_one_folder_keep_both_versions,
+             exports_are_whole_or_leave_the_old_file, a_spreadsheet_program_reads_the_workbook):
     with tempfile.TemporaryDirectory() as directory:
         print(test.__name__, flush=True)
         test(str(pathlib.Path(directory) / "program"))

@@ -1,0 +1,62 @@
+// Exports of all records, beside writing the same bytes to a file without making them.
+#include <benchmark/benchmark.h>
+
+#include "bench/ledgers.h"
+#include "core/files.h"
+#include "reports/exports.h"
+
+namespace {
+
+using lm::bench::BusyLedger;
+
+using Write = void (*)(const lm::Ledger& ledger, lm::clsStringBuilder& file);
+
+void Workbook(const lm::Ledger& ledger, lm::clsStringBuilder& file) { WriteWorkbook(ledger, file); }
+
+void Sessions(const lm::Ledger& ledger, lm::clsStringBuilder& file) {
+  WriteGrid(ledger, {&ledger.fgSessions}, lm::GridFormat::Csv, file);
+}
+
+template <Write write>
+void Export(benchmark::State& state) {
+  lm::Ledger& ledger = BusyLedger(static_cast<int>(state.range(0))).ledger;
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    bytes = 0;
+    lm::clsStringBuilder file([&](std::string_view block) { bytes += block.size(); });
+    write(ledger, file);
+    file.Flush();
+  }
+  state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * state.iterations());
+  state.counters["MB"] = static_cast<double>(bytes) / 1e6;
+}
+
+template <Write write>
+void ExportToFile(benchmark::State& state) {
+  auto& test = BusyLedger(static_cast<int>(state.range(0)));
+  const auto path = test.ledger.File("out.xml");
+  for (auto _ : state)
+    WriteExportFile(test.ledger, path,
+                    [&](lm::clsStringBuilder& file) { write(test.ledger, file); });
+  state.SetBytesProcessed(static_cast<std::int64_t>(std::filesystem::file_size(path)) *
+                          state.iterations());
+}
+
+void PlainFile(benchmark::State& state) {
+  auto& test = BusyLedger(static_cast<int>(state.range(0)));
+  lm::clsStringBuilder text;
+  WriteAllData(test.ledger, text);
+  std::string error;
+  for (auto _ : state) lm::ReplaceFile(test.ledger.File("plain.xml"), text.ToString(), error);
+  state.SetBytesProcessed(static_cast<std::int64_t>(text.ToString().size()) * state.iterations());
+}
+
+#define BENCH(name) \
+  BENCHMARK(name)->Arg(1'000)->Arg(10'000)->Arg(50'000)->Unit(benchmark::kMillisecond)
+BENCH(Export<lm::WriteAllData>)->Name("AllData");
+BENCH(Export<Workbook>)->Name("Workbook");
+BENCH(Export<Sessions>)->Name("SessionsAsCsv");
+BENCH(ExportToFile<lm::WriteAllData>)->Name("AllDataToFile");
+BENCH(PlainFile);
+
+}  // namespace
