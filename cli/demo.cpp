@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <functional>
 #include <ostream>
 #include <sstream>
 #include <string_view>
@@ -125,42 +127,137 @@ void EnterSession(std::ostream& script, const DemoSession& session, Date firstMo
   script << "press cmdOk\n";
 }
 
-// The month's invoices: one paid, one sent, the others still to go.
-void PrepareInvoices(std::ostream& script, Date now) {
-  const std::string first = CellText(FirstOfMonth(now));
-  script << "open frmPrepareInvoices new\npress lblLastMonth\nset txtIDate " << first
-         << "\npress cmdCreateInvoices\npress cmdClose\n"
-         << "open frmInvoice open 1\nset cSDate " << first << "\nset cSentBy email\nset cPayDate "
-         << CellText(now) << "\nset cPayMethod BACS\npress cmdOk\n"
-         << "open frmInvoice open 2\nset cSDate " << first << "\nset cSentBy email\npress cmdOk\n";
+void EnterSessions(std::ostream& script, Date month, const std::function<bool(int)>& worked) {
+  const Date firstMonday = month + (8 - WeekdayMondayFirst(month)) % 7;
+  for (int i = 0; i < static_cast<int>(kSessions.size()); ++i)
+    if (worked(i)) EnterSession(script, kSessions[static_cast<std::size_t>(i)], firstMonday);
 }
 
-// The month's forms: those of the practices, two of them back already and so on this month's Form
-// B, and one for the out-of-hours provider.
-void PreparePensionForms(std::ostream& script, Date now) {
-  const std::string today = CellText(now);
+void EnterPractices(std::ostream& script) {
+  for (const DemoPractice& practice : kPractices) EnterPractice(script, practice);
+  script << "cell fgPractices #3 BRANCHOF \"Old Mill Medical Centre\"\n";
+}
+
+// The invoices of the month before.
+void CreateInvoices(std::ostream& script, Date now) {
+  script << "open frmPrepareInvoices new\npress lblLastMonth\nset txtIDate "
+         << CellText(FirstOfMonth(now)) << "\npress cmdCreateInvoices\npress cmdClose\n";
+}
+
+void SendInvoice(std::ostream& script, int id, Date sent) {
+  script << "open frmInvoice open " << id << "\nset cSDate " << CellText(sent)
+         << "\nset cSentBy email\npress cmdOk\n";
+}
+
+void PayInvoice(std::ostream& script, int id, Date paid) {
+  script << "open frmInvoice open " << id << "\nset cPayDate " << CellText(paid)
+         << "\nset cPayMethod BACS\npress cmdOk\n";
+}
+
+// The forms of the month before: those of the practices, of which some come back and so stand on
+// this month's Form B, and one for the out-of-hours provider. `firstRow` is that of the first of
+// these Forms A.
+void PreparePensionForms(std::ostream& script, Date now, int firstRow, int back) {
   script << "open frmPensionForms new\npress cmdMonthDown\nset optForm1 TRUE\n"
          << "press cmdPrepareForms\nset optForm3 TRUE\npress cmdPrepareForms\npress cmdClose\n";
-  for (const int row : {2, 3})
+  for (int row = firstRow; row < firstRow + back; ++row)
     script << "cell fgPensionA " << row << " SENTTOPRACTICE " << CellText(FirstOfMonth(now))
-           << "\ncell fgPensionA " << row << " RCVDFROMPRACTICE " << today << '\n';
+           << "\ncell fgPensionA " << row << " RCVDFROMPRACTICE " << CellText(now) << '\n';
   script << "open frmPensionForms new\nset optForm2 TRUE\npress cmdPrepareForms\npress cmdClose\n";
+}
+
+// ---- Years
+
+constexpr int kInvoicesAMonth = 3, kFormsAMonth = 3;
+constexpr int kFirstRow = 2;
+
+// Those without which a practice would have no invoice or no form that month.
+constexpr bool IsKept(int session) { return session <= 4; }
+
+// Quiet Augusts, and each month some sessions that did not come.
+bool IsWorked(int session, int step, Date month) {
+  if (IsKept(session)) return true;
+  return ToCivilDate(month).month == 8 ? session % 3 == 0 : (session * 5 + step * 3) % 7 > 1;
+}
+
+void EnterExpenses(std::ostream& script, Date first, int months) {
+  struct Monthly {
+    std::string_view item, amount, category;
+    int day;  // of the month
+  };
+  static constexpr Monthly kMonthly[] = {{"Indemnity", "154", "Other", 5},
+                                         {"Mobile phone", "18.50", "Other", 12}};
+  for (const Monthly& each : kMonthly)
+    script << "press mnuNewExpense\nset txtItem \"" << each.item << "\"\nset txtAmount "
+           << each.amount << "\nset txtCategory " << each.category
+           << "\nset optRepetition_Monthly TRUE\nclick fgRecurOnDays " << (each.day - 1) / 7 << ' '
+           << (each.day - 1) % 7 << "\nset txtStartDate " << CellText(first)
+           << "\nset optDuration_StopAfter TRUE\nset txtStopAfter " << std::min(months, 99)
+           << "\npress cmdOK\n";
+}
+
+void EnterEvents(std::ostream& script, Date month) {
+  const auto enter = [&](std::string_view title, Date from, Date to, std::string_view category) {
+    script << "open frmEvent new " << CellText(from) << "\nset cTitle \"" << title
+           << "\"\nset cCategory \"" << category << "\"\nset cEDate " << CellText(to)
+           << "\npress cmdOk\n";
+  };
+  if (ToCivilDate(month).month == 8) enter("Summer holiday", month + 9, month + 22, "Vacation");
+  if (ToCivilDate(month).month == 11) enter("Appraisal", month + 17, month + 17, "Training/Study");
 }
 
 }  // namespace
 
 std::string DemoScript(Date now) {
-  const Date month = FirstOfMonth(AddMonths(now, -1));
-  const Date firstMonday = month + (8 - WeekdayMondayFirst(month)) % 7;
   std::ostringstream script;
   script << kStart;
-  for (const DemoPractice& practice : kPractices) EnterPractice(script, practice);
-  script << "cell fgPractices #3 BRANCHOF \"Old Mill Medical Centre\"\n";
-  for (const DemoSession& session : kSessions) EnterSession(script, session, firstMonday);
-  PrepareInvoices(script, now);
-  PreparePensionForms(script, now);
+  EnterPractices(script);
+  EnterSessions(script, FirstOfMonth(AddMonths(now, -1)), [](int) { return true; });
+  CreateInvoices(script, now);
+  SendInvoice(script, 1, FirstOfMonth(now));
+  PayInvoice(script, 1, now);
+  SendInvoice(script, 2, FirstOfMonth(now));
+  PreparePensionForms(script, now, kFirstRow, 2);
   script << "save\n";
   return script.str();
+}
+
+std::vector<DemoStep> DemoYears(Date now, int years) {
+  std::vector<DemoStep> steps;
+  const int months = years * 12;
+  for (int step = 0; step < months; ++step) {
+    const bool last = step + 1 == months;
+    const Date month = FirstOfMonth(AddMonths(now, step - months));
+    const Date today = last ? now : AddMonths(month, 1) + 2 + TimeSerial(10, 30);
+    std::ostringstream script;
+    if (step == 0) {
+      script << kStart;
+      EnterPractices(script);
+      EnterExpenses(script, month, months + 1);
+    }
+    if (step > 0 && step % 12 == 0)
+      script << "cell fgPractices #1 RATE_NORMAL " << 85 + step / 4 << '\n';
+    EnterSessions(script, month, [&](int i) { return IsWorked(i, step, month); });
+    EnterEvents(script, month);
+    CreateInvoices(script, today);
+    const int firstInvoice = 1 + step * kInvoicesAMonth;
+    for (int id = firstInvoice; id < firstInvoice + kInvoicesAMonth - last; ++id)
+      SendInvoice(script, id, FirstOfMonth(today));
+    // What was sent a month ago is paid by now, but for one that was forgotten.
+    for (int id = firstInvoice - kInvoicesAMonth; step > 0 && id < firstInvoice; ++id)
+      if (id % 31 != 0) PayInvoice(script, id, std::floor(today) - id % 9);
+    PreparePensionForms(script, today, kFirstRow + step * kFormsAMonth,
+                        last ? kFormsAMonth - 1 : kFormsAMonth);
+    if (!last)
+      script << "cell fgPensionB last SENTTOHA " << CellText(today + 4)
+             << "\ncell fgPensionSolo last SENTTOHA " << CellText(today + 4) << '\n';
+    if (last) {  // what is booked
+      EnterSessions(script, FirstOfMonth(now), [](int i) { return i % 3 != 2; });
+      script << "save\n";
+    }
+    steps.push_back({today, script.str()});
+  }
+  return steps;
 }
 
 void TellWrittenFiles(const std::filesystem::path& directory, std::ostream& output) {

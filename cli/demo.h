@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 #include "core/dates.h"
 
@@ -12,6 +13,14 @@ namespace lm {
 
 // The script that enters the month before `now`, in UTF-8.
 std::string DemoScript(Date now);
+
+// A script and the time at which it runs. The steps follow one another in one run.
+struct DemoStep {
+  Date now;
+  std::string script;
+};
+// The months of so many years up to now: each is worked, billed, pensioned and paid in its time.
+std::vector<DemoStep> DemoYears(Date now, int years);
 
 // A line for each file in the directory.
 void TellWrittenFiles(const std::filesystem::path& directory, std::ostream& output);

@@ -14,6 +14,7 @@
 #include "cli/templatecommands.h"
 #include "cli/terminal.h"
 #include "core/files.h"
+#include "core/numbers.h"
 #include "core/options.h"
 #include "core/startup.h"
 #include "core/text.h"
@@ -30,7 +31,8 @@ constexpr std::string_view kUsage =
     "                        [--force] COMMAND\n"
     "\n"
     "  init        makes a new program directory\n"
-    "  demo DIR    makes a program directory with a believable month of work\n"
+    "  demo DIR [--years N]\n"
+    "              makes a program directory with a believable month, or 1 to 10 years, of work\n"
     "  run FILE    runs a script, - for standard input\n"
     "  pdf info FILE | pdf import FILE OUT | pdf sample OUT\n"
     "  template encipher IN OUT | template decipher IN OUT | template check FILE\n"
@@ -114,13 +116,31 @@ int Init(lm::Ledger& ledger, const Settings& settings) {
   return 0;
 }
 
+// How many years the demo is asked for: "--years N"; 0 for the month alone, nothing for other
+// words.
+std::optional<int> DemoYearsOf(const std::vector<std::string>& command) {
+  constexpr int kMostYears = 10;
+  if (command.size() == 2) return 0;
+  if (command.size() != 4 || command[2] != "--years" || !lm::AllDigits(command[3])) return {};
+  const int years = lm::ValInt(command[3]);
+  return years >= 1 && years <= kMostYears ? std::optional(years) : std::nullopt;
+}
+
 int Demo(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledger, const Settings& settings) {
+  const auto years = DemoYearsOf(settings.command);
+  if (!years) return Fail("demo DIR takes --years and a number from 1 to 10, or nothing more");
   if (HoldsData(ledger) && !settings.force)
     return Fail("the directory already holds data; --force adds the demo month to it");
-  std::istringstream lines(lm::DemoScript(terminal.Now()));
+  const lm::Date now = terminal.Now();
+  const std::vector<lm::DemoStep> steps =
+      *years > 0 ? lm::DemoYears(now, *years) : std::vector{lm::DemoStep{now, lm::DemoScript(now)}};
   std::ostringstream silent;
   terminal.SetOutput(silent);
-  if (!script.Run(lines)) {
+  for (const lm::DemoStep& step : steps) {
+    terminal.fixedNow = step.now;
+    silent.str("");
+    std::istringstream lines(step.script);
+    if (script.Run(lines)) continue;
     std::cerr << silent.str();
     return 1;
   }
