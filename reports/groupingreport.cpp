@@ -40,6 +40,7 @@ struct ReportColumn {
   DataType type = DataType::Text;
   std::string_view format = "";
   bool calculated = false;
+  int width = -1;  // twips; -1 fits what it shows
 };
 
 constexpr ReportColumn Figure(std::string_view title, std::string_view key,
@@ -57,7 +58,7 @@ constexpr ReportColumn kSessionColumns[] = {
     Figure("Rate", "RATE"),
     Figure("Extras", "EXTRAS"),
     Figure("Expenses", "EXPENSES"),
-    Figure("Employer Contrib.", "EMPLOYERCONTRIB"),
+    {"Employer Contrib.", "EMPLOYERCONTRIB", DataType::Money, "0.00", true, 1200},
     Figure("Total", "TOTAL"),
 };
 
@@ -95,6 +96,7 @@ void Lay(std::span<const ReportColumn> columns, Grid& report) {
     if (!column.key.empty()) report.SetColKey(col, column.key);
     report.SetColDataType(col, column.type);
     report.SetColFormat(col, column.format);
+    report.SetColWidth(col, column.width);
     if (column.type == DataType::Money) report.SetColAlignment(col, Alignment::Right);
     if (column.calculated) report.SetCell(CellSetting::flexcpData, 0, col, kCalculated);
     ++col;

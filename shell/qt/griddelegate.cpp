@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -96,6 +97,11 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QString picture = model.PictureOf(row, index.column());
   const bool before = !picture.isEmpty() && picture != ToQt(kSwatch) && !text.isEmpty();
   if (before) place.setLeft(option.rect.left() + kExpanderWidth);
+  if (view_->rowSpan(index.row(), index.column()) > 1) {
+    const QRect seen = option.rect & view_->viewport()->rect();
+    place.setTop(seen.top());
+    place.setHeight(std::min(view_->verticalHeader()->defaultSectionSize(), seen.height()));
+  }
   if (tick) place.setLeft(PaintTick(*painter, cell, text.isEmpty()));
   const bool selected = option.state & QStyle::State_Selected;
   const auto colours = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;

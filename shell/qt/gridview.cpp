@@ -60,6 +60,10 @@ GridView::GridView(QWidget* parent)
   connect(header, &QHeaderView::sectionResized, this,
           [this](int col, int, int pixels) { HeaderSized(col, pixels); });
   connect(header, &QHeaderView::sectionMoved, this, &GridView::HeaderMoved);
+  // The text of a tall block stays in sight, and so stands elsewhere in it.
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    if (Shown() && Shown()->MergeCells() != MergeSetting::Never) viewport()->update();
+  });
   connect(model_, &QAbstractItemModel::modelReset, this, &GridView::ReadLayout);
   connect(model_, &GridModel::cursorMoved, this, &GridView::ReadCursor);
 }
@@ -235,7 +239,7 @@ int GridView::ColumnWidth(int col) {
   const int twips = Shown()->ColWidth(col);
   if (twips > 0) return TwipsToPixels(twips, logicalDpiX());
   const std::string& key = Shown()->ColKey(col);
-  int& width = measured_[key.empty() ? std::to_string(col) : key];
+  int& width = measured_[key.empty() ? Shown()->TextMatrix(CaptionRow(*Shown()), col) : key];
   width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));
   return width;
 }
