@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "cli/chartjson.h"
 #include "cli/gridcells.h"
 #include "cli/words.h"
 #include "core/clsMD5.h"
@@ -18,6 +19,7 @@
 #include "entry/money.h"
 #include "entry/parsedate.h"
 #include "entry/parsetime.h"
+#include "reports/frmChart.h"
 #include "shell/entry.h"
 
 namespace lm {
@@ -103,6 +105,7 @@ const std::vector<Script::Action>& Script::Actions() {
       {"merge", 1, &Script::DoMerge},   {"save", 0, &Script::DoSave},
       {"undo", 0, &Script::DoUndo},     {"redo", 0, &Script::DoRedo},
       {"path", 1, &Script::DoPath},     {"colour", 1, &Script::DoColour},
+      {"chart", 0, &Script::DoChart},
   };
   return actions;
 }
@@ -306,6 +309,12 @@ void Script::DoMoveColumn(Words words) {
   RequireLoaded();
   Grid& grid = *NamedGrid(words[0]).grid;
   main_->ColumnMoved(grid, NamedColumn(grid, words[1]), ValInt(words[2]));
+}
+
+void Script::DoChart(Words) {
+  const auto* window = dynamic_cast<const frmChart*>(Top());
+  if (!window) throw ScriptError("no chart is open");
+  terminal_.Emit(ChartLine(window->Shown()));
 }
 
 void Script::DoShow(Words words) {

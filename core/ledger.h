@@ -71,6 +71,8 @@ class Ledger {
   std::string dataFileStamp;    // of DataFile() as this run last loaded or saved it, else ""
   std::map<int, std::string> typedDetails;  // My Details typed since the last save, by field
   std::set<std::string> shownTips;          // texts of the one-time messages shown in this run
+  int chartType = 0;                        // what was chosen last of charts
+  bool chartByDate = false;
   std::filesystem::path programDirectory;
   std::vector<Screen*> openScreens;  // the windows on the screen, the topmost last
 

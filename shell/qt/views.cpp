@@ -56,6 +56,8 @@ ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent
   ApplyLineIcons(*this);
   if (!popup_) LevelButtons(*this);
   binder_ = std::make_unique<Binder>(*this, screen);
+  for (QWidget* widget : findChildren<QWidget*>())
+    if (auto* part = dynamic_cast<ScreenPart*>(widget)) part->AttachTo(screen);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   binder_->onCaptionChanged = showCaption;
   binder_->onClosed = [this] { done(0); };

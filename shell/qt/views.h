@@ -21,6 +21,14 @@ struct ViewSpec {
 std::span<const ViewSpec> Views();
 const ViewSpec* FindView(std::string_view screen);  // null when no view is registered
 
+// A widget that shows more of a screen than one field or list: it is handed the screen, whose fields
+// are bound by then, and which outlives it.
+class ScreenPart {
+ public:
+  virtual ~ScreenPart() = default;
+  virtual void AttachTo(Screen& screen) = 0;
+};
+
 // A screen in its window. Closing the frame and Escape ask the screen, which closes or not. A view
 // with the property "popup" drops without a frame below what opened it, and closes when the user
 // clicks elsewhere.

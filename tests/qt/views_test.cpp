@@ -19,6 +19,8 @@
 #include "entry/frmPopupCalendar.h"
 #include "entry/frmPopupClock.h"
 #include "entry/frmPopupNumbers.h"
+#include "reports/frmChart.h"
+#include "reports/frmChartOptions.h"
 #include "shell/frmMain.h"
 #include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
@@ -28,6 +30,7 @@
 #include "shell/qt/views.h"
 #include "shell/windows.h"
 #include "tests/qt/demo.h"
+#include "tests/reports/chart_desk.h"
 
 namespace lm::test {
 namespace {
@@ -42,8 +45,16 @@ std::function<void(Ledger&, const Visit&)> Make(Rest... rest) {
   };
 }
 
+void MakeChart(Ledger& ledger, const Visit& visit) {
+  const ReportMatrix report = YearOfWork();
+  frmChart screen(ledger, report, "Work Value", "A year");
+  visit(screen);
+}
+
 // The windows that the program opens itself, and never by their name.
 const std::map<std::string, std::function<void(Ledger&, const Visit&)>> kOwnWindows{
+    {"frmChart", MakeChart},
+    {"frmChartOptions", Make<frmChartOptions>(ChartChoice{}, [](ChartChoice) {})},
     {"frmGetPassword", Make<frmGetPassword>("LedgerMinder.dat")},
     {"frmPopupCalendar", Make<frmPopupCalendar>("Date")},
     {"frmPopupClock", Make<frmPopupClock>("Time")},
@@ -168,7 +179,8 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
       {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
       {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"},
       {"frmAddExpenses", "txtItem"},      {"frmGettingStarted", "cmdPractices"},
-      {"frmConfigure", "fgChooser"}};
+      {"frmConfigure", "fgChooser"},      {"frmChart", "plotChart"},
+      {"frmChartOptions", "picChartType"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

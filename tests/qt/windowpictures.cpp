@@ -27,6 +27,8 @@
 #include "records/frmRateCompare.h"
 #include "records/frmSession.h"
 #include "records/frmWelcome.h"
+#include "reports/frmChart.h"
+#include "reports/frmChartOptions.h"
 #include "reports/taxreport.h"
 #include "shell/frmConfigure.h"
 #include "shell/frmGettingStarted.h"
@@ -39,6 +41,7 @@
 #include "shell/printtable.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/calendarprint.h"
+#include "shell/qt/chartpainting.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
@@ -49,6 +52,7 @@
 #include "shell/qt/views.h"
 #include "shell/windows.h"
 #include "tests/qt/demo.h"
+#include "tests/reports/chart_desk.h"
 
 namespace {
 
@@ -343,6 +347,34 @@ void GrabPension(test::TestLedger& test) {
   GrabScreen(prepare, "frmPensionForms");
 }
 
+void GrabCharts(test::TestLedger& test) {
+  const test::ReportMatrix year = test::YearOfWork();
+  const test::ReportMatrix many(test::Numbered("A Practice with a Long Name, Number", 30),
+                                test::Days(80, 30));
+  const test::ReportMatrix hours({"Riverside Surgery", "Elm Tree Medical Centre"},
+                                 {{"Jan 26", {"36:30", "-8:30"}}, {"Feb 26", {"24:00", "12:15"}}},
+                                 "");
+  const std::pair<const char*, const test::ReportMatrix*> kReports[] = {
+      {"", &year}, {"-many", &many}, {"-hours", &hours}};
+  for (const auto& [name, report] : kReports) {
+    frmChart chart(test, *report, "Work Value - All (Rates + Extras + Expenses)",
+                   "1 April 2025 to 31 March 2026, by month");
+    for (int type = 0; type < kChartTypes; ++type)
+      for (const ChartGroup group : {ChartGroup::Practice, ChartGroup::Date}) {
+        chart.SetChoice({static_cast<ChartType>(type), group});
+        GrabScreen(chart,
+                   QString("frmChart%1-%2-%3").arg(name).arg(type).arg(static_cast<int>(group)));
+      }
+  }
+  frmChart chart(test, year, "Work Value", "A year");
+  chart.SetChoice({ChartType::Stacked, ChartGroup::Date});
+  QPdfWriter paper(qEnvironmentVariable("LEDGERMINDER_PICTURES") + "/printed-chart.pdf");
+  paper.setPageOrientation(QPageLayout::Landscape);
+  PaintChart(paper, chart.Shown(), chart.Titles());
+  frmChartOptions options(test, {}, [](ChartChoice) {});
+  GrabScreen(options, "frmChartOptions");
+}
+
 void GrabBoxes() {
   MessageBoxText box;
   box.title = "Duplicate Session";
@@ -397,6 +429,7 @@ int main(int argc, char** argv) {
   GrabRecords(test);
   GrabInvoices(test);
   GrabBoxes();
+  GrabCharts(test);
   lm::test::FillPensionDemo(test);
   GrabPension(test);
   return 0;
