@@ -23,7 +23,10 @@ bool WriteChartPdf(const Chart& chart, const ChartTitles& titles, ClockPort& clo
   pdf.SetCompression(kDeflate, 0, 0);
   pdf.SetDocProperty(titles.main, titles.sub, "",
                      std::string(kProductName) + " " + std::string(ProgramVersion()));
-  pdf.BeginDoc(PathText(path));
+  if (pdf.BeginDoc(PathText(path)).empty()) {
+    error = pdf.ErrDescription();
+    return false;
+  }
   pdf.SetPaperSize(kOwnPaper, kChartPage.width, kChartPage.height);
   pdf.BeginPage();
   PdfCanvas canvas(pdf);

@@ -8,12 +8,12 @@
 #include "core/format.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "reports/standardreport.h"
 
 namespace lm {
 namespace {
 
 constexpr std::string_view kOthers = "Others";
-constexpr int kSliver = 15;  // twips of a row's height
 constexpr int kCaptions = 1;
 constexpr int kMinutesAnHour = 60;
 constexpr double kMostValue = 1e12;  // sums of so many stay exact enough to draw
@@ -70,7 +70,7 @@ Matrix ReadMatrix(const Grid& report) {
     std::vector<double> values;
     for (int col = firstCol; col < totalCol; ++col)
       values.push_back(ChartValue(report.TextMatrix(row, col)));
-    if (report.RowHeight(row) == kSliver && std::ranges::all_of(values, IsZero)) continue;
+    if (report.RowHeight(row) == kReportSliver && std::ranges::all_of(values, IsZero)) continue;
     matrix.periods.push_back(report.TextMatrix(row, 0));
     for (std::size_t i = 0; i < values.size(); ++i) matrix.columns[i].values.push_back(values[i]);
   }

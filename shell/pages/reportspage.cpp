@@ -8,6 +8,7 @@
 #include "core/platform.h"
 #include "core/text.h"
 #include "entry/pickedboxes.h"
+#include "reports/frmChart.h"
 #include "reports/rowtags.h"
 #include "reports/standardreport.h"
 #include "reports/taxreport.h"
@@ -128,6 +129,8 @@ ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kSpec) {
   AddButton({&cmdRefreshReport, "refresh"}, "&Refresh", [this] { RefreshStandardReport(); });
   AddButton({&cmdRefreshGroupingReport, "refresh"}, "&Refresh",
             [this] { RefreshGroupingReport(); });
+  AddButton({&cmdChart, "reports"}, "C&hart...",
+            [this] { ShowChart(ledger, fgReports, shownReport_, shownPeriod_); });
   AddButton({&cmdTaxYear_Previous, "left"}, "", [this] { MoveTaxYear(-1); });
   AddButton({&cmdTaxYear_Next, "right"}, "", [this] { MoveTaxYear(+1); });
   AddButton({&cmdRefreshTaxReport, "refresh"}, "&Refresh", [this] { RefreshTaxReport(); });

@@ -19,12 +19,13 @@ class PictureDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
+  QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override { return kEntry; }
+
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     constexpr int kAir = 4;
     const bool chosen = option.state & QStyle::State_Selected;
-    const QRect cell(option.rect.topLeft(), kEntry);
-    const QRect field = cell.adjusted(kAir, kAir, -kAir, 0);
+    const QRect field = option.rect.adjusted(kAir, kAir, -kAir, 0);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     if (chosen) {

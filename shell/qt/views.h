@@ -21,8 +21,8 @@ struct ViewSpec {
 std::span<const ViewSpec> Views();
 const ViewSpec* FindView(std::string_view screen);  // null when no view is registered
 
-// A widget that shows more of a screen than one field or list: it is handed the screen, whose fields
-// are bound by then, and which outlives it.
+// A widget that shows more of a screen than one field or list: it is handed the screen, whose
+// fields are bound by then, and which outlives it.
 class ScreenPart {
  public:
   virtual ~ScreenPart() = default;

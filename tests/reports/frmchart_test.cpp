@@ -104,7 +104,9 @@ TEST_F(FrmChartTest, AFailedSaveIsToldAndLeavesTheOldFile) {
   for (const char* name : {"missing/a.svg", "missing/a.pdf"}) {
     Save(name);
     ASSERT_EQ(test.shown.messages.size(), 1u) << name;
-    EXPECT_NE(test.shown.messages[0].minorPrompt.find(name), std::string::npos);
+    const std::string reason = test.shown.messages[0].minorPrompt;
+    EXPECT_NE(reason.find(name), std::string::npos);
+    EXPECT_EQ(reason.find("document"), std::string::npos) << reason;
     EXPECT_NE(test.shown.TakeMessage(), "");
     test.shown.messages.clear();
   }
