@@ -1,7 +1,6 @@
 // The window of a chart: values told by the pointer and the keys, its places, and its pictures.
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QImage>
 #include <QListWidget>
 #include <QPushButton>
@@ -121,23 +120,6 @@ TEST_F(ChartWindowTest, PngHasTheColoursOnWhitePaper) {
         found[static_cast<std::size_t>(i)] +=
             picture.pixelColor(x, y) == ToQColor(ChartColour(screen.Shown(), i));
   for (const int count : found) EXPECT_GT(count, 500);
-}
-
-// What would take minutes if each value were painted takes a moment; the limit leaves room for slow
-// machines.
-TEST_F(ChartWindowTest, TenYearsOfDaysDoNotHang) {
-  const ReportMatrix long60(Numbered("P", 60), Days(3659, 60));
-  frmChart many(test, long60, "Ten years", "");
-  ScreenDialog window(*FindView("frmChart"), many, nullptr);
-  window.show();
-  QElapsedTimer timer;
-  timer.start();
-  for (int type = 0; type < kChartTypes; ++type) {
-    many.SetChoice({static_cast<ChartType>(type), ChartGroup::Date});
-    window.grab();
-  }
-  EXPECT_LT(timer.elapsed(), 60'000);
-  RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
 }
 
 }  // namespace
