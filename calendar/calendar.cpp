@@ -108,7 +108,9 @@ std::vector<CalendarSession> CalendarRecords::SessionsBetween(Date first, Date l
   return found;
 }
 
-std::vector<CalendarEvent> EventsBetween(const Ledger& ledger, Date first, Date last) {
+std::vector<CalendarEvent> EventsBetween(const Ledger& ledger, Date first, Date last,
+                                         EventDays days) {
+  const bool clipped = days == EventDays::WithinPeriod;
   const Grid& events = ledger.fgEvents;
   const int startCol = events.ColIndex("SDATE"), endCol = events.ColIndex("EDATE");
   const auto categories = EventCategories(ledger);
@@ -123,7 +125,8 @@ std::vector<CalendarEvent> EventsBetween(const Ledger& ledger, Date first, Date 
     const auto category = std::ranges::find_if(
         categories, [&](const EventCategory& each) { return each.code == ValInt(code); });
     found.push_back({events.TextMatrix(row, "ID"), events.TextMatrix(row, "TITLE"),
-                     std::max(*start, first), std::min(end, last),
+                     clipped ? std::max(*start, first) : *start,
+                     clipped ? std::min(end, last) : end,
                      category == categories.end() || Trim(code).empty() ? 0 : category->colour});
   }
   std::ranges::stable_sort(found, {}, &CalendarEvent::start);

@@ -89,12 +89,14 @@ class CalendarRecords : private GridObserver {
 
 struct CalendarEvent {
   std::string id, title;
-  Date start = 0, end = 0;  // within the period
+  Date start = 0, end = 0;
   Colour colour = 0;
 };
-// Those that touch the period, by the day on which they start in it, ties in the order of the
-// table.
-std::vector<CalendarEvent> EventsBetween(const Ledger& ledger, Date first, Date last);
+// Whether events that reach out of a period are told with its days alone or with all of theirs.
+enum class EventDays { WithinPeriod, All };
+// Those that touch the period, by the day on which they start, ties in the order of the table.
+std::vector<CalendarEvent> EventsBetween(const Ledger& ledger, Date first, Date last,
+                                         EventDays days = EventDays::WithinPeriod);
 
 struct PlacedEvent {
   CalendarEvent event;

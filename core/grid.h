@@ -77,7 +77,8 @@ enum class MergeSetting {
   Free = 1,
   RestrictRows = 2,
   RestrictColumns = 3,
-  RestrictAll = 4
+  RestrictAll = 4,
+  Spill = 6
 };
 
 // Where a block of equal neighbouring cells is drawn as one.
@@ -244,7 +245,7 @@ class Grid {
   // merged. Header cells and data cells, and group rows and records, never merge with each other.
   // Free merges along rows with MergeRow and columns with MergeCol. RestrictColumns merges a cell
   // down only as far as the cell on its left is merged, RestrictRows across only as far as the cell
-  // above is.
+  // above is. Spill draws every text over the empty cells behind it.
   CellRange MergedRange(int row, int col) const;
 
   // Cursor and scrolling, -1 for none.
@@ -314,6 +315,7 @@ class Grid {
   bool IsMergedAcross(int row, int col) const;
   CellRange MergedAcross(const CellRange& region, int row, int col) const;
   CellRange MergedDown(const CellRange& region, int row, int col) const;
+  CellRange Spilled(const CellRange& region, int row, int col) const;
 
   template <typename Notice>
   void Tell(Notice notice);

@@ -1,4 +1,4 @@
-// Merging: which block of equal neighbours a cell is drawn with.
+// Merging: which block of equal neighbours, or of empty ones, a cell is drawn with.
 #include <algorithm>
 
 #include "core/grid_storage.h"
@@ -102,10 +102,21 @@ CellRange Grid::MergedDown(const CellRange& region, int row, int col) const {
   return EqualDown(within, row, col);
 }
 
+// From the nearest text at or before the cell up to the next one.
+CellRange Grid::Spilled(const CellRange& region, int row, int col) const {
+  const auto isEmpty = [&](int at) { return DisplayText(row, at).empty(); };
+  int first = col, last = col;
+  while (first > region.col1 && isEmpty(first)) --first;
+  if (isEmpty(first)) return {row, col, row, col};
+  while (last < region.col2 && isEmpty(last + 1)) ++last;
+  return {row, first, row, last};
+}
+
 CellRange Grid::MergedRange(int row, int col) const {
   const CellRange alone{row, col, row, col};
   if (mergeCells_ == MergeSetting::Never || !IsRow(row) || !IsCol(col)) return alone;
   const CellRange region = RegionOf(row, col);
+  if (mergeCells_ == MergeSetting::Spill) return Spilled(region, row, col);
   const CellRange across = MergedAcross(region, row, col);
   return across == alone ? MergedDown(region, row, col) : across;
 }
