@@ -1,7 +1,5 @@
 #include "shell/entry.h"
 
-#include <algorithm>
-
 #include "core/datafile.h"
 #include "core/files.h"
 #include "core/formatting.h"
@@ -92,14 +90,6 @@ Page StartPageOf(const Ledger& ledger) {
   return Page::LMToday;
 }
 
-// A page whose content is still to come is nothing to begin with.
-Page FirstPage(const frmMain& window) {
-  const Page chosen = StartPageOf(window.ledger);
-  const auto page =
-      std::ranges::find(window.Pages(), chosen, [](const auto& each) { return each->Spec().page; });
-  return window.ledger.firstStart && !(*page)->Ready() ? Page::Sessions : chosen;
-}
-
 void ReplaceOldTemplateKind(Ledger& ledger) {
   if (!GetOption(ledger, optInvoiceTemplate).ends_with(".tpl")) return;
   SetOption(ledger, optInvoiceTemplate, "Light Blue.tmpl");
@@ -163,7 +153,7 @@ frmMain* RunEntryProcedure(Ledger& ledger, const EntryHooks& hooks, std::string_
 void FinishStart(frmMain& window, const EntryHooks& hooks) {
   Ledger& ledger = window.ledger;
   window.DataLoaded();
-  window.ShowPage(FirstPage(window));
+  window.ShowPage(StartPageOf(ledger));
   ledger.firstStart = false;
   if (hooks.closeSplash) hooks.closeSplash();
   if (window.showWindow) window.showWindow();

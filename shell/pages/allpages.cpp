@@ -1,7 +1,6 @@
 #include "shell/pages/allpages.h"
 
 #include "shell/pages/calendarpage.h"
-#include "shell/pages/comingpages.h"
 #include "shell/pages/eventspage.h"
 #include "shell/pages/expensespage.h"
 #include "shell/pages/invoicespage.h"
@@ -10,6 +9,7 @@
 #include "shell/pages/practicespage.h"
 #include "shell/pages/reportspage.h"
 #include "shell/pages/sessionspage.h"
+#include "shell/pages/todaypage.h"
 
 namespace lm {
 namespace {

@@ -130,6 +130,17 @@ void GridView::ReadLayout() {
   const int scrolled = verticalScrollBar()->value();
   ReadStyle();
   reading_ = true;
+  ReadColumns();
+  ReadRows();
+  ReadSpans();
+  if (hidesWhenEmpty_) setVisible(model_->rowCount() > 0);
+  reading_ = false;
+  ReadCursor();
+  verticalScrollBar()->setValue(scrolled);
+}
+
+void GridView::ReadColumns() {
+  const Grid* grid = Shown();
   QHeaderView* header = horizontalHeader();
   header->setVisible(!fillsRoom_ && HasCaptions());
   for (int col = 0; col < grid->Cols(); ++col) {
@@ -146,12 +157,6 @@ void GridView::ReadLayout() {
     if (!stretches) header->resizeSection(col, ColumnWidth(col));
   }
   if (!fillsRoom_) header->setFixedHeight(HeaderHeight());
-  ReadRows();
-  ReadSpans();
-  if (hidesWhenEmpty_) setVisible(model_->rowCount() > 0);
-  reading_ = false;
-  ReadCursor();
-  verticalScrollBar()->setValue(scrolled);
 }
 
 void GridView::ReadRows() {
@@ -277,7 +282,8 @@ int GridView::HeaderHeight() const {
 }
 
 void GridView::HeaderSized(int col, int pixels) {
-  if (reading_ || choice_ || fillsRoom_ || !Shown() || pixels <= 0) return;
+  // Without a header it was not the user.
+  if (reading_ || choice_ || horizontalHeader()->isHidden() || !Shown() || pixels <= 0) return;
   if (Wraps(col)) return;
   model_->IgnoreLayout(true);
   Shown()->SetColWidth(col, PixelsToTwips(pixels, logicalDpiX()));

@@ -94,6 +94,8 @@ class GridView : public QTableView {
   int sizeHintForColumn(int column) const override;
   // Shift+F10 opens the menu of the cell, as the menu key does. True when it was that key.
   bool OpenedMenu(const QKeyEvent& event);
+  // The header, and which columns are shown how wide.
+  virtual void ReadColumns();
   // The heights of the rows.
   virtual void ReadRows();
   Screen* Owner() const { return screen_; }

@@ -16,6 +16,7 @@
 #include "shell/qt/mydetailswidget.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/reportswidget.h"
+#include "shell/qt/todaywidget.h"
 
 namespace lm {
 namespace {
@@ -32,6 +33,7 @@ constexpr OwnWidget kOwnWidgets[] = {
     {Page::Calendar, MakeCalendarWidget},
     {Page::MyDetails, MakeMyDetailsWidget},
     {Page::Reports, MakeReportsWidget},
+    {Page::LMToday, MakeTodayWidget},
 };
 
 template <typename Widget>

@@ -231,6 +231,26 @@ void GrabMain(test::TestLedger& test) {
   GrabScreen(keys, "frmShortcutKeys");
 }
 
+// With the pension month, expenses and events; small; and before anything is recorded.
+void GrabToday(test::TestLedger& test) {
+  Grid& expenses = test.ledger.fgExpenses;
+  test.AddRow(expenses, {"DATE=12/01/2026", "ITEM=BMA subscription", "AMOUNT=41.50"});
+  test.AddRow(expenses, {"DATE=22/01/2026", "ITEM=Stethoscope", "AMOUNT=84.00"});
+  WindowCatalogue windows;
+  AddWindows(windows);
+  const auto grab = [&](Ledger& ledger, const QSize& size, const QString& name) {
+    frmMain screen(ledger, windows);
+    MainWindow window(screen);
+    window.resize(size);
+    screen.ShowPage(Page::LMToday);
+    Grab(window, name);
+  };
+  grab(test, {1240, 780}, "main-today");
+  grab(test, {1024, 560}, "main-today-small");
+  test::TestLedger empty;
+  grab(empty, {1240, 780}, "main-today-steps");
+}
+
 void GrabRecords(test::TestLedger& test) {
   frmSession session(test);
   session.OpenSession("6");
@@ -432,5 +452,6 @@ int main(int argc, char** argv) {
   GrabCharts(test);
   lm::test::FillPensionDemo(test);
   GrabPension(test);
+  GrabToday(test);
   return 0;
 }

@@ -90,7 +90,7 @@ TEST_F(Entry, FirstStartMakesEverythingAndWelcomes) {
   EXPECT_TRUE(std::filesystem::exists(home / "LedgerMinder.dat"));
   EXPECT_TRUE(std::filesystem::exists(home / "Security.log"));
   EXPECT_EQ(run.window->Caption(), "LedgerMinder  - Alex Morgan");
-  EXPECT_EQ(run.window->CurrentPage(), Page::Sessions) << "LM Today has nothing to show yet";
+  EXPECT_EQ(run.window->CurrentPage(), Page::LMToday);
   ASSERT_FALSE(run.shown.tips.empty());
   EXPECT_EQ(run.shown.tips.back().mainPrompt, "Welcome to LedgerMinder");
   EXPECT_EQ(run.Messages(), Texts{});  // a new user is not told of an old change of rates
