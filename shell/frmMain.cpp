@@ -90,8 +90,6 @@ void frmMain::fgMenu_Click() {
 void frmMain::ShowFrontPage() {
   MainPage& page = FrontPage();
   lblPage.SetText(page.Spec().caption);
-  lblPageNote.SetText(page.Spec().note);
-  lblPageNote.SetVisible(!page.Ready());
 
   // Options may have changed since the columns got their formats and lists.
   if (PageGrid()) FormatTables(ledger);

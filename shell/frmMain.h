@@ -58,8 +58,6 @@ class frmMain : public Screen, private ChangeListener {
 
   // Caption of the current page, for the head of its frame.
   LabelField lblPage{this, "lblPage"};
-  // What the current page says whose content is not there yet; hidden when the page is ready.
-  LabelField lblPageNote{this, "lblPageNote"};
 
   // What was done last, in the status bar: "Undone: Delete Session."
   LabelField lblStatus{this, "lblStatus"};

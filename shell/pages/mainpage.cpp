@@ -116,7 +116,6 @@ Offer MainPage::OfferOf(std::string_view entry) const {
 // Tips
 
 void MainPage::ShowTip() {
-  if (!Ready() && !GridInFront()) return;
   for (const Tip& tip : tips_) {
     if ((tip.fits && !tip.fits()) || ledger.shownTips.contains(std::string(tip.text))) continue;
     return lm::ShowTip(ledger, tip.title, tip.text);

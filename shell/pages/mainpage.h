@@ -25,7 +25,6 @@ struct PageSpec {
   std::string_view icon;          // the picture's name in row 0 of the shortcut bar
   std::string_view menu;          // the View menu's command that shows the page
   std::string_view command = "";  // a second command that shows it
-  std::string_view note = "";     // what a page says whose content is not there yet
 };
 
 // One of the buttons above a page's content, from left to right.
@@ -49,7 +48,6 @@ class MainPage {
   MainPage& operator=(const MainPage&) = delete;
 
   const PageSpec& Spec() const { return spec_; }
-  bool Ready() const { return spec_.note.empty(); }
   bool InFront() const { return &window.FrontPage() == this; }
 
   // What stands on it, for a view: buttons, then tabs, then the lists, one of them in front.

@@ -226,35 +226,13 @@ void MainWindow::ShowShortcutBar() {
 // Pages
 
 QWidget* MainWindow::BuildHead() {
-  auto* head = new QWidget;
-  auto* column = new QVBoxLayout(head);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(10);
   auto* title = new QLabel;
   title->setObjectName("lblPage");
   QFont font = title->font();
   font.setPointSizeF(font.pointSizeF() * 1.55);
   font.setBold(true);
   title->setFont(font);
-  column->addWidget(title);
-
-  auto* frame = new QFrame;
-  frame->setObjectName("noteFrame");
-  frame->setFrameShape(QFrame::StyledPanel);
-  auto* across = new QHBoxLayout(frame);
-  across->setContentsMargins(12, 8, 12, 8);
-  across->setSpacing(10);
-  auto* picture = new QLabel;
-  picture->setPixmap(
-      LineIcon("information", AccentColour()).pixmap(QSize(20, 20), devicePixelRatioF()));
-  auto* note = new QLabel;
-  note->setObjectName("lblPageNote");
-  note->setWordWrap(true);
-  across->addWidget(picture);
-  across->addWidget(note, 1);
-  column->addWidget(frame);
-  noteFrame_ = frame;
-  return head;
+  return title;
 }
 
 void MainWindow::BindLists() {
@@ -298,8 +276,6 @@ void MainWindow::ShowPage() {
   for (QWidget* part = list; part && part != pages_->currentWidget(); part = part->parentWidget())
     if (auto* stack = qobject_cast<QStackedWidget*>(part->parentWidget()))
       stack->setCurrentWidget(part);
-  // A page that is all note tells it in its middle.
-  noteFrame_->setVisible(!screen_.FrontPage().Ready() && list);
   if (another && !walkingTheBar_) FocusPage();
   statusTimer_.start();
 }

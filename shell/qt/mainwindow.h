@@ -55,7 +55,6 @@ class MainWindow : public QMainWindow {
   frmMain& screen_;
   Ledger& ledger_;
   QListWidget* bar_ = nullptr;
-  QWidget* noteFrame_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QLabel* rowCount_ = nullptr;
   QLabel* newRows_ = nullptr;

@@ -12,7 +12,6 @@
 #include "shell/pages/mainpage.h"
 #include "shell/qt/calendarwidget.h"
 #include "shell/qt/gridview.h"
-#include "shell/qt/icons.h"
 #include "shell/qt/mydetailswidget.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/reportswidget.h"
@@ -130,30 +129,6 @@ QWidget* MakeListPage(const MainPage& page) {
   return widget;
 }
 
-QWidget* MakeNotePage(const PageSpec& spec) {
-  constexpr int kDrawing = 72;
-  auto* page = new QWidget;
-  QVBoxLayout* column = MakeColumn(page);
-  auto* picture = new QLabel;
-  const QColor faint = page->palette().color(QPalette::PlaceholderText);
-  picture->setPixmap(LineIcon(ToQt(spec.icon), faint)
-                         .pixmap(QSize(kDrawing, kDrawing), page->devicePixelRatioF()));
-  picture->setAlignment(Qt::AlignCenter);
-  auto* note = new QLabel(ToQt(spec.note));
-  note->setAlignment(Qt::AlignCenter);
-  note->setWordWrap(true);
-  note->setFixedWidth(420);
-  auto* middle = new QHBoxLayout;
-  middle->addStretch();
-  middle->addWidget(note);
-  middle->addStretch();
-  column->addStretch(2);
-  column->addWidget(picture);
-  column->addLayout(middle);
-  column->addStretch(3);
-  return page;
-}
-
 }  // namespace
 
 QVBoxLayout* MakeColumn(QWidget* page) {
@@ -166,7 +141,7 @@ QVBoxLayout* MakeColumn(QWidget* page) {
 QWidget* MakePageWidget(const MainPage& page) {
   for (const OwnWidget& own : kOwnWidgets)
     if (own.page == page.Spec().page) return own.make(page);
-  return page.Lists().empty() ? MakeNotePage(page.Spec()) : MakeListPage(page);
+  return MakeListPage(page);
 }
 
 }  // namespace lm

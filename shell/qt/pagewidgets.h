@@ -13,7 +13,7 @@ struct PageButton;
 class TabField;
 
 // What a page shows is built from its own description; one that needs other widgets has a maker of
-// its own. A page without content yet shows its drawing and its note.
+// its own.
 QWidget* MakePageWidget(const MainPage& page);
 
 // For makers of a page's own widgets.

@@ -33,6 +33,7 @@ TodayGrid::TodayGrid(const TodayList& list, QWidget* parent) : GridView(parent),
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerPixel);
+  connect(model(), &QAbstractItemModel::modelReset, this, &TodayGrid::ShowCursor);
   Model().spokenText = [this](int row, int) { return SpokenText(row); };
 }
 
@@ -163,10 +164,14 @@ void TodayGrid::mousePressEvent(QMouseEvent* event) {
 
 void TodayGrid::focusInEvent(QFocusEvent* event) {
   GridView::focusInEvent(event);
-  const Grid* grid = Shown();
-  if (grid && !currentIndex().isValid() && model()->rowCount() > 0)
-    setCurrentIndex(model()->index(0, 0));
+  ShowCursor();
   viewport()->update();
+}
+
+// The keys have to begin somewhere.
+void TodayGrid::ShowCursor() {
+  if (hasFocus() && !currentIndex().isValid() && model()->rowCount() > 0)
+    setCurrentIndex(model()->index(0, 0));
 }
 
 void TodayGrid::focusOutEvent(QFocusEvent* event) {
@@ -197,10 +202,8 @@ void TodayDelegate::PaintHeading(QPainter& painter, const QRect& rect, int row, 
   const ListStyle& style = view_->Style();
   const QColor faint = MixedColour(style.text, style.base, kFaint);
   const bool balance = IsBalance(grid, row), empty = IsEmptySection(grid, row) && !balance;
-  if (row > grid.FixedRows()) {
-    painter.setPen(balance ? faint : style.line);
-    painter.drawLine(rect.topLeft(), rect.topRight());
-  }
+  if (row > grid.FixedRows())
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), balance ? faint : style.line);
   const QFont font = view_->HeadingFont(row);
   const int height = QFontMetrics(font).height();
   const QRect line(rect.left(), rect.top() + kAboveHeading, rect.width(), height);

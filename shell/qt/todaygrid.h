@@ -31,6 +31,7 @@ class TodayGrid : public GridView {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  void ShowCursor();
   int LastColumn() const { return static_cast<int>(list_.columns.size()) - 1; }
   bool HasAmounts() const { return list_.nameColumn + 1 < LastColumn(); }
   int WidestOf(int col, int mostRows) const;

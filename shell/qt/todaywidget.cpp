@@ -145,6 +145,7 @@ QWidget* MakeTodayWidget(const MainPage& mainPage) {
   top->addStretch();
   top->addWidget(Named<QLabel>("lblLMTodayDate"));
   auto* help = Named<QLabel>("imgLMTodayHelp");
+  help->setFocusPolicy(Qt::TabFocus);  // or it has no place among the stops of the Tab key
   top->addWidget(help);
   column->addLayout(top);
   Part* lists = MakeLists(page, widget);
