@@ -73,15 +73,18 @@ QString TodayGrid::SpokenText(int gridRow) const {
 
 // ---- Layout
 
-int TodayGrid::WidestOf(int col, int mostRows) const {
+// Of many texts that are no longer than one before, not all are measured.
+int TodayGrid::WidestOf(int col) const {
   const Grid& grid = *Shown();
   const QFontMetrics metrics(Style().font);
-  int widest = 0;
-  for (int row = grid.FixedRows(); row < grid.Rows() && mostRows > 0; ++row) {
+  int widest = 0, measured = 0;
+  std::size_t longest = 0;
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
     const std::string text = grid.TextMatrix(row, col);
-    if (text.empty()) continue;
-    --mostRows;
     const bool heading = grid.IsSubtotal(row);
+    if (text.empty() || (!heading && text.size() <= longest && measured > kMeasuredRows)) continue;
+    longest = std::max(longest, text.size());
+    ++measured;
     const QFontMetrics own = heading ? QFontMetrics(HeadingFont(row)) : metrics;
     widest = std::max(widest, own.horizontalAdvance(ToQt(text)));
   }
@@ -102,8 +105,8 @@ void TodayGrid::ReadColumns() {
     header->setSectionResizeMode(col, name ? QHeaderView::Stretch : QHeaderView::Fixed);
     if (name || !shown) continue;
     const int width = col < list_.nameColumn ? kIndent
-                      : col == when ? std::min(most, WidestOf(col, kMeasuredRows) + kSideMargin)
-                                    : WidestOf(col, kMeasuredRows) + 2 * kSideMargin;
+                      : col == when          ? std::min(most, WidestOf(col) + kSideMargin)
+                                             : WidestOf(col) + 2 * kSideMargin;
     header->resizeSection(col, width);
   }
 }

@@ -34,7 +34,7 @@ class TodayGrid : public GridView {
   void ShowCursor();
   int LastColumn() const { return static_cast<int>(list_.columns.size()) - 1; }
   bool HasAmounts() const { return list_.nameColumn + 1 < LastColumn(); }
-  int WidestOf(int col, int mostRows) const;
+  int WidestOf(int col) const;
   int HeadingHeight(int gridRow) const;
   int CaptionRoom() const;
   QString SpokenText(int gridRow) const;
