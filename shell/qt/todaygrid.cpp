@@ -104,23 +104,24 @@ void TodayGrid::ReadColumns() {
     header->setSectionHidden(col, !shown);
     header->setSectionResizeMode(col, name ? QHeaderView::Stretch : QHeaderView::Fixed);
     if (name || !shown) continue;
+    const int needed = WidestOf(col) + kSideMargin;
     const int width = col < list_.nameColumn ? kIndent
-                      : col == when          ? std::min(most, WidestOf(col) + kSideMargin)
-                                             : WidestOf(col) + 2 * kSideMargin;
+                      : col == when          ? std::min(most, needed)
+                                             : needed;
     header->resizeSection(col, width);
   }
 }
 
 int TodayGrid::CaptionRoom() const {
   const int amounts = HasAmounts() ? columnWidth(LastColumn()) : 0;
-  return viewport()->width() - kIndent - amounts;
+  return std::max(viewport()->width() - kIndent - kSideMargin - amounts, 1);
 }
 
 int TodayGrid::HeadingHeight(int gridRow) const {
   int height = QFontMetrics(HeadingFont(gridRow)).height() + kAboveHeading + kBelowHeading;
   if (NoteIsBelow(gridRow))
     height += QFontMetrics(Style().font)
-                  .boundingRect(QRect(0, 0, std::max(CaptionRoom(), 1), 0), Qt::TextWordWrap,
+                  .boundingRect(QRect(0, 0, CaptionRoom(), 0), Qt::TextWordWrap,
                                 ToQt(Shown()->DataOfRow(gridRow)))
                   .height();
   return height;
@@ -226,7 +227,7 @@ void TodayDelegate::PaintHeading(QPainter& painter, const QRect& rect, int row, 
         grid.RowCollapsed(row) ? QStyle::PE_IndicatorArrowRight : QStyle::PE_IndicatorArrowDown,
         &arrow, &painter, view_);
   }
-  QRect place = line.adjusted(kIndent, 0, -kSideMargin, 0);
+  QRect place(rect.left() + kIndent, line.top(), view_->CaptionRoom(), height);
   const QFontMetrics metrics(font);
   const QString caption = view_->Caption(row);
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,

@@ -20,6 +20,7 @@ class TodayGrid : public GridView {
   // below it.
   QString Caption(int gridRow) const;
   bool NoteIsBelow(int gridRow) const;
+  int CaptionRoom() const;  // the width for both, in pixels
 
  protected:
   void ReadColumns() override;
@@ -36,7 +37,6 @@ class TodayGrid : public GridView {
   bool HasAmounts() const { return list_.nameColumn + 1 < LastColumn(); }
   int WidestOf(int col) const;
   int HeadingHeight(int gridRow) const;
-  int CaptionRoom() const;
   QString SpokenText(int gridRow) const;
 
   const TodayList& list_;
