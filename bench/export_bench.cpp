@@ -1,9 +1,33 @@
 // Exports of all records, beside writing the same bytes to a file without making them.
 #include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
 
 #include "bench/ledgers.h"
 #include "core/files.h"
 #include "reports/exports.h"
+
+namespace {
+
+std::size_t held = 0, most = 0;  // bytes of the heap, now and at most
+
+}  // namespace
+
+[[gnu::noinline]] void* operator new(std::size_t size) {
+  void* const made = std::malloc(size);
+  if (!made) throw std::bad_alloc();
+  held += malloc_usable_size(made);
+  most = std::max(most, held);
+  return made;
+}
+[[gnu::noinline]] void operator delete(void* made) noexcept {
+  held -= malloc_usable_size(made);
+  std::free(made);
+}
+void operator delete(void* made, std::size_t) noexcept { operator delete(made); }
 
 namespace {
 
@@ -21,6 +45,7 @@ template <Write write>
 void Export(benchmark::State& state) {
   lm::Ledger& ledger = BusyLedger(static_cast<int>(state.range(0))).ledger;
   std::size_t bytes = 0;
+  const std::size_t before = most = held;
   for (auto _ : state) {
     bytes = 0;
     lm::clsStringBuilder file([&](std::string_view block) { bytes += block.size(); });
@@ -29,6 +54,7 @@ void Export(benchmark::State& state) {
   }
   state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * state.iterations());
   state.counters["MB"] = static_cast<double>(bytes) / 1e6;
+  state.counters["heapKB"] = static_cast<double>(most - before) / 1e3;
 }
 
 template <Write write>

@@ -25,7 +25,9 @@ int RunExportCommand(const std::vector<std::string>& words, Ledger& ledger, std:
     return Refuse(error, "export knows xml, xls and csv, not " + kind);
   const Grid* table = words.size() > 2 ? ledger.Table(words[2]) : nullptr;
   auto exported = table ? ExportOf(*table) : std::nullopt;
-  if (words.size() > 2 && !exported) return Refuse(error, "no such table to export: " + words[2]);
+  const bool takesTable = kind == "xls" ? table && HasSheet(ledger, *table) : exported.has_value();
+  if (words.size() > 2 && !takesTable)
+    return Refuse(error, "no such table to export as " + kind + ": " + words[2]);
   if (kind == "csv" && !exported) return Refuse(error, "csv takes a table, such as fgSessions");
   if (exported) exported->allRows = true;
   const bool done = WriteExportFile(ledger, words[1], [&](clsStringBuilder& file) {

@@ -6,7 +6,6 @@
 #include "core/messagebox.h"
 
 namespace lm {
-namespace {
 
 namespace fs = std::filesystem;
 
@@ -17,8 +16,6 @@ bool IsOwnFile(const Ledger& ledger, const fs::path& path) {
     if (path == file || fs::equivalent(path, file, ignored)) return true;
   return false;
 }
-
-}  // namespace
 
 std::optional<SaveTarget> AskWhereToSave(Ledger& ledger, std::string_view title,
                                          std::string_view unable,

@@ -11,6 +11,9 @@
 
 namespace lm {
 
+// The data file, the options or the shortcut keys, which nothing else may replace.
+bool IsOwnFile(const Ledger& ledger, const std::filesystem::path& path);
+
 // Shows the dialog. A name typed without an extension gets that of the chosen kind, asking first
 // where such a file is there already; a file that the program itself lives on is refused with a
 // message that `unable` begins. Nothing when the user cancelled, or after that message.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 #include "core/celltexts.h"
 #include "core/dates.h"
@@ -81,6 +82,7 @@ std::string IsoDate(lm::Date date) {
 }
 
 bool IsPlainNumber(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
   std::size_t points = 0;
   for (const char c : text) {
     if (c == '.')
@@ -93,8 +95,9 @@ bool IsPlainNumber(std::string_view text) {
 
 ExportValue NumberValue(ColumnType type, std::string_view cell) {
   if (IsPlainNumber(cell)) return {type, std::string(cell)};
-  return IsNumeric(cell) ? ExportValue{type, PlainText(NumericValue(cell))}
-                         : ExportValue{String, std::string(cell)};
+  if (!IsNumeric(cell)) return {String, std::string(cell)};
+  const std::string digits = Replace(Trim(cell), ",", "");
+  return {type, IsPlainNumber(digits) ? digits : PlainText(NumericValue(cell))};
 }
 
 ExportValue TypedValue(ColumnType type, std::string_view cell) {
@@ -102,7 +105,7 @@ ExportValue TypedValue(ColumnType type, std::string_view cell) {
     case String:
       break;
     case Boolean:
-      return {type, cell == "-1" || cell == "TRUE" ? "1" : "0"};
+      return {type, IsTrueCell(cell) ? "1" : "0"};
     case Decimal:
     case Integer:
       return NumberValue(type, cell);
@@ -117,6 +120,8 @@ ExportValue TypedValue(ColumnType type, std::string_view cell) {
 }
 
 }  // namespace
+
+bool IsTrueCell(std::string_view cell) { return cell == "-1" || cell == "1" || cell == "TRUE"; }
 
 std::string_view TypeWord(ColumnType type) {
   constexpr std::array<std::string_view, 6> kWords{"string",  "boolean", "decimal",
@@ -186,21 +191,46 @@ const XmlEscape& AsciiEscape() {
 
 // ---- Columns and cells
 
+namespace {
+
+constexpr std::pair<std::string_view, CellMeaning> kMeanings[] = {
+    {"practice", CellMeaning::Practice},
+    {"ooh_provider", CellMeaning::Practice},
+    {"branch_of", CellMeaning::Practice},
+    {"invoice", CellMeaning::Invoice},
+    {"session_type", CellMeaning::ShownText},
+    {"category", CellMeaning::ShownText},
+    {"month", CellMeaning::Month},
+};
+
+// A report's columns bear no keys: they hold names already, and any caption may be a practice's.
+CellMeaning MeaningOf(const Grid& grid, int col, std::string_view tag) {
+  if (grid.ColFormat(col) == kHoursFormat) return CellMeaning::ShownText;
+  if (grid.ColKey(col).empty()) return CellMeaning::Itself;
+  for (const auto& [name, meaning] : kMeanings)
+    if (name == tag) return meaning;
+  return CellMeaning::Itself;
+}
+
+ExportColumn MakeColumn(const Grid& grid, int col) {
+  const std::string caption = grid.TextMatrix(CaptionRow(grid), col);
+  std::string tag = TagOf(caption, col);
+  const CellMeaning meaning = MeaningOf(grid, col, tag);
+  return {col, TypeOfColumn(grid.ColKey(col)), meaning, caption, std::move(tag)};
+}
+
+}  // namespace
+
 std::vector<ExportColumn> ExportColumns(const Grid& grid, int first) {
   std::vector<ExportColumn> columns;
-  const int captions = CaptionRow(grid);
-  for (int col = first; col < grid.Cols(); ++col) {
-    if (!grid.ColVisible(col) || grid.ColKey(col) == kGroupMonth) continue;
-    const std::string caption = grid.TextMatrix(captions, col);
-    columns.push_back({col, TypeOfColumn(grid.ColKey(col)), caption, TagOf(caption, col)});
-  }
+  for (int col = first; col < grid.Cols(); ++col)
+    if (grid.ColVisible(col) && grid.ColKey(col) != kGroupMonth)
+      columns.push_back(MakeColumn(grid, col));
   return columns;
 }
 
 ExportColumn ColumnOfKey(const Grid& grid, std::string_view key) {
-  const int col = grid.ColIndex(key);
-  const std::string caption = grid.TextMatrix(CaptionRow(grid), col);
-  return {col, TypeOfColumn(key), caption, TagOf(caption, col)};
+  return MakeColumn(grid, grid.ColIndex(key));
 }
 
 const std::string& ExportValues::Named(Texts& names, const Grid& table, std::string_view key,
@@ -226,14 +256,19 @@ const std::string& ExportValues::Shown(const ExportColumn& column, int row,
 ExportValue ExportValues::Of(const ExportColumn& column, int row, std::string_view cell) const {
   if (cell.empty()) return {};
   if (column.type != String) return TypedValue(column.type, cell);
-  const std::string& tag = column.tag;
-  if (tag == "practice" || tag == "ooh_provider" || tag == "branch_of")
-    return {String, Named(practices_, ledger_.fgPractices, "NAME", cell)};
-  if (tag == "invoice") return {String, Named(invoices_, ledger_.fgInvoices, "NUMBER", cell)};
-  if (tag == "session_type" || tag == "category" || grid_.ColFormat(column.col) == kHoursFormat)
-    return {String, Shown(column, row, cell)};
-  if (tag == "month")
-    if (const auto month = CellDate(cell)) return {String, FormatDate(*month, "mmmm yyyy")};
+  switch (column.meaning) {
+    case CellMeaning::Practice:
+      return {String, Named(practices_, ledger_.fgPractices, "NAME", cell)};
+    case CellMeaning::Invoice:
+      return {String, Named(invoices_, ledger_.fgInvoices, "NUMBER", cell)};
+    case CellMeaning::ShownText:
+      return {String, Shown(column, row, cell)};
+    case CellMeaning::Month:
+      if (const auto month = CellDate(cell)) return {String, FormatDate(*month, "mmmm yyyy")};
+      break;
+    case CellMeaning::Itself:
+      break;
+  }
   return {String, std::string(cell)};
 }
 

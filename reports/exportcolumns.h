@@ -15,6 +15,9 @@ enum class ColumnType { String, Boolean, Decimal, Integer, Date, Time };
 
 std::string_view TypeWord(ColumnType type);  // "string", "boolean" ...
 
+// "-1", "1" or "TRUE".
+bool IsTrueCell(std::string_view cell);
+
 // By the column's key, in capitals; "string" for a key that tells no other and for none.
 ColumnType TypeOfColumn(std::string_view key);
 
@@ -41,9 +44,13 @@ struct ExportValue {
   std::string text;  // dates yyyy-mm-dd, times hh:nn, decimals without commas, booleans 1 or 0
 };
 
+// What a text cell stands for.
+enum class CellMeaning { Itself, Practice, Invoice, ShownText, Month };
+
 struct ExportColumn {
   int col = 0;
   ColumnType type = ColumnType::String;
+  CellMeaning meaning = CellMeaning::Itself;
   std::string caption, tag;
 };
 

@@ -2,6 +2,7 @@
 #include "core/files.h"
 #include "core/messagebox.h"
 #include "core/rows.h"
+#include "core/savefile.h"
 #include "reports/exports.h"
 #include "reports/exportxml.h"
 
@@ -44,8 +45,8 @@ void WriteAllData(const Ledger& ledger, clsStringBuilder& file) {
 bool WriteExportFile(Ledger& ledger, const std::filesystem::path& path,
                      const std::function<void(clsStringBuilder& file)>& write) {
   FileReplacement replacement;
-  std::string error;
-  bool good = replacement.Open(path, error);
+  std::string error = IsOwnFile(ledger, path) ? "The program itself uses this file." : "";
+  bool good = error.empty() && replacement.Open(path, error);
   if (good) {
     clsStringBuilder file(
         [&](std::string_view block) { good = good && replacement.Write(block, error); });

@@ -31,8 +31,7 @@ std::string FieldText(std::string text, char delimiter) {
 
 std::string ShownValue(const Grid& grid, const ExportColumn& column, int row) {
   if (column.type != ColumnType::Boolean) return grid.DisplayText(row, column.col);
-  const std::string cell = grid.TextMatrix(row, column.col);
-  return cell.empty() || cell == "0" || cell == "FALSE" ? "FALSE" : "TRUE";
+  return IsTrueCell(grid.TextMatrix(row, column.col)) ? "TRUE" : "FALSE";
 }
 
 void WriteSeparated(const ExportedGrid& exported, const std::vector<ExportColumn>& columns,

@@ -13,9 +13,10 @@ namespace lm {
 
 // All records as XML in iso-8859-1, whatever the lists hide.
 void WriteAllData(const Ledger& ledger, clsStringBuilder& file);
-// The same as a workbook, a sheet for each table or for `only` this one: SpreadsheetML as Excel
-// 2003 has it.
+// The same as a workbook, a sheet for each table or for `only` this one, which must have one:
+// SpreadsheetML as Excel 2003 has it.
 void WriteWorkbook(const Ledger& ledger, clsStringBuilder& file, const Grid* only = nullptr);
+bool HasSheet(const Ledger& ledger, const Grid& table);
 
 // A grid as it stands on the screen.
 struct ExportedGrid {
@@ -32,7 +33,8 @@ enum class GridFormat { Csv, Pipe, Xml };
 void WriteGrid(const Ledger& ledger, const ExportedGrid& exported, GridFormat format,
                clsStringBuilder& file);
 
-// Runs one of the writers above on a file. False after its message.
+// Runs one of the writers above on a file. False after its message, also for a file that the
+// program itself lives on.
 bool WriteExportFile(Ledger& ledger, const std::filesystem::path& path,
                      const std::function<void(clsStringBuilder& file)>& write);
 

@@ -1,4 +1,5 @@
 // All records as a workbook in SpreadsheetML, which spreadsheet programs have read since 2003.
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -98,10 +99,9 @@ class SheetWriter {
         sessionValues_(ledger, sessions_),
         file_(file) {
     if (!sheet.ofSessions) return;
-    const ExportColumn practice = ColumnOfKey(sessions_, "PRACTICE");
-    const ExportColumn date = ColumnOfKey(sessions_, "SDATE");
-    leading_ = {{practice.col, practice.type, "Practice", "practice"},
-                {date.col, date.type, "Date", "date"}};
+    leading_ = {ColumnOfKey(sessions_, "PRACTICE"), ColumnOfKey(sessions_, "SDATE")};
+    leading_[0].caption = "Practice";
+    leading_[1].caption = "Date";
     rowOfSession_ = sessions_.RowsBy("ID");
   }
 
@@ -198,6 +198,11 @@ void WriteWorkbook(const Ledger& ledger, clsStringBuilder& file, const Grid* onl
     if (!only || &(ledger.*sheet.table) == only)
       SheetWriter(ledger, sheet, file).Write(std::exchange(first, false));
   file.Append("</Workbook>\r\n");
+}
+
+bool HasSheet(const Ledger& ledger, const Grid& table) {
+  return std::ranges::any_of(kSheets,
+                             [&](const Sheet& sheet) { return &(ledger.*sheet.table) == &table; });
 }
 
 }  // namespace lm

@@ -128,9 +128,16 @@ def exports_are_whole_or_leave_the_old_file(folder):
     assert "File too large" in done.stderr and file.read_bytes() == whole, done
     for words, told in ((["csv", str(file)], "csv takes a table"),
                         (["xml", str(file), "fgNothing"], "no such table"),
+                        (["xls", str(file), "fgPensionPayments"], "no such table"),
                         (["pdf", str(file)], "export knows")):
         done = run(CLI, "--dir", folder, "export", *words)
         assert done.returncode == 2 and told in done.stderr, done
+    assert run(CLI, "--dir", folder, "export", "xls", str(file), "fgExtras").returncode == 0
+    assert file.read_bytes().count(b"<Worksheet ") == 1
+    records = (pathlib.Path(folder) / "LedgerMinder.dat").read_bytes()
+    done = run(CLI, "--dir", folder, "export", "csv", f"{folder}/LedgerMinder.dat", "fgSessions")
+    assert done.returncode == 1 and "The program itself uses this file" in done.stderr, done
+    assert (pathlib.Path(folder) / "LedgerMinder.dat").read_bytes() == records
     done = run(CLI, "--dir", folder, "report", "9", "01/01/2026", "28/02/2026")
     assert done.returncode == 0 and done.stdout.splitlines()[-1] == "TOTAL,6,4,2,3,15", done
     done = run(CLI, "--dir", folder, "report", "39", "01/01/2026", "28/02/2026")

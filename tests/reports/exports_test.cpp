@@ -75,6 +75,41 @@ TEST(Escapes, LeaveOutOnlyWhatXmlCannotHold) {
   EXPECT_EQ(ascii, "ab&lt;&amp;&gt;&apos;&quot;\t\r\n&#163;&#233;&#8364;&#127;");
 }
 
+TEST(ExportValues, AreWhatOtherProgramsRead) {
+  PracticeYear year;
+  Grid& sessions = year.ledger.fgSessions;
+  FormatTables(year.ledger);
+  const struct {
+    const char *key, *cell, *word, *text;
+  } cases[] = {{"RATE", "12.50", "decimal", "12.50"},
+               {"RATE", "-12.50", "decimal", "-12.50"},
+               {"RATE", "1,234.50", "decimal", "1234.50"},
+               {"RATE", "007", "decimal", "007"},
+               {"RATE", "1e2", "decimal", "100"},
+               {"RATE", "-", "string", "-"},
+               {"RATE", "lots", "string", "lots"},
+               {"RATE", "", "string", ""},
+               {"SDATE", "05/01/2026", "date", "2026-01-05"},
+               {"SDATE", "31/02/2026", "string", "31/02/2026"},
+               {"STIME", "9:30", "time", "09:30"},
+               {"STIME", "24:00", "string", "24:00"},
+               {"SESS_TYPE", "2", "string", "NHS OOH"},
+               {"SESS_TYPE", "17", "string", ""},
+               {"PRACTICE", "2", "string", "Old Mill"},
+               {"PRACTICE", "-1", "string", ""},
+               {"INVOICE", "404", "string", ""},
+               {"INCLUDEEMPLOYERCONTRIB", "-1", "boolean", "1"},
+               {"INCLUDEEMPLOYERCONTRIB", "1", "boolean", "1"},
+               {"INCLUDEEMPLOYERCONTRIB", "FALSE", "boolean", "0"}};
+  for (const auto& each : cases) {
+    sessions.SetTextMatrix(2, each.key, each.cell);
+    const ExportValue value =
+        ExportValues(year.ledger, sessions).Of(ColumnOfKey(sessions, each.key), 2, each.cell);
+    EXPECT_EQ(value.text, each.text) << each.key << ' ' << each.cell;
+    EXPECT_EQ(TypeWord(value.type), each.word) << each.key << ' ' << each.cell;
+  }
+}
+
 // A ledger with what is hard to export.
 struct Hostile : PracticeYear {
   Hostile() {
@@ -128,7 +163,7 @@ TEST(AllData, IsReadBackWhole) {
     if (rate == "97") {  // on 31 February
       EXPECT_STREQ(session.child("start_date").attribute("type").value(), "string");
     }
-    if (rate == "1000.5") ++found;  // was stored with a comma
+    if (rate == "1000.50") ++found;  // was stored with a comma
   }
   EXPECT_EQ(found, 2);
   EXPECT_STREQ(data.child("pension_a").child("item").child("month").text().get(), "February 2026");
@@ -147,6 +182,8 @@ TEST(AllData, ColumnsOutOfSightStayOut) {
   const auto document = Parsed(text);
   const auto session = document.child("locumdata").child("sessions").child("session");
   EXPECT_STREQ(session.first_child().name(), "total");
+  EXPECT_STREQ(session.child("total").text().get(), "300");
+  EXPECT_STREQ(session.child("practice").text().get(), "Riverside Surgery");
   EXPECT_FALSE(session.child("public_note"));
   EXPECT_FALSE(session.child("forms"));
   EXPECT_FALSE(session.child("id"));
@@ -181,6 +218,23 @@ TEST(Workbook, HoldsASheetForEachTable) {
   }
   EXPECT_EQ(times, "51899-12-31T09:00:00.000 61899-12-31T12:30:00.000 ");
   EXPECT_EQ(text.find_first_of("\x80\xA3\xE9"), std::string::npos);
+}
+
+// A spreadsheet program counts days from 1900 and refuses a workbook with an earlier one.
+TEST(Workbook, OfOneTableTakesMistypedDatesAsText) {
+  PracticeYear year;
+  Grid& expenses = year.ledger.fgExpenses;
+  year.Add(expenses, {"DATE=05/01/0202", "ITEM=Mistyped", "AMOUNT=1"});
+  year.Add(expenses, {"DATE=01/01/1900", "ITEM=The first", "AMOUNT=1"});
+  const std::string text =
+      Written([&](auto& file) { WriteWorkbook(year.ledger, file, &expenses); });
+  EXPECT_NE(text.find("<Cell><Data ss:Type=\"String\">05/01/0202</Data>"), std::string::npos);
+  EXPECT_NE(text.find("<Data ss:Type=\"DateTime\">1900-01-01T00:00:00.000</Data>"),
+            std::string::npos);
+  const auto document = Parsed(text);
+  const auto sheets = document.child("Workbook").children("Worksheet");
+  EXPECT_EQ(std::distance(sheets.begin(), sheets.end()), 1);
+  EXPECT_FALSE(HasSheet(year.ledger, year.ledger.fgPensionPayments));
 }
 
 TEST(GridExport, WritesWhatIsInSight) {
@@ -235,6 +289,9 @@ TEST(GridExport, WritesReports) {
   const std::string csv = Of(ledger, {&grouped}, GridFormat::Csv);
   EXPECT_EQ(csv.substr(0, 23), "Practice,Session Month,");
   EXPECT_EQ(std::ranges::count(csv, '\n'), 4);
+  const auto groups = Parsed(Of(ledger, {&grouped}, GridFormat::Xml));
+  EXPECT_STREQ(groups.child("items").child("item").child("practice").text().get(), "Old Mill");
+  EXPECT_STREQ(groups.child("items").child("item").child("hours").text().get(), "12:00");
 
   Grid tax("fgTaxReport");
   year.Add(ledger.fgExpenses, {"DATE=05/04/2026", "ITEM=Subscription", "AMOUNT=390"});
@@ -245,6 +302,33 @@ TEST(GridExport, WritesReports) {
                       "\r\n05/04/2026,,Subscription,£390.00,,,,\r\nPension Contributions (0),"),
             std::string::npos);
   Parsed(Of(ledger, {&tax, "item", 0, true}, GridFormat::Xml));
+}
+
+// Captions of a report are names of practices, and its cells are values whatever they are called.
+TEST(GridExport, TakesNoPracticeForAColumnOfTheTables) {
+  PracticeYear year;
+  const char* names[] = {"Practice", "Invoice", "Month"};
+  for (int i = 0; i < 3; ++i) year.ledger.fgPractices.SetTextMatrix(2 + i, "NAME", names[i]);
+  Grid report("fgReports");
+  RunStandardReport(year.ledger, {0, {46023, 46111}, false}, report);
+  const auto document = Parsed(Of(year.ledger, {&report, "item", 0}, GridFormat::Xml));
+  std::string row;
+  for (const auto cell : document.child("items").child("item").children())
+    row += std::string(cell.name()) + "=" + cell.text().get() + " ";
+  EXPECT_EQ(row, "period=Jan 26 practice=940 invoice=1000.5 month= total=1940.5 ");
+}
+
+TEST(ExportFiles, LeaveThoseOfTheProgramAlone) {
+  PracticeYear year;
+  Ledger& ledger = year.ledger;
+  std::string error;
+  for (const auto& file :
+       {ledger.DataFile(), ledger.OptionsFile(), ledger.File("ShortcutKeys.dat")}) {
+    ASSERT_TRUE(ReplaceFile(file, "the records", error));
+    EXPECT_FALSE(WriteExportFile(ledger, file, [&](auto& text) { text.Append("an export"); }));
+    EXPECT_EQ(year.test.shown.TakeMessage(), "Unable to export the data");
+    EXPECT_EQ(ReadFile(file, error), "the records");
+  }
 }
 
 TEST(ExportFiles, ReplaceWholeOrNotAtAll) {
