@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "core/dates.h"
 #include "core/format.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -145,6 +146,17 @@ std::string AllPeriods(const Matrix& matrix) {
   return first == last ? first : first + " to " + last;
 }
 
+// A tax year, from April to April, is one.
+bool ReachesOverYears(const Matrix& matrix) {
+  constexpr Date kLongestYear = 366;
+  const auto monthOf = [](std::string_view period) {
+    const auto month = MonthOfText(period);
+    return month ? month : MonthOfText(LargerPeriod(period));
+  };
+  const auto first = monthOf(matrix.periods.front()), last = monthOf(matrix.periods.back());
+  return first && last && *last - *first > kLongestYear;
+}
+
 void SetByDate(const Matrix& matrix, Chart& chart) {
   chart.ofTime = true;
   chart.labels = matrix.periods;
@@ -159,9 +171,10 @@ void SetByPractice(const Matrix& matrix, Chart& chart) {
     for (const Column& column : matrix.columns) chart.series.front().values.push_back(column.whole);
     return;
   }
+  const bool byYear = ReachesOverYears(matrix);
   std::string_view year;
   for (std::size_t period = 0; period < matrix.periods.size(); ++period) {
-    if (chart.series.empty() || YearOf(matrix.periods[period]) != year) {
+    if (chart.series.empty() || (byYear && YearOf(matrix.periods[period]) != year)) {
       year = YearOf(matrix.periods[period]);
       chart.series.push_back({PeriodName(year), std::vector<double>(matrix.columns.size(), 0)});
     }

@@ -1,9 +1,9 @@
 // What a chart shows, made of a report's matrix: labels along its axis, and series of values.
 //
 // By date each period is a label and each practice a series. By practice each practice is a label;
-// its periods are added up to one series, or, where they reach over several years, to one for each
-// year. Averages cannot be added up: there the practice's value is the matrix's own average. A pie
-// has one part a label, of all series together.
+// its periods are added up to one series, or, where they reach over more than a year, to one for
+// each year. Averages cannot be added up: there the practice's value is the matrix's own average. A
+// pie has one part a label, of all series together.
 //
 // The totals of the matrix are no practice and no period. A practice without any value is left out,
 // and so is a period that the matrix shows as a sliver. Beyond kMostSeries practices the smallest

@@ -171,8 +171,14 @@ void ReportsPage::FillChoices() {
   Fill(cboGroupingLevels, Captions{"0", "1", "2", "3"}, itself, 1);
   cboReportPeriod.onEntered = [this] {
     ChoosePeriod();
+    KeepReportInStep();
     return true;
   };
+  for (ComboField* choice : {&cboReport, &cboReportGroup})
+    choice->onEntered = [this] {
+      KeepReportInStep();
+      return true;
+    };
   ChoosePeriod();
 }
 
@@ -236,6 +242,13 @@ void ReportsPage::ChoosePeriod() {
   const DateRange days = period.days(std::floor(ledger.platform.clock.Now()));
   txtReport_SDate.SetText(CellText(days.first));
   txtReport_EDate.SetText(CellText(days.last));
+}
+
+// Once a report stands there, its figures never stand under another's name.
+void ReportsPage::KeepReportInStep() {
+  if (fgReports.HasData() && tabReport.Selected() == kStandard &&
+      WhyNoReport(txtReport_SDate.Text(), txtReport_EDate.Text()).empty())
+    RefreshStandardReport();
 }
 
 void ReportsPage::RefreshStandardReport() {
@@ -304,6 +317,7 @@ void ReportsPage::RefreshTaxReport() {
 
 void ReportsPage::MoveTaxYear(int years) {
   lblTaxYear.SetText(MovedTaxYear(lblTaxYear.Text(), years));
+  if (fgTaxReport.HasData()) RefreshTaxReport();
 }
 
 void ReportsPage::CellClicked(Grid& grid, int row, int) {

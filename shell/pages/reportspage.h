@@ -1,5 +1,6 @@
 // The Reports page: the standard reports, the grouping report and the tax report, a tab for each.
-// Nothing runs until the user asks for it, and what stands there stays until the next time.
+// Nothing runs until the user asks for it. From then on the standard report and the tax report
+// follow the choices above them, but for dates that are being typed.
 #pragma once
 
 #include <array>
@@ -62,6 +63,7 @@ class ReportsPage : public MainPage {
   void ShowTab(int tab);
   void ChoosePeriod();
   void ShowHelp();
+  void KeepReportInStep();
   void RefreshStandardReport();
   void RefreshGroupingReport();
   void RegroupAsChosen();

@@ -38,24 +38,27 @@ TEST(ChartSeriesTest, ByDatePracticesAreSeries) {
 
 TEST(ChartSeriesTest, ByPracticePeriodsAreAddedUpByYear) {
   const std::vector<ReportRow> rows{
-      {"Nov 25", {"1", "5"}}, {"Dec 25", {"2", ""}}, {"Jan 26", {"4", "6"}}};
+      {"Nov 24", {"1", "5"}}, {"Dec 24", {"2", ""}}, {"Dec 25", {"4", "6"}}};
   Chart chart = MakeChart(ReportMatrix({"Elm", "Oak"}, rows), kByPractice);
   EXPECT_EQ(chart.labels, (Names{"Elm", "Oak"}));
   ASSERT_EQ(chart.series.size(), 2u);
-  EXPECT_EQ(chart.series[0].name, "2025");
+  EXPECT_EQ(chart.series[0].name, "2024");
   EXPECT_EQ(chart.series[0].values, (Values{3, 5}));
-  EXPECT_EQ(chart.series[1].name, "2026");
+  EXPECT_EQ(chart.series[1].name, "2025");
   EXPECT_EQ(chart.series[1].values, (Values{4, 6}));
 
-  chart = MakeChart(ReportMatrix({"Elm", "Oak"}, {rows[0], rows[1]}), kByPractice);
+  // A tax year is one year, though it ends in another.
+  chart = MakeChart(ReportMatrix({"Elm", "Oak"}, {{"Apr 25", {"1", "2"}}, {"Apr 26", {"3", ""}}}),
+                    kByPractice);
   ASSERT_EQ(chart.series.size(), 1u);
-  EXPECT_EQ(chart.series[0].name, "Nov 25 to Dec 25");
+  EXPECT_EQ(chart.series[0].name, "Apr 25 to Apr 26");
+  EXPECT_EQ(chart.series[0].values, (Values{4, 2}));
 
   chart =
-      MakeChart(ReportMatrix({"Elm", "Oak"}, {{"31 Dec 99", {"1", "2"}}, {"01 Jan 00", {"3", ""}}}),
+      MakeChart(ReportMatrix({"Elm", "Oak"}, {{"31 Dec 98", {"1", "2"}}, {"01 Jan 00", {"3", ""}}}),
                 kByPractice);
   ASSERT_EQ(chart.series.size(), 2u);
-  EXPECT_EQ(chart.series[0].name + chart.series[1].name, "19992000");
+  EXPECT_EQ(chart.series[0].name + chart.series[1].name, "19982000");
 }
 
 TEST(ChartSeriesTest, AveragesOfAPracticeAreTheReportsOwn) {

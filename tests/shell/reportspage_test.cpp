@@ -97,6 +97,25 @@ TEST_F(ReportsDesk, RefusedDatesLeaveTheReport) {
   EXPECT_EQ(page->fgReports.Rows(), 2 + 2 + 1);
 }
 
+TEST_F(ReportsDesk, FiguresFollowTheChoicesAboveThem) {
+  window->Enter(page->cboReport, "Number of Sessions - All");
+  EXPECT_FALSE(page->fgReports.HasData());  // nothing was asked for yet
+  Dates("01/01/2026", "28/02/2026");
+  window->Press(page->cmdRefreshReport);
+  EXPECT_EQ(page->fgReports.DisplayText(4, 3), "2");
+  window->Enter(page->cboReport, "Number of Hours - All");
+  EXPECT_EQ(page->fgReports.DisplayText(4, 3), "6:00");
+  window->Enter(page->cboReportPeriod, "Last Month");
+  EXPECT_EQ(page->fgReports.DisplayText(3, 3), "3:00");
+  window->Enter(page->txtReport_SDate, "");
+  EXPECT_EQ(test.shown.TakeMessage(), "");
+  EXPECT_EQ(page->fgReports.DisplayText(3, 3), "3:00");
+  window->Press(page->cmdRefreshTaxReport);
+  test.AddRow(ledger.fgExpenses, {"DATE=01/01/2025", "ITEM=Books", "AMOUNT=12"});
+  window->Press(page->cmdTaxYear_Previous);
+  EXPECT_EQ(page->fgTaxReport.TextMatrix(6, 0), "General Expenses (1)");
+}
+
 TEST_F(ReportsDesk, ZerosHideAtOnce) {
   Dates("01/01/2026", "31/03/2026");
   window->Tick(page->chkHideEmptyCols, true);  // before anything ran
