@@ -100,6 +100,7 @@ PrintTable MakePrintTable(const Grid& grid) {
     for (const int col : columns) {
       if (col == title) printed.title = static_cast<int>(printed.texts.size());
       printed.texts.push_back(ShownText(grid, row, col));
+      printed.alignments.push_back(ShownAlignment(grid, row, col));
     }
     table.rows.push_back(std::move(printed));
   }

@@ -16,6 +16,7 @@ struct PrintedRow {
   std::vector<std::string> texts;  // one for each column
   bool bold = false;               // a group's, or the sums
   int title = -1;                  // the column of its title, which stands left in any column
+  std::vector<Alignment> alignments = {};  // one for each column; empty: those of the columns
 };
 
 struct PrintTable {

@@ -25,6 +25,7 @@ struct Row {
   bool bold;
   int title;
   int height = 0;
+  std::vector<Alignment> alignments = {};
 };
 
 class GridPainter {
@@ -40,9 +41,11 @@ class GridPainter {
         font_(ListStyleOf(ledger, QPalette()).font) {
     font_.setPointSizeF(kFontPoints);
     captions_ = {{}, true, -1};
+    captions_.alignments = table_.alignments;
     for (const std::string& caption : table_.captions) captions_.texts.push_back(ToQt(caption));
     for (const PrintedRow& row : table_.rows) {
       rows_.push_back({{}, row.bold, row.title});
+      rows_.back().alignments = row.alignments.empty() ? table_.alignments : row.alignments;
       for (const std::string& text : row.texts)
         rows_.back().texts.push_back(ToQt(text).replace('\n', ' ').remove('\r').trimmed());
     }
@@ -74,8 +77,6 @@ class GridPainter {
   int Padding() const { return MetricsOf(false).averageCharWidth() * 4 / 5; }
   int LineHeight() const { return MetricsOf(false).height() * 5 / 4; }
 
-  bool IsText(std::size_t col) const { return table_.alignments[col] == Alignment::Left; }
-
   static int LongestWord(const QFontMetrics& metrics, const QString& text) {
     int longest = 0;
     for (const QString& word : text.split(' '))
@@ -103,7 +104,9 @@ class GridPainter {
         const int width = metrics.horizontalAdvance(row.texts[col]);
         if (width <= word) continue;
         widest = std::max(widest, width);
-        word = std::max(word, IsText(col) ? LongestWord(metrics, row.texts[col]) : width);
+        word = std::max(word, row.alignments[col] == Alignment::Left
+                                  ? LongestWord(metrics, row.texts[col])
+                                  : width);
       }
       const int edges = 2 * Padding() + 2;
       liked_.push_back(widest + edges);
@@ -219,7 +222,7 @@ class GridPainter {
     int left = 0;
     for (std::size_t col = 0; col < row.texts.size(); ++col) {
       const Alignment alignment =
-          row.title == static_cast<int>(col) ? Alignment::Left : table_.alignments[col];
+          row.title == static_cast<int>(col) ? Alignment::Left : row.alignments[col];
       const int across = alignment == Alignment::Right    ? Qt::AlignRight
                          : alignment == Alignment::Centre ? Qt::AlignHCenter
                                                           : Qt::AlignLeft;

@@ -182,11 +182,15 @@ void GrabReports(test::TestLedger& test, frmMain& screen, MainWindow& window) {
   screen.Enter(page.cboGroupingLevels, "2");
   grab("grouping", page.cmdRefreshGroupingReport);
   screen.Choose(page.tabReport, 2);
-  grab("tax", page.cmdRefreshTaxReport);
-  for (int row = page.fgTaxReport.Rows() - 1; row >= 0; --row)
-    ToggleTaxSection(page.fgTaxReport, row);
+  const auto toggleAll = [&] {
+    Grid& report = page.fgTaxReport;
+    for (int row = report.Rows() - 1; row >= 0; --row) ToggleTaxSection(report, row);
+  };
+  screen.Press(page.cmdRefreshTaxReport);
   QApplication::processEvents();
-  Grab(window, "main-reports-tax-open");
+  Grab(window, "main-reports-tax-closed");
+  page.cmdRefreshTaxReport.onPressed = toggleAll;
+  grab("tax", page.cmdRefreshTaxReport);
 }
 
 void GrabMain(test::TestLedger& test) {
