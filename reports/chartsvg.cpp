@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include "core/text.h"
 #include "pdf/data/fontdata.h"
+#include "reports/xmlescape.h"
 
 namespace lm {
 namespace {
@@ -34,23 +34,10 @@ std::string Hex(Colour colour) {
   return text;
 }
 
-// UTF-8 with the signs of markup escaped; control signs have no place in XML.
 std::string Escaped(std::string_view text) {
   std::string escaped;
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if (c == '&')
-      escaped += "&amp;";
-    else if (c == '<')
-      escaped += "&lt;";
-    else if (c == '>')
-      escaped += "&gt;";
-    else if (c == '"')
-      escaped += "&quot;";
-    else if (code >= ' ' && code != 0x7F)
-      escaped += c;
-  }
-  return ToUtf8(escaped);
+  AsciiEscape().Append(escaped, text);
+  return escaped;
 }
 
 constexpr std::array<std::string_view, 3> kAnchors{"start", "middle", "end"};

@@ -25,19 +25,6 @@ ColumnType TypeOfColumn(std::string_view key);
 // "my_contrib". A caption without such signs gives "column_" and the number.
 std::string TagOf(std::string_view caption, int number);
 
-// Markup as entities, the signs from `references` to `lastReference` as references, control signs
-// left out but for tabs and line ends. The text stays in Windows-1252.
-class XmlEscape {
- public:
-  XmlEscape(int references, int lastReference);
-  void Append(std::string& to, std::string_view text) const;
-
- private:
-  std::vector<std::string> signs_;
-};
-const XmlEscape& LatinEscape();  // for iso-8859-1: references for 80 to 9F, which differ there
-const XmlEscape& AsciiEscape();  // references for all signs above 126
-
 // A cell to be written. What its column's type cannot read is a String.
 struct ExportValue {
   ColumnType type = ColumnType::String;

@@ -5,6 +5,7 @@
 #include "core/savefile.h"
 #include "reports/exports.h"
 #include "reports/exportxml.h"
+#include "reports/xmlescape.h"
 
 namespace lm {
 namespace {

@@ -4,6 +4,7 @@
 #include "reports/exports.h"
 #include "reports/exportxml.h"
 #include "reports/standardreport.h"
+#include "reports/xmlescape.h"
 
 namespace lm {
 namespace {

@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "reports/exportcolumns.h"
 #include "reports/exports.h"
+#include "reports/xmlescape.h"
 
 namespace lm {
 namespace {

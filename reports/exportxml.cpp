@@ -1,4 +1,5 @@
 #include "reports/exportxml.h"
+#include "reports/xmlescape.h"
 
 #include <utility>
 

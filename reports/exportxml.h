@@ -7,6 +7,7 @@
 
 #include "core/clsStringBuilder.h"
 #include "reports/exportcolumns.h"
+#include "reports/xmlescape.h"
 
 namespace lm {
 

@@ -10,6 +10,7 @@
 #include "reports/groupingreport.h"
 #include "reports/standardreport.h"
 #include "reports/taxreport.h"
+#include "reports/xmlescape.h"
 #include "tests/reports/practice_year.h"
 
 namespace lm::test {
