@@ -124,6 +124,11 @@ void frmMain::DataLoaded() {
 
 // Lists
 
+std::string frmMain::LookOption(const Grid& grid, int option) const {
+  const MainPage* page = PageWith(grid);
+  return page ? page->LookOption(grid, option) : Screen::LookOption(grid, option);
+}
+
 void frmMain::CellClicked(Grid& grid, int row, int col) {
   if (MainPage* page = PageWith(grid)) page->CellClicked(grid, row, col);
 }

@@ -63,6 +63,7 @@ class frmMain : public Screen, private ChangeListener {
   LabelField lblStatus{this, "lblStatus"};
 
   // ---- Lists.
+  std::string LookOption(const Grid& grid, int option) const override;
   // A click on a column header: sorts, a second click on the same header reverses.
   void HeaderClicked(Grid& grid, int col);
   SortState SortOf(const Grid& grid) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/messagebox.h"
+#include "core/options.h"
 #include "shell/printtable.h"
 
 namespace lm {
@@ -38,6 +39,10 @@ std::string MainPage::PrintedPeriod() const {
   const std::string tab = list ? list->Period() : "";
   const std::string days = PrintedDays(*grid);
   return tab.empty() || days.empty() ? tab + days : tab + ", " + days;
+}
+
+std::string MainPage::LookOption(const Grid&, int option) const {
+  return GetOption(ledger, option);
 }
 
 void MainPage::HeaderClicked(Grid& grid, int col) {

@@ -69,6 +69,9 @@ class MainPage {
   // What that grid answers, where it may answer different questions.
   virtual std::string Subject() const { return ""; }
 
+  // The option by which one of its grids looks.
+  virtual std::string LookOption(const Grid& grid, int option) const;
+
   // What the user does with the headers of its grids.
   virtual void HeaderClicked(Grid& grid, int col);
   virtual void ColumnMoved(Grid& grid, int from, int to);

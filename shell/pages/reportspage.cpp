@@ -5,6 +5,7 @@
 
 #include "core/messagebox.h"
 #include "core/numbers.h"
+#include "core/options.h"
 #include "core/platform.h"
 #include "core/text.h"
 #include "entry/pickedboxes.h"
@@ -217,6 +218,12 @@ std::string ReportsPage::PrintedPeriod() const {
 
 std::string ReportsPage::Subject() const {
   return tabReport.Selected() == kStandard ? shownReport_ : "";
+}
+
+// Stripes would run across the blocks of the grouping report.
+std::string ReportsPage::LookOption(const Grid& grid, int option) const {
+  const bool stripes = option == optColourAlternateRows && &grid == &fgGroupingReport;
+  return MainPage::LookOption(grid, stripes ? optColourBackground : option);
 }
 
 void ReportsPage::ShowHelp() {

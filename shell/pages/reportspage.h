@@ -52,6 +52,7 @@ class ReportsPage : public MainPage {
   std::string Title() const override;
   std::string PrintedPeriod() const override;
   std::string Subject() const override;
+  std::string LookOption(const Grid& grid, int option) const override;
   void ColumnMoved(Grid& grid, int from, int to) override;
   void CellClicked(Grid& grid, int row, int col) override;
   void DataLoaded() override;

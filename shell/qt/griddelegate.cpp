@@ -28,7 +28,8 @@ constexpr int kExpanderWidth = 22;
 constexpr int kLevelIndent = 14;
 constexpr int kNarrowestEditor = 104;
 constexpr int kPicture = 16, kLargePicture = 24;
-constexpr int kTallRow = 40;  // from which on a picture is drawn large
+constexpr double kTitleSize = 1.2;  // of a section's title, to the other texts
+constexpr int kTallRow = 40;        // from which on a picture is drawn large
 
 // In the middle of the cell, or before its text.
 QRect PicturePlace(const QRect& cell, bool before) {
@@ -55,7 +56,8 @@ GridDelegate::GridDelegate(GridView* view) : QStyledItemDelegate(view), view_(vi
 void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
   option->font.setFamily(view_->Style().font.family());
-  option->font.setPointSizeF(view_->Style().font.pointSizeF());
+  const bool title = view_->HasSections() && option->font.bold();
+  option->font.setPointSizeF(view_->Style().font.pointSizeF() * (title ? kTitleSize : 1));
   option->text.remove(u'\r');
   if (!view_->Wraps(index.column())) option->text.replace(u'\n', u' ');
   option->state &= ~QStyle::State_HasFocus;

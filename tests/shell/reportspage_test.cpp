@@ -153,6 +153,13 @@ TEST_F(ReportsDesk, GroupingFollowsItsChoices) {
   EXPECT_EQ(report.TextMatrix(0, 1), "Session Month");
 }
 
+TEST_F(ReportsDesk, GroupsHaveNoStripes) {
+  SetOption(ledger, optColourAlternateRows, "255");
+  SetOption(ledger, optColourBackground, "65535");
+  EXPECT_EQ(window->LookOption(page->fgReports, optColourAlternateRows), "255");
+  EXPECT_EQ(window->LookOption(page->fgGroupingReport, optColourAlternateRows), "65535");
+}
+
 TEST_F(ReportsDesk, TaxYearsAndSections) {
   window->Choose(page->tabReport, 2);
   EXPECT_EQ(page->lblTaxYear.Text(), "2025 - 2026");
