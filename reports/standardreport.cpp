@@ -373,6 +373,9 @@ class Run {
 
   void Lay(Grid& grid) const {
     constexpr int kCaptionRow = 1;
+    // Of many practices more are in sight where their names take several lines.
+    constexpr std::size_t kMany = 7;
+    constexpr int kNarrow = 1300, kFitting = -1;  // twips
     const std::string heading = report_.IsAverage() ? "AVG" : "TOTAL";
     const int total = static_cast<int>(columns_.size()) + 1;
     grid.SetRows(0);
@@ -392,6 +395,7 @@ class Run {
     grid.SetTextMatrix(kCaptionRow, total, heading);
     for (int col = 1; col <= total; ++col) {
       grid.SetColAlignment(col, Alignment::Right);
+      grid.SetColWidth(col, columns_.size() > kMany ? kNarrow : kFitting);
       if (report_.figures == Money) grid.SetColFormat(col, "#,##0.00");
       if (report_.figures == Count) grid.SetColFormat(col, "#");
     }
