@@ -9,6 +9,7 @@
 #include "cli/demo.h"
 #include "cli/exportcommands.h"
 #include "cli/formcommands.h"
+#include "cli/icscommands.h"
 #include "cli/pdfcommands.h"
 #include "cli/script.h"
 #include "cli/templatecommands.h"
@@ -40,6 +41,9 @@ constexpr std::string_view kUsage =
     "              writes all records, or those of a table such as fgSessions: csv takes one\n"
     "  report INDEX FROM TO [day|month] [--csv FILE]\n"
     "              a standard report by its place in the list, from 0, between two dates\n"
+    "  ics export FILE [--from DATE] [--to DATE] [--practice NAME] [--rfc5545]\n"
+    "  ics import FILE|URL\n"
+    "              sessions to a calendar, and from one into the records\n"
     "  forms check looks at the blank pension forms, and writes proofs of how the figures fit\n"
     "\n"
     "  --dir DIR   the program directory; otherwise the one that the desktop program would use\n"
@@ -190,9 +194,10 @@ int RunDataCommand(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledge
     return Fail("there is no data file in " + ledger.programDirectory.string());
   if (!Load(script, terminal)) return 1;
   const std::vector<std::string> words(settings.command.begin() + 1, settings.command.end());
-  const int status = settings.command[0] == "export"
-                         ? lm::RunExportCommand(words, ledger, std::cerr)
-                         : lm::RunReportCommand(words, ledger, std::cout, std::cerr);
+  const std::string& command = settings.command[0];
+  const int status = command == "export" ? lm::RunExportCommand(words, ledger, std::cerr)
+                     : command == "ics"  ? lm::RunIcsCommand(words, ledger, std::cout, std::cerr)
+                                        : lm::RunReportCommand(words, ledger, std::cout, std::cerr);
   if (status == 2) std::cerr << kUsage;
   return status;
 }
@@ -225,7 +230,8 @@ int main(int argc, char** argv) {
   ledger.programDirectory = ProgramDirectory(settings, terminal);
 
   lm::Script script(terminal, ledger, windows);
-  if (command == "export" || command == "report")
+  terminal.reachesWeb = command == "ics";
+  if (command == "export" || command == "report" || command == "ics")
     return RunDataCommand(script, terminal, ledger, settings);
   if (command == "forms") return FormCommand(ledger, settings);
   if (command == "init") return Init(ledger, settings);

@@ -105,7 +105,7 @@ const std::vector<Script::Action>& Script::Actions() {
       {"merge", 1, &Script::DoMerge},   {"save", 0, &Script::DoSave},
       {"undo", 0, &Script::DoUndo},     {"redo", 0, &Script::DoRedo},
       {"path", 1, &Script::DoPath},     {"colour", 1, &Script::DoColour},
-      {"chart", 0, &Script::DoChart},
+      {"chart", 0, &Script::DoChart},   {"serve", 2, &Script::DoServe},
   };
   return actions;
 }
@@ -349,6 +349,14 @@ void Script::DoPath(Words words) {
     filter = static_cast<std::size_t>(ValInt(words[1])) - 1;
   }
   terminal_.AddPath(PathFromText(words[0]), filter);
+}
+
+void Script::DoServe(Words words) {
+  if (words[1].empty()) return terminal_.Serve(words[0], "");
+  std::string error;
+  auto body = ReadFile(PathFromText(words[1]), error);
+  if (!body) throw ScriptError("cannot read " + words[1] + ": " + error);
+  terminal_.Serve(words[0], std::move(*body));
 }
 
 void Script::DoColour(Words words) {

@@ -64,6 +64,7 @@ class Script {
   void DoAnswers(Words words);
   void DoPath(Words words);
   void DoColour(Words words);
+  void DoServe(Words words);
   void DoParse(Words words);
   void DoDigest(Words words);
   void DoWords(Words words);

@@ -7,6 +7,7 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "shell/native.h"
+#include "shell/webfetch.h"
 
 namespace lm {
 namespace {
@@ -161,6 +162,14 @@ SaveTarget Terminal::AskFile(std::string_view title, const std::vector<FileFilte
   const auto first = fitting == patterns.end() ? 0 : fitting - patterns.begin();
   const std::size_t chosen = typed.filter.value_or(static_cast<std::size_t>(first));
   return {typed.path, chosen < filters.size() ? chosen : 0};
+}
+
+std::string Terminal::Get(const std::string& url, const std::function<bool()>& cancelled) {
+  const std::size_t host = url.find("://");
+  const std::size_t path = url.find('/', host == std::string::npos ? 0 : host + 3);
+  for (const std::string& address : {url, path == std::string::npos ? "" : url.substr(path)})
+    if (const auto body = served_.find(address); body != served_.end()) return body->second;
+  return reachesWeb ? native::FetchFromWeb(url, cancelled) : "";
 }
 
 MailOutcome Terminal::Compose(const MailMessage& message) {

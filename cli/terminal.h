@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -27,7 +28,8 @@ class Terminal : public MessagePort,
                  public WindowPort,
                  public ProgressPort,
                  public SystemPort,
-                 public MailPort {
+                 public MailPort,
+                 public WebPort {
  public:
   explicit Terminal(std::ostream& output);
   void SetOutput(std::ostream& output) { output_ = &output; }
@@ -43,10 +45,14 @@ class Terminal : public MessagePort,
   }
   // What the next colour dialog gives; none cancels it.
   void AddColour(int colour) { colours_.push_back(colour); }
+  // What the web answers from now on for an address, or for a path ("/version.dat") on any host; ""
+  // is no answer.
+  void Serve(const std::string& address, std::string body) { served_[address] = std::move(body); }
   int BoxesShown() const { return boxesShown_; }
 
   std::optional<Date> fixedNow;
   bool ignoreOtherInstances = false;
+  bool reachesWeb = false;
   const WindowCatalogue* catalogue = nullptr;
   Ledger* ledger = nullptr;
   // Goes on with the script until the screen has closed.
@@ -59,6 +65,7 @@ class Terminal : public MessagePort,
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool) override {}
   void Show(int, std::string_view) override {}
+  bool Cancelled() override { return false; }
   void Hide() override {}
   void ShowLastOpened(std::string_view) override {}
   std::vector<std::string> RunningProcesses() override;
@@ -81,7 +88,10 @@ class Terminal : public MessagePort,
   bool Available() override { return true; }
   MailOutcome Compose(const MailMessage& message) override;  // a JSON line, always handed over
 
-  Platform platform{*this, *this, *this, *this, *this, *this};
+  // From what a script serves; from the web itself only once a command has said so.
+  std::string Get(const std::string& url, const std::function<bool()>& cancelled) override;
+
+  Platform platform{*this, *this, *this, *this, *this, *this, *this};
 
  private:
   std::ostream* output_;
@@ -97,6 +107,7 @@ class Terminal : public MessagePort,
   };
   std::deque<TypedPath> paths_;
   std::deque<int> colours_;
+  std::map<std::string, std::string> served_;
   int boxesShown_ = 0;
 };
 

@@ -5,14 +5,13 @@
 #include <optional>
 #include <string_view>
 
+#include "core/hosts.h"
 #include "core/ledger.h"
 #include "core/platform.h"
 
 namespace lm {
 
 constexpr std::string_view kProductName = "LedgerMinder";
-constexpr std::string_view kSupportAddress = "support@ledgerminder.example";
-constexpr std::string_view kWebsite = "https://www.ledgerminder.example";
 
 Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt = "",
                    Buttons buttons = Buttons::Ok, Icon icon = Icon::Exclamation,

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/dates.h"
+#include "core/outlook.h"
 
 namespace lm {
 
@@ -65,6 +66,9 @@ class ProgressPort {
   virtual ~ProgressPort() = default;
   // percent is 0 to 100, or -1 to leave the bar and change the text only.
   virtual void Show(int percent, std::string_view text) = 0;
+  // Whether the user wants the work to stop. Work that asks is work that can be left: its window
+  // has a Cancel button from the first question on. Lets the windows paint themselves.
+  virtual bool Cancelled() = 0;
   // The work that was shown is over.
   virtual void Hide() = 0;
   // The splash window's line about the last start.
@@ -120,6 +124,16 @@ class MailPort {
   virtual MailOutcome Compose(const MailMessage& message) = 0;
 };
 
+// The web, read in whole bodies.
+class WebPort {
+ public:
+  virtual ~WebPort() = default;
+  // The body of an http or https address as it came, taken for Windows-1252; "" on any failure,
+  // beyond the limits of time and size, and when `cancelled`, which is asked all the while, says
+  // so.
+  virtual std::string Get(const std::string& url, const std::function<bool()>& cancelled) = 0;
+};
+
 struct Platform {
   MessagePort& messages;
   ClockPort& clock;
@@ -127,6 +141,8 @@ struct Platform {
   ProgressPort& progress;
   SystemPort& system;
   MailPort& mail;
+  WebPort& web;
+  OutlookPort* outlook = nullptr;  // null where this machine has none
 };
 
 // Busy pointer for a scope.

@@ -1,5 +1,6 @@
 #include "shell/windows.h"
 
+#include "connections/windows.h"
 #include "documents/windows.h"
 #include "pension/windows.h"
 #include "records/windows.h"
@@ -13,6 +14,7 @@ void AddWindows(WindowCatalogue& catalogue) {
   AddRecordWindows(catalogue);
   AddDocumentWindows(catalogue);
   AddPensionWindows(catalogue);
+  AddConnectionWindows(catalogue);
 }
 
 void AddMainWindows(WindowCatalogue& catalogue, frmMain& main) {

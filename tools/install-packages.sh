@@ -3,10 +3,10 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache git ca-certificates
-          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev libdeflate-dev libpugixml-dev
+          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev libdeflate-dev libpugixml-dev libcurl4-openssl-dev
           fonts-liberation fonts-dejavu-core)
 case "${1:-build}" in
-  test) packages+=(libgtest-dev python3 qpdf poppler-utils zbar-tools
+  test) packages+=(libgtest-dev libical-dev python3 qpdf poppler-utils zbar-tools
                    default-jre-headless libpdfbox2-java libactivation-java libjaxb-api-java) ;;
   clang) packages+=(clang libclang-rt-14-dev) ;;
   format) packages=(git clang-format-14) ;;

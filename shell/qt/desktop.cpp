@@ -11,6 +11,7 @@
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/progresswindow.h"
 #include "shell/qt/views.h"
+#include "shell/webfetch.h"
 
 namespace lm {
 namespace {
@@ -151,6 +152,16 @@ void DesktopProgress::Show(int percent, std::string_view text) {
   painted_.restart();
 }
 
+// The window comes even when nothing is shown meanwhile, as while an answer of the web is awaited.
+bool DesktopProgress::Cancelled() {
+  if (!window_) return false;
+  window_->OfferCancel();
+  if (!window_->isVisible() && begun_.elapsed() >= kProgressDelay) window_->show();
+  // Clicks reach the modal window only; the one below stays as it is.
+  if (window_->isVisible()) QApplication::processEvents();
+  return window_ && window_->Cancelled();
+}
+
 void DesktopProgress::Hide() {
   if (!window_) return;
   // What was clicked and typed meanwhile falls on this window, not on the one below.
@@ -169,5 +180,9 @@ void DesktopProgress::OpenSplash() {
 }
 
 void DesktopProgress::CloseSplash() { splash_.reset(); }
+
+std::string DesktopWeb::Get(const std::string& url, const std::function<bool()>& cancelled) {
+  return native::FetchFromWeb(url, cancelled);
+}
 
 }  // namespace lm

@@ -59,6 +59,7 @@ class DesktopProgress : public ProgressPort {
   DesktopProgress();
   ~DesktopProgress() override;
   void Show(int percent, std::string_view text) override;
+  bool Cancelled() override;
   void Hide() override;
   void ShowLastOpened(std::string_view text) override;
   // The splash stands during the start and shows its progress; that of other work has a window,
@@ -90,6 +91,11 @@ class DesktopSystem : public SystemPort {
   std::optional<int> AskColour(std::string_view title, int start) override;
 };
 
+class DesktopWeb : public WebPort {
+ public:
+  std::string Get(const std::string& url, const std::function<bool()>& cancelled) override;
+};
+
 struct DesktopPlatform {
   DesktopMessages messages;
   DesktopClock clock;
@@ -97,7 +103,8 @@ struct DesktopPlatform {
   DesktopProgress progress;
   DesktopSystem system;
   DesktopMail mail;
-  Platform platform{messages, clock, windows, progress, system, mail};
+  DesktopWeb web;
+  Platform platform{messages, clock, windows, progress, system, mail, web};
 };
 
 }  // namespace lm

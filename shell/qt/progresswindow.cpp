@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -20,7 +21,8 @@ constexpr int kTextWidth = 380;  // device-independent pixels
 ProgressWindow::ProgressWindow(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       lblProgress_(new QLabel),
-      bar_(new QProgressBar) {
+      bar_(new QProgressBar),
+      cmdCancel_(new QPushButton("Cancel")) {
   setObjectName("progressWindow");
   setWindowTitle(ToQt(kProductName));
   setModal(true);
@@ -36,6 +38,18 @@ ProgressWindow::ProgressWindow(QWidget* parent)
   column->setSizeConstraint(QLayout::SetFixedSize);
   column->addWidget(lblProgress_);
   column->addWidget(bar_);
+  cmdCancel_->setObjectName("cmdCancel");
+  cmdCancel_->hide();
+  column->addWidget(cmdCancel_, 0, Qt::AlignRight);
+  connect(cmdCancel_, &QPushButton::clicked, this, &ProgressWindow::reject);
+}
+
+void ProgressWindow::OfferCancel() { cmdCancel_->show(); }
+
+void ProgressWindow::reject() {
+  if (cmdCancel_->isHidden() || cancelled_) return;
+  cancelled_ = true;
+  cmdCancel_->setEnabled(false);
 }
 
 void ProgressWindow::SetProgress(int percent, std::string_view text) {

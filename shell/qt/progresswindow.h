@@ -6,6 +6,7 @@
 
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 namespace lm {
 
@@ -16,16 +17,20 @@ class ProgressWindow : public QDialog {
 
   // percent is cut to 0..100; -1 leaves the bar and changes the text only.
   void SetProgress(int percent, std::string_view text);
+  void OfferCancel();
+  bool Cancelled() const { return cancelled_; }
 
  protected:
   void showEvent(QShowEvent* event) override;
-  // The user does not end the work by closing its window.
-  void reject() override {}
+  // Escape ends only work that offers Cancel, and only by saying so to it.
+  void reject() override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   QLabel* lblProgress_;
   QProgressBar* bar_;
+  QPushButton* cmdCancel_;
+  bool cancelled_ = false;
 };
 
 }  // namespace lm

@@ -74,6 +74,12 @@ void ScriptedPlatform::Show(int percent, std::string_view text) {
   progress.push_back(std::to_string(percent) + " " + std::string(text));
 }
 
+std::string ScriptedPlatform::Get(const std::string& url, const std::function<bool()>& cancelled) {
+  fetched.push_back(url);
+  const auto body = web.find(url);
+  return cancelled() || body == web.end() ? "" : body->second;
+}
+
 bool ScriptedPlatform::Open(std::string_view target) {
   opened.emplace_back(target);
   return opens;

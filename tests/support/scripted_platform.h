@@ -4,6 +4,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -31,7 +32,8 @@ class ScriptedPlatform : public MessagePort,
                          public WindowPort,
                          public ProgressPort,
                          public SystemPort,
-                         public MailPort {
+                         public MailPort,
+                         public WebPort {
  public:
   // What was shown, in order.
   std::vector<MessageBoxText> messages;
@@ -62,6 +64,9 @@ class ScriptedPlatform : public MessagePort,
   std::vector<MailMessage> mails;  // what the mail program was given
   bool mailAvailable = true;
   MailOutcome mailOutcome = MailOutcome::Sent;
+  std::map<std::string, std::string> web;  // bodies by address; others have no answer
+  std::vector<std::string> fetched;        // addresses that were asked for
+  int cancelAfter = -1;                    // questions until the user presses Cancel; -1: never
 
   ScriptedPlatform();
 
@@ -72,6 +77,7 @@ class ScriptedPlatform : public MessagePort,
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool on) override { busy += on ? 1 : -1; }
   void Show(int percent, std::string_view text) override;
+  bool Cancelled() override { return cancelAfter >= 0 && cancelAfter-- == 0; }
   void Hide() override { progress.emplace_back("hide"); }
   void ShowLastOpened(std::string_view text) override { lastOpened = text; }
   std::vector<std::string> RunningProcesses() override { return processes; }
@@ -101,7 +107,9 @@ class ScriptedPlatform : public MessagePort,
     return mailOutcome;
   }
 
-  Platform platform{*this, *this, *this, *this, *this, *this};
+  std::string Get(const std::string& url, const std::function<bool()>& cancelled) override;
+
+  Platform platform{*this, *this, *this, *this, *this, *this, *this};
 };
 
 // A clock that stands at 3 February 2026, 10:30.

@@ -1,0 +1,39 @@
+#include "connections/modInternet.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/platform.h"
+#include "core/text.h"
+
+namespace lm {
+namespace {
+
+bool StartsIgnoringCase(std::string_view text, std::string_view start) {
+  return EqualsIgnoreCase(text.substr(0, start.size()), start);
+}
+
+}  // namespace
+
+bool IsWebAddress(std::string_view address) {
+  constexpr std::array<std::string_view, 3> kStarts{"http", "www", "webcal"};
+  return std::ranges::any_of(
+      kStarts, [&](std::string_view start) { return StartsIgnoringCase(address, start); });
+}
+
+std::string HttpGet(Ledger& ledger, std::string_view url) {
+  constexpr std::string_view kWebcal = "webcal://";
+  std::string address(Trim(url));
+  if (StartsIgnoringCase(address, kWebcal)) address.erase(0, kWebcal.size() - 3);
+  if (address.find("://") == std::string::npos) address.insert(0, "://");
+  if (address.starts_with("://")) address.insert(0, "https");
+
+  ProgressPort& progress = ledger.platform.progress;
+  progress.Show(0, "Waiting for an answer...");
+  std::string body =
+      ledger.platform.web.Get(ToUtf8(address), [&progress] { return progress.Cancelled(); });
+  progress.Hide();
+  return body;
+}
+
+}  // namespace lm

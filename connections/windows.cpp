@@ -1,0 +1,7 @@
+#include "connections/windows.h"
+
+namespace lm {
+
+void AddConnectionWindows(WindowCatalogue&) {}
+
+}  // namespace lm
