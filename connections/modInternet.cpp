@@ -9,6 +9,8 @@
 namespace lm {
 namespace {
 
+constexpr std::string_view kWebcal = "webcal://";
+
 bool StartsIgnoringCase(std::string_view text, std::string_view start) {
   return EqualsIgnoreCase(text.substr(0, start.size()), start);
 }
@@ -21,18 +23,19 @@ bool IsWebAddress(std::string_view address) {
       kStarts, [&](std::string_view start) { return StartsIgnoringCase(address, start); });
 }
 
-std::string HttpGet(Ledger& ledger, std::string_view url) {
-  constexpr std::string_view kWebcal = "webcal://";
+std::optional<std::string> HttpGet(Ledger& ledger, std::string_view url) {
   std::string address(Trim(url));
-  if (StartsIgnoringCase(address, kWebcal)) address.erase(0, kWebcal.size() - 3);
-  if (address.find("://") == std::string::npos) address.insert(0, "://");
-  if (address.starts_with("://")) address.insert(0, "https");
+  if (StartsIgnoringCase(address, kWebcal)) address.erase(0, kWebcal.size());
+  if (!StartsIgnoringCase(address, "http://") && !StartsIgnoringCase(address, "https://"))
+    address.insert(0, "https://");
 
   ProgressPort& progress = ledger.platform.progress;
+  bool cancelled = false;
   progress.Show(0, "Waiting for an answer...");
-  std::string body =
-      ledger.platform.web.Get(ToUtf8(address), [&progress] { return progress.Cancelled(); });
+  std::string body = ledger.platform.web.Get(
+      ToUtf8(address), [&] { return cancelled = cancelled || progress.Cancelled(); });
   progress.Hide();
+  if (cancelled) return std::nullopt;
   return body;
 }
 

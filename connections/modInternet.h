@@ -1,6 +1,7 @@
 // The one door to the web.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,9 +12,9 @@ namespace lm {
 // Whether a text names something on the web: "http...", "www...", "webcal...", in any case.
 bool IsWebAddress(std::string_view address);
 
-// The whole body of an address, as it came, taken for Windows-1252. "" on any failure, and when the
-// user cancels the fetch, for which its progress is shown. "webcal://" is fetched as https, an
+// The whole body of an address, as it came, taken for Windows-1252; "" on any failure. Its progress
+// is shown, and nothing comes of a fetch that the user cancels. "webcal://" is fetched as https, an
 // address without a scheme too.
-std::string HttpGet(Ledger& ledger, std::string_view url);
+std::optional<std::string> HttpGet(Ledger& ledger, std::string_view url);
 
 }  // namespace lm

@@ -1,7 +1,17 @@
 #include "connections/windows.h"
 
-namespace lm {
+#include "connections/frmAbout.h"
 
-void AddConnectionWindows(WindowCatalogue&) {}
+namespace lm {
+namespace {
+
+bool ShowAbout(Ledger& ledger, const std::vector<std::string>&) {
+  frmAbout window(ledger);
+  return ShowRecord(window, "", "This window is already open.", [] { return true; });
+}
+
+}  // namespace
+
+void AddConnectionWindows(WindowCatalogue& catalogue) { catalogue.Add("frmAbout", ShowAbout); }
 
 }  // namespace lm

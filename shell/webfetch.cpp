@@ -18,15 +18,19 @@ struct MultiCloser {
   void operator()(CURLM* multi) const { curl_multi_cleanup(multi); }
 };
 
-std::size_t Append(const char* bytes, std::size_t, std::size_t count, void* body) {
-  auto& text = *static_cast<std::string*>(body);
-  if (count > kMostFetched - text.size()) return CURL_WRITEFUNC_ERROR;
-  text.append(bytes, count);
+struct Body {
+  std::string text;
+  std::size_t most;
+};
+
+std::size_t Append(const char* bytes, std::size_t, std::size_t count, void* into) {
+  Body& body = *static_cast<Body*>(into);
+  if (count > body.most - body.text.size()) return CURL_WRITEFUNC_ERROR;
+  body.text.append(bytes, count);
   return count;
 }
 
-// Nothing is kept from one fetch to the next, and nothing of the user's is sent along.
-void Prepare(CURL* easy, const std::string& url, const std::string& trusted, std::string& body) {
+void Prepare(CURL* easy, const std::string& url, const FetchLimits& limits, Body& body) {
   curl_easy_setopt(easy, CURLOPT_URL, url.c_str());
   curl_easy_setopt(easy, CURLOPT_USERAGENT, "lm wininet");
   curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
@@ -34,46 +38,46 @@ void Prepare(CURL* easy, const std::string& url, const std::string& trusted, std
   curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 1L);
   curl_easy_setopt(easy, CURLOPT_MAXREDIRS, 10L);
   curl_easy_setopt(easy, CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
-  curl_easy_setopt(easy, CURLOPT_PROXY, "");  // direct access
-  curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");
-  curl_easy_setopt(easy, CURLOPT_TIMEOUT, static_cast<long>(kFetchSeconds));
-  curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(kMostFetched));
+  curl_easy_setopt(easy, CURLOPT_PROXY, "");            // direct access
+  curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");  // what can be unpacked
+  curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, static_cast<long>(limits.time.count()));
+  curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.bytes));
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, Append);
   curl_easy_setopt(easy, CURLOPT_WRITEDATA, &body);
-  if (!trusted.empty()) curl_easy_setopt(easy, CURLOPT_CAINFO, trusted.c_str());
+  if (!limits.trusted.empty()) curl_easy_setopt(easy, CURLOPT_CAINFO, limits.trusted.c_str());
 }
 
-// How the one fetch ended; anything but CURLE_OK while it runs.
-CURLcode Outcome(CURLM* multi) {
+bool Succeeded(CURLM* multi) {
   int left = 0;
   const CURLMsg* message = curl_multi_info_read(multi, &left);
-  return message && message->msg == CURLMSG_DONE ? message->data.result : CURLE_AGAIN;
+  return message && message->msg == CURLMSG_DONE && message->data.result == CURLE_OK;
 }
 
 bool Run(CURLM* multi, const std::function<bool()>& cancelled) {
   for (int running = 1; running > 0;) {
     if (curl_multi_perform(multi, &running) != CURLM_OK) return false;
-    if (running > 0 && (cancelled() || curl_multi_poll(multi, nullptr, 0, kAskEvery, nullptr)))
-      return false;
+    if (running == 0) break;
+    if (cancelled()) return false;
+    if (curl_multi_poll(multi, nullptr, 0, kAskEvery, nullptr) != CURLM_OK) return false;
   }
-  return Outcome(multi) == CURLE_OK;
+  return Succeeded(multi);
 }
 
 }  // namespace
 
 std::string FetchFromWeb(const std::string& url, const std::function<bool()>& cancelled,
-                         const std::string& trusted) {
+                         const FetchLimits& limits) {
   static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
   const std::unique_ptr<CURL, EasyCloser> easy(ready ? curl_easy_init() : nullptr);
   const std::unique_ptr<CURLM, MultiCloser> multi(ready ? curl_multi_init() : nullptr);
   if (!easy || !multi) return "";
-  std::string body;
-  Prepare(easy.get(), url, trusted, body);
+  Body body{"", limits.bytes};
+  Prepare(easy.get(), url, limits, body);
   curl_multi_add_handle(multi.get(), easy.get());
   const bool whole = Run(multi.get(), cancelled);
   curl_multi_remove_handle(multi.get(), easy.get());
-  return whole ? body : "";
+  return whole ? std::move(body.text) : "";
 }
 
 }  // namespace lm::native

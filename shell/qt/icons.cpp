@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
+#include <QLabel>
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>
@@ -79,6 +80,12 @@ void ApplyLineIcons(QWidget& root) {
     // Air around drawing and words.
     if (qobject_cast<QPushButton*>(button))
       button->setMinimumSize(button->sizeHint() + QSize(12, 4));
+  }
+  for (QLabel* label : root.findChildren<QLabel*>()) {
+    const QString name = label->property("picture").toString();
+    if (!name.isEmpty())
+      label->setPixmap(QIcon(QStringLiteral(":/icons/%1.svg").arg(name))
+                           .pixmap(label->minimumSize(), label->devicePixelRatioF()));
   }
 }
 

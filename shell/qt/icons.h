@@ -19,7 +19,8 @@ QColor GoodColour();
 QColor WarningColour();
 QColor DangerColour();
 
-// Gives every button below `root` with a property "lineIcon" the drawing of that name.
+// Gives every button below `root` with a property "lineIcon" the drawing of that name, and every
+// label with a property "picture" the picture, in its own colours and the label's least size.
 void ApplyLineIcons(QWidget& root);
 
 }  // namespace lm

@@ -53,7 +53,10 @@ void ProgressWindow::reject() {
 }
 
 void ProgressWindow::SetProgress(int percent, std::string_view text) {
-  if (percent >= 0) bar_->setValue(std::min(percent, 100));
+  if (percent >= 0) {
+    bar_->setRange(0, percent > 0 ? 100 : 0);  // to and fro until there is something to measure
+    bar_->setValue(std::min(percent, 100));
+  }
   lblProgress_->setText(
       lblProgress_->fontMetrics().elidedText(ToQt(text).trimmed(), Qt::ElideRight, kTextWidth));
   bar_->setAccessibleName(lblProgress_->text());

@@ -164,6 +164,22 @@ TEST(Progress, ComesOnlyWhenTheWorkLastsAndGoesWithIt) {
   EXPECT_EQ(ShownProgress(), nullptr);
 }
 
+TEST(Progress, OffersCancelToWorkThatCanBeLeft) {
+  DesktopProgress progress;
+  EXPECT_FALSE(progress.Cancelled());
+  progress.Show(0, "waiting");
+  QTest::qSleep(600);
+  EXPECT_FALSE(progress.Cancelled());
+  ProgressWindow* window = ShownProgress();
+  ASSERT_NE(window, nullptr) << "though nothing was shown meanwhile";
+  EXPECT_TRUE(window->findChild<QPushButton*>("cmdCancel")->isVisible());
+  QTest::keyClick(window, Qt::Key_Escape);
+  EXPECT_TRUE(progress.Cancelled());
+  EXPECT_EQ(ShownProgress(), window) << "until the work is over";
+  progress.Hide();
+  EXPECT_FALSE(progress.Cancelled());
+}
+
 TEST(Progress, BelongsToTheSplashDuringTheStart) {
   DesktopProgress progress;
   progress.OpenSplash();

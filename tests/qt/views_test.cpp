@@ -168,19 +168,30 @@ TEST(Views, EveryFieldHasANameForReaders) {
 
 TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   Windows windows;
-  const std::map<std::string, std::string> starts{
-      {"frmSession", "cPractice"},        {"frmPractice", "txtName"},
-      {"frmWelcome", "txtTitle"},         {"frmPrepareInvoices", "cboPractice"},
-      {"frmInvoice", "cIDate"},           {"frmBookingConfirmation", "cboPractice"},
-      {"frmPensionForms", "cboPractice"}, {"frmPensionA", "cSentToPractice"},
-      {"frmPensionB", "cSentToHA"},       {"frmPensionSOLO", "cSentToHA"},
-      {"frmGetPassword", "txtPassword"},  {"frmPopupCalendar", "fg"},
-      {"frmPopupClock", "cmdOK"},         {"frmPopupNumbers", "cmdOK"},
-      {"frmShortcutKeys", "fgKeys"},      {"frmAddSessions", "cboPractice"},
-      {"frmRateCompare", "fgRates"},      {"frmEvent", "cTitle"},
-      {"frmAddExpenses", "txtItem"},      {"frmGettingStarted", "cmdPractices"},
-      {"frmConfigure", "fgChooser"},      {"frmChart", "plotChart"},
-      {"frmChartOptions", "picChartType"}};
+  const std::map<std::string, std::string> starts{{"frmAbout", "cmdOK"},
+                                                  {"frmSession", "cPractice"},
+                                                  {"frmPractice", "txtName"},
+                                                  {"frmWelcome", "txtTitle"},
+                                                  {"frmPrepareInvoices", "cboPractice"},
+                                                  {"frmInvoice", "cIDate"},
+                                                  {"frmBookingConfirmation", "cboPractice"},
+                                                  {"frmPensionForms", "cboPractice"},
+                                                  {"frmPensionA", "cSentToPractice"},
+                                                  {"frmPensionB", "cSentToHA"},
+                                                  {"frmPensionSOLO", "cSentToHA"},
+                                                  {"frmGetPassword", "txtPassword"},
+                                                  {"frmPopupCalendar", "fg"},
+                                                  {"frmPopupClock", "cmdOK"},
+                                                  {"frmPopupNumbers", "cmdOK"},
+                                                  {"frmShortcutKeys", "fgKeys"},
+                                                  {"frmAddSessions", "cboPractice"},
+                                                  {"frmRateCompare", "fgRates"},
+                                                  {"frmEvent", "cTitle"},
+                                                  {"frmAddExpenses", "txtItem"},
+                                                  {"frmGettingStarted", "cmdPractices"},
+                                                  {"frmConfigure", "fgChooser"},
+                                                  {"frmChart", "plotChart"},
+                                                  {"frmChartOptions", "picChartType"}};
   std::map<std::string, std::string> focused;
   windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
     ScreenDialog dialog(view, screen, nullptr);

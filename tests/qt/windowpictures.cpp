@@ -6,6 +6,7 @@
 #include <QPdfWriter>
 #include <QStyleFactory>
 
+#include "connections/frmAbout.h"
 #include "core/frmGetPassword.h"
 #include "core/messagebox.h"
 #include "core/shortcuts.h"
@@ -297,6 +298,10 @@ void GrabRecords(test::TestLedger& test) {
   GrabScreen(rates, "frmRateCompare");
   frmWelcome welcome(test);
   GrabScreen(welcome, "frmWelcome");
+  frmAbout about(test);
+  GrabScreen(about, "frmAbout");
+  about.Choose(about.tabTab, 1);
+  GrabScreen(about, "frmAbout-licences");
   frmGetPassword password(test, "LedgerMinder.dat");
   GrabScreen(password, "frmGetPassword");
   frmPopupCalendar calendar(test, "Start Date");
@@ -336,6 +341,8 @@ void GrabInvoices(test::TestLedger& test) {
   ProgressWindow progress(nullptr);
   progress.SetProgress(40, "Preparing invoice 12: Riverside Surgery");
   Grab(progress, "progressWindow");
+  progress.OfferCancel();
+  Grab(progress, "progressWindow-cancel");
 }
 
 template <typename Window>

@@ -74,16 +74,16 @@ TEST_F(MainWindow, EveryMenuEntryHasItsCommandOnce) {
 }
 
 TEST_F(MainWindow, CommandsWithoutTheirWindowAreDisabled) {
-  EXPECT_FALSE(window->FindField("mnuHelpAbout")->Enabled());
   EXPECT_TRUE(window->FindField("mnuNewSession")->Enabled());
-  bool opened = false;
-  windows.Add("frmAbout", [&](Ledger&, const std::vector<std::string>&) { return opened = true; });
-  window->RefreshCommands();
-  PressNamed("mnuHelpAbout");
-  EXPECT_TRUE(opened);
-
   WindowCatalogue none;
   frmMain bare(ledger, none);
+  EXPECT_FALSE(bare.FindField("mnuHelpAbout")->Enabled());
+  bool opened = false;
+  none.Add("frmAbout", [&](Ledger&, const std::vector<std::string>&) { return opened = true; });
+  bare.RefreshCommands();
+  bare.Press(*bare.FindField("mnuHelpAbout"));
+  EXPECT_TRUE(opened);
+
   EXPECT_FALSE(bare.FindField("mnuNewPractice")->Enabled());
   EXPECT_FALSE(bare.PageOf<SessionsPage>().cmdAddSession.Enabled());
 }
