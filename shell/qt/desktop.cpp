@@ -142,23 +142,25 @@ void DesktopProgress::Show(int percent, std::string_view text) {
     painted_.start();
   }
   window_->SetProgress(percent, text);
-  if (!window_->isVisible()) {
-    if (begun_.elapsed() < kProgressDelay) return;
-    window_->show();
-  } else if (painted_.elapsed() < kPaintInterval) {
-    return;
-  }
+  if (!PaintDue()) return;
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   painted_.restart();
 }
 
-// The window comes even when nothing is shown meanwhile, as while an answer of the web is awaited.
+bool DesktopProgress::PaintDue() {
+  if (window_->isVisible()) return painted_.elapsed() >= kPaintInterval;
+  if (begun_.elapsed() < kProgressDelay) return false;
+  window_->show();
+  return true;
+}
+
 bool DesktopProgress::Cancelled() {
   if (!window_) return false;
   window_->OfferCancel();
-  if (!window_->isVisible() && begun_.elapsed() >= kProgressDelay) window_->show();
-  // Clicks reach the modal window only; the one below stays as it is.
-  if (window_->isVisible()) QApplication::processEvents();
+  if (PaintDue()) {
+    QApplication::processEvents();  // clicks reach this window alone, for it is modal
+    painted_.restart();
+  }
   return window_ && window_->Cancelled();
 }
 

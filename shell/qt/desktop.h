@@ -68,6 +68,9 @@ class DesktopProgress : public ProgressPort {
   void CloseSplash();
 
  private:
+  // Whether the window is to paint itself now; it comes when the work has lasted.
+  bool PaintDue();
+
   std::unique_ptr<frmSplashScreen> splash_;
   QPointer<ProgressWindow> window_;  // while work is under way; goes with the window below it
   QElapsedTimer begun_;
