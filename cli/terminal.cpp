@@ -121,6 +121,7 @@ std::vector<std::string> Terminal::RunningProcesses() {
 std::string Terminal::UserName() { return native::UserName(); }
 std::filesystem::path Terminal::ExecutableDirectory() { return native::ExecutableDirectory(); }
 std::filesystem::path Terminal::UserDataDirectory() { return native::UserDataDirectory(); }
+std::filesystem::path Terminal::DocumentsDirectory() { return native::DocumentsDirectory(); }
 
 // A file of the program directory is told by its place there, as on every machine.
 std::string Terminal::OwnName(std::string_view path) const {

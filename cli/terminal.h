@@ -72,6 +72,7 @@ class Terminal : public MessagePort,
   std::string UserName() override;
   std::filesystem::path ExecutableDirectory() override;
   std::filesystem::path UserDataDirectory() override;
+  std::filesystem::path DocumentsDirectory() override;
   bool Open(std::string_view target) override;
   bool StartCalculator() override { return false; }
   void SetClipboard(std::string_view) override {}

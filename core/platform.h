@@ -94,6 +94,8 @@ class SystemPort {
   // The folder that holds the program, and the user's own data folder for this program.
   virtual std::filesystem::path ExecutableDirectory() = 0;
   virtual std::filesystem::path UserDataDirectory() = 0;
+  // Where the user keeps documents; may be missing.
+  virtual std::filesystem::path DocumentsDirectory() = 0;
   // A web address or a file, with the platform's default handler. False when nothing opened it.
   virtual bool Open(std::string_view target) = 0;
   virtual bool StartCalculator() = 0;

@@ -12,6 +12,7 @@
 #include <windows.h>
 // after windows.h
 #include <lmcons.h>
+#include <shlobj.h>
 #include <tlhelp32.h>
 #else
 #include <pwd.h>
@@ -70,6 +71,14 @@ fs::path UserDataDirectory() {
   return fs::path(base ? base : L".") / "LedgerMinder";
 }
 
+fs::path DocumentsDirectory() {
+  wchar_t path[MAX_PATH];
+  if (SHGetFolderPathW(nullptr, CSIDL_PERSONAL, nullptr, SHGFP_TYPE_CURRENT, path) == S_OK)
+    return path;
+  const wchar_t* profile = _wgetenv(L"USERPROFILE");
+  return profile ? profile : L".";
+}
+
 #else
 
 void OutliveFileSizeLimit() { std::signal(SIGXFSZ, SIG_IGN); }
@@ -85,6 +94,11 @@ fs::path HomeDirectory() {
   if (const char* home = std::getenv("HOME"); home && *home) return home;
   const passwd* user = getpwuid(getuid());
   return user && user->pw_dir ? user->pw_dir : ".";
+}
+
+fs::path FolderOrHome(const fs::path& folder) {
+  std::error_code ignored;
+  return fs::is_directory(folder, ignored) ? folder : HomeDirectory();
 }
 
 }  // namespace
@@ -112,6 +126,8 @@ fs::path ExecutableDirectory() {
 fs::path UserDataDirectory() {
   return HomeDirectory() / "Library" / "Application Support" / "LedgerMinder";
 }
+
+fs::path DocumentsDirectory() { return FolderOrHome(HomeDirectory() / "Documents"); }
 
 #else
 
@@ -154,6 +170,22 @@ fs::path UserDataDirectory() {
   const fs::path folder =
       base && *base == '/' ? fs::path(base) : HomeDirectory() / ".local" / "share";
   return folder / "ledgerminder";
+}
+
+// The desktop keeps it in a line of a file: XDG_DOCUMENTS_DIR="$HOME/Dokumente"
+fs::path DocumentsDirectory() {
+  constexpr std::string_view kStart = "XDG_DOCUMENTS_DIR=\"", kHome = "$HOME/";
+  const char* base = std::getenv("XDG_CONFIG_HOME");
+  const fs::path settings = base && *base == '/' ? fs::path(base) : HomeDirectory() / ".config";
+  std::ifstream lines(settings / "user-dirs.dirs");
+  fs::path folder = HomeDirectory() / "Documents";
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with(kStart)) continue;
+    const std::string named = line.substr(kStart.size(), line.rfind('"') - kStart.size());
+    folder = named;
+    if (named.starts_with(kHome)) folder = HomeDirectory() / named.substr(kHome.size());
+  }
+  return FolderOrHome(folder);
 }
 
 #endif

@@ -28,4 +28,8 @@ std::filesystem::path ExecutableDirectory();
 // Application Support on macOS. Not made here.
 std::filesystem::path UserDataDirectory();
 
+// Where the user keeps documents, as the desktop has it; the home folder where there is no such
+// folder.
+std::filesystem::path DocumentsDirectory();
+
 }  // namespace lm::native

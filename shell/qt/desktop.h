@@ -84,6 +84,7 @@ class DesktopSystem : public SystemPort {
   std::string UserName() override;
   std::filesystem::path ExecutableDirectory() override;
   std::filesystem::path UserDataDirectory() override;
+  std::filesystem::path DocumentsDirectory() override;
   bool Open(std::string_view target) override;
   bool StartCalculator() override;
   void SetClipboard(std::string_view text) override;

@@ -53,6 +53,7 @@ std::vector<std::string> DesktopSystem::RunningProcesses() {
 std::string DesktopSystem::UserName() { return native::UserName(); }
 std::filesystem::path DesktopSystem::ExecutableDirectory() { return native::ExecutableDirectory(); }
 std::filesystem::path DesktopSystem::UserDataDirectory() { return native::UserDataDirectory(); }
+std::filesystem::path DesktopSystem::DocumentsDirectory() { return native::DocumentsDirectory(); }
 
 bool DesktopSystem::Open(std::string_view target) {
   const QString name = ToQt(target);

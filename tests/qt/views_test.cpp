@@ -187,6 +187,7 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
                                                   {"frmAddSessions", "cboPractice"},
                                                   {"frmRateCompare", "fgRates"},
                                                   {"frmEvent", "cTitle"},
+                                                  {"frmExportCalendar", "txtSDate"},
                                                   {"frmAddExpenses", "txtItem"},
                                                   {"frmGettingStarted", "cmdPractices"},
                                                   {"frmConfigure", "fgChooser"},

@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 
 #include "connections/frmAbout.h"
+#include "connections/frmExportCalendar.h"
 #include "core/frmGetPassword.h"
 #include "core/messagebox.h"
 #include "core/shortcuts.h"
@@ -302,6 +303,9 @@ void GrabRecords(test::TestLedger& test) {
   GrabScreen(about, "frmAbout");
   about.Choose(about.tabTab, 1);
   GrabScreen(about, "frmAbout-licences");
+  frmExportCalendar exported(test);
+  exported.txtExportFile.SetText("/home/frances/Documents/LedgerMinder Sessions.ics");
+  GrabScreen(exported, "frmExportCalendar");
   frmGetPassword password(test, "LedgerMinder.dat");
   GrabScreen(password, "frmGetPassword");
   frmPopupCalendar calendar(test, "Start Date");

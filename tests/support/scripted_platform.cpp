@@ -94,6 +94,7 @@ TestLedger::TestLedger() {
   ledger.programDirectory = directory.Path();
   shown.executableDirectory = directory.Path();
   shown.userDataDirectory = directory.Path() / "user";
+  shown.documentsDirectory = directory.Path();
   SetFirstInstallOptions(ledger);
   SetDefaultOptions(ledger);
   ledger.starting = false;

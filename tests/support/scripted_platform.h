@@ -53,7 +53,8 @@ class ScriptedPlatform : public MessagePort,
   Date now;
   std::vector<std::string> processes{"ledgerminder"};
   std::string userName = "tester";
-  std::filesystem::path openFile, saveFile, executableDirectory, userDataDirectory;
+  std::filesystem::path openFile, saveFile, executableDirectory, userDataDirectory,
+      documentsDirectory;
   std::filesystem::path saveStart;  // what the last dialog to save offered
   std::size_t saveFilter = 0;
   std::optional<int> colour;                               // what the user chooses
@@ -84,6 +85,7 @@ class ScriptedPlatform : public MessagePort,
   std::string UserName() override { return userName; }
   std::filesystem::path ExecutableDirectory() override { return executableDirectory; }
   std::filesystem::path UserDataDirectory() override { return userDataDirectory; }
+  std::filesystem::path DocumentsDirectory() override { return documentsDirectory; }
   bool Open(std::string_view target) override;
   bool StartCalculator() override { return opens; }
   void SetClipboard(std::string_view text) override { clipboard = text; }
