@@ -1,5 +1,6 @@
 #include "connections/appointments.h"
 
+#include "core/celltexts.h"
 #include "core/change.h"
 #include "core/format.h"
 #include "core/numbers.h"
@@ -50,26 +51,45 @@ constexpr TypeWord kTypeWords[] = {{"PRIVATE", kTypePrivate},
                                    {"OOH", kTypeOohStandard},
                                    {"NHSU", kTypeUnpensioned}};
 
-void ReadSettings(Ledger& ledger, int row, std::string_view description) {
-  Grid& sessions = ledger.fgSessions;
+struct Settings {
   int type = kTypeNormal;
-  std::string rate = "0", contribution = "0";
+  std::string rate = "0", contribution = "0", contributionRate, total = "0";
+};
+
+Settings ReadSettings(std::string_view description, std::string_view percentage) {
+  Settings settings;
+  if (description.empty()) return settings;
   for (const std::string& line : SettingLines(description)) {
-    if (line.starts_with("RATE")) rate = RateOf(line);
+    if (line.starts_with("RATE")) settings.rate = RateOf(line);
     for (const TypeWord& word : kTypeWords)
-      if (line.starts_with(word.start)) type = word.type;
+      if (line.starts_with(word.start)) settings.type = word.type;
   }
   // The whole rate bears a contribution here, of normal sessions too.
-  if (type == kTypeNormal || type == kTypeOohStandard) {
-    const std::string percentage = GetOption(ledger, optEmployerContribRate);
-    contribution = Money(Val(rate) * Val(percentage) / 100);
-    sessions.SetTextMatrix(row, "EMPLOYERCONTRIBRATE", percentage);
+  if (settings.type == kTypeNormal || settings.type == kTypeOohStandard) {
+    settings.contribution = Money(Val(settings.rate) * Val(percentage) / 100);
+    settings.contributionRate = percentage;
   }
-  sessions.SetTextMatrix(row, "SESS_TYPE", PlainText(type));
-  sessions.SetTextMatrix(row, "RATE", rate);
-  sessions.SetTextMatrix(row, "EMPLOYERCONTRIB", contribution);
-  sessions.SetTextMatrix(row, "TOTAL", Money(Val(rate) + Val(contribution)));
+  settings.total = Money(Val(settings.rate) + Val(settings.contribution));
+  return settings;
 }
+
+// The cells of a session's row, written as one record. Each is found once for all sessions.
+class SessionRecord {
+ public:
+  explicit SessionRecord(const Grid& sessions)
+      : sessions_(sessions), cells_(static_cast<std::size_t>(sessions.Cols())) {}
+  std::string& Cell(std::string_view key) {
+    const int col = sessions_.ColIndex(key);
+    return col < 0 ? noCell_ : cells_[static_cast<std::size_t>(col)];
+  }
+  std::string Text() const { return Join(cells_, kEnd) + std::string(kEnd); }
+
+ private:
+  static constexpr std::string_view kEnd{&kFieldEnd, 1};
+  const Grid& sessions_;
+  std::vector<std::string> cells_;
+  std::string noCell_;
+};
 
 }  // namespace
 
@@ -112,25 +132,34 @@ void CreateSessions(Ledger& ledger, const std::vector<AppointmentSession>& made,
   const Change change(ledger, "Import Sessions");
   Grid& sessions = ledger.fgSessions;
   const RedrawOff redrawOff(sessions);
-  const std::string note = GetOption(ledger, noteOption);
+  const std::string percentage = GetOption(ledger, optEmployerContribRate);
   int id = NextId(sessions);
+  SessionRecord record(sessions);
+  for (const std::string_view key : {"EXTRAS", "EXPENSES"}) record.Cell(key) = "0";
+  record.Cell("NOTES") = GetOption(ledger, noteOption);
+  std::string &idCell = record.Cell("ID"), &practice = record.Cell("PRACTICE"),
+              &startDate = record.Cell("SDATE"), &startTime = record.Cell("STIME"),
+              &endDate = record.Cell("EDATE"), &endTime = record.Cell("ETIME"),
+              &type = record.Cell("SESS_TYPE"), &rate = record.Cell("RATE"),
+              &contribution = record.Cell("EMPLOYERCONTRIB"),
+              &contributionRate = record.Cell("EMPLOYERCONTRIBRATE"), &total = record.Cell("TOTAL");
+  std::vector<std::string> records;
   for (const AppointmentSession& each : made) {
-    const int row = AddRecord(ledger, sessions);
-    const auto set = [&](std::string_view key, std::string_view text) {
-      sessions.SetTextMatrix(row, key, text);
-    };
-    set("ID", PlainText(id++));
-    set("PRACTICE", each.practice);
-    set("SDATE", CellText(each.start));
-    set("STIME", CellTimeText(each.start));
-    set("EDATE", CellText(each.end));
-    set("ETIME", CellTimeText(each.end));
-    set("SESS_TYPE", PlainText(kTypeNormal));
-    for (const std::string_view key : {"RATE", "TOTAL", "EXTRAS", "EXPENSES", "EMPLOYERCONTRIB"})
-      set(key, "0");
-    set("NOTES", note);
-    if (!each.description.empty()) ReadSettings(ledger, row, each.description);
+    Settings settings = ReadSettings(each.description, percentage);
+    idCell = PlainText(id++);
+    practice = each.practice;
+    startDate = CellText(each.start);
+    startTime = CellTimeText(each.start);
+    endDate = CellText(each.end);
+    endTime = CellTimeText(each.end);
+    type = PlainText(settings.type);
+    rate = std::move(settings.rate);
+    contribution = std::move(settings.contribution);
+    contributionRate = std::move(settings.contributionRate);
+    total = std::move(settings.total);
+    records.push_back(record.Text());
   }
+  AddRecords(ledger, sessions, std::move(records));
 }
 
 }  // namespace lm

@@ -2,25 +2,24 @@
 
 #include "connections/frmAbout.h"
 #include "connections/frmExportCalendar.h"
+#include "connections/frmImportCalendar.h"
 
 namespace lm {
 namespace {
 
-bool ShowAbout(Ledger& ledger, const std::vector<std::string>&) {
-  frmAbout window(ledger);
-  return ShowRecord(window, "", "This window is already open.", [] { return true; });
-}
-
-bool ShowExportCalendar(Ledger& ledger, const std::vector<std::string>&) {
-  frmExportCalendar window(ledger);
+// One window of its kind, which takes no words.
+template <typename Window>
+bool ShowOne(Ledger& ledger, const std::vector<std::string>&) {
+  Window window(ledger);
   return ShowRecord(window, "", "This window is already open.", [] { return true; });
 }
 
 }  // namespace
 
 void AddConnectionWindows(WindowCatalogue& catalogue) {
-  catalogue.Add("frmAbout", ShowAbout);
-  catalogue.Add("frmExportCalendar", ShowExportCalendar);
+  catalogue.Add("frmAbout", ShowOne<frmAbout>);
+  catalogue.Add("frmExportCalendar", ShowOne<frmExportCalendar>);
+  catalogue.Add("frmImportCalendar", ShowOne<frmImportCalendar>);
 }
 
 }  // namespace lm

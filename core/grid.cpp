@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "core/change.h"
 #include "core/format.h"
@@ -321,19 +322,45 @@ int Grid::AddItem(std::string_view text, int at) {
 }
 
 bool Grid::AppendRecord(std::string_view record) {
+  auto data = RowOfRecord(record);
+  if (!data) return false;
+  rows_.push_back(std::move(data));
+  RowsAdded(Rows() - 1, 1);
+  return true;
+}
+
+bool Grid::InsertRecords(int at, std::span<const std::string> records) {
+  std::vector<std::unique_ptr<RowData>> made;
+  for (const std::string& record : records) {
+    made.push_back(RowOfRecord(record));
+    if (!made.back()) return false;
+  }
+  const int row = at >= 0 && at < Rows() ? at : Rows();
+  rows_.insert(rows_.begin() + row, std::make_move_iterator(made.begin()),
+               std::make_move_iterator(made.end()));
+  const int count = static_cast<int>(records.size());
+  if (row_ >= row) row_ += count;
+  RowsAdded(row, count);
+  return true;
+}
+
+// Nothing when the record does not hold a cell for each column.
+std::unique_ptr<Grid::RowData> Grid::RowOfRecord(std::string_view record) const {
   CellTexts cells;
-  if (!cells.Assign(record, Cols())) return false;
+  if (!cells.Assign(record, Cols())) return nullptr;
   auto data = std::make_unique<RowData>();
   if (slotsInOrder_)
     data->cells = std::move(cells);
   else
     for (int col = 0; col < Cols(); ++col) data->SetText(ColAt(col).slot, cells.At(col));
-  rows_.push_back(std::move(data));
-  if (history_ && IsRecord(Rows() - 1))
-    history_->RowAdded(*this, *rows_.back(), RecordBefore(Rows() - 1));
+  return data;
+}
+
+void Grid::RowsAdded(int row, int count) {
+  for (int each = row; history_ && each < row + count; ++each)
+    if (IsRecord(each)) history_->RowAdded(*this, RowAt(each), RecordBefore(each));
   coverStale_ = true;
-  Tell([&](GridObserver& observer) { observer.RowsInserted(*this, Rows() - 1, 1); });
-  return true;
+  Tell([&](GridObserver& observer) { observer.RowsInserted(*this, row, count); });
 }
 
 void Grid::WriteRecord(int row, std::string& text) const {

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -181,6 +182,8 @@ class Grid {
   // A row as the data file has it: each cell in the order of the columns, followed by kFieldEnd
   // (core/celltexts.h). A record that does not hold a cell for each column is not appended: false.
   bool AppendRecord(std::string_view record);
+  // Many of them as one block before row `at`, which costs no more than one; all or none.
+  bool InsertRecords(int at, std::span<const std::string> records);
   void WriteRecord(int row, std::string& text) const;  // behind the text
   void RemoveItem(int row);
   // First row at or after startRow (FixedRows when -1) whose cell equals the value; -1 if none.
@@ -285,6 +288,8 @@ class Grid {
   bool IsRecord(int row) const { return row >= fixedRows_ && !IsSubtotal(row); }
   // The row before `row` that is a record; null for the first.
   const RowData* RecordBefore(int row) const;
+  std::unique_ptr<RowData> RowOfRecord(std::string_view record) const;
+  void RowsAdded(int row, int count);
   // For the journal, which is not told of them; observers are.
   void PutRow(int at, std::unique_ptr<RowData> row);
   std::unique_ptr<RowData> TakeRow(int row);

@@ -37,6 +37,10 @@ Colour Marker(const Grid& grid, int row) {
 
 bool IsSavedMarker(Colour colour) { return colour == kSavedMarker || colour == kNoColour; }
 
+bool GoesToTheEnd(const Ledger& ledger) {
+  return ToUpper(GetOption(ledger, optNewRowPosition)) == "BOTTOM";
+}
+
 void SetMarker(Grid& grid, int row, Colour colour) {
   grid.SetCellColour(CellSetting::flexcpBackColor, {row, kMarkerCol, row, kMarkerCol}, colour);
 }
@@ -105,10 +109,19 @@ bool HasUnsaved(const Ledger& ledger) {
 }
 
 int AddRecord(Ledger& ledger, Grid& grid) {
-  const bool atEnd = ToUpper(GetOption(ledger, optNewRowPosition)) == "BOTTOM";
-  const int row = grid.AddItem("", atEnd ? -1 : grid.FixedRows());
+  const int row = grid.AddItem("", GoesToTheEnd(ledger) ? -1 : grid.FixedRows());
   MarkNew(ledger, grid, row);
   return row;
+}
+
+void AddRecords(Ledger& ledger, Grid& grid, std::vector<std::string> records) {
+  const bool atEnd = GoesToTheEnd(ledger);
+  if (!atEnd) std::ranges::reverse(records);
+  const int first = atEnd ? grid.Rows() : grid.FixedRows();
+  if (records.empty() || !grid.InsertRecords(first, records)) return;
+  const int last = first + static_cast<int>(records.size()) - 1;
+  grid.SetCellColour(CellSetting::flexcpBackColor, {first, kMarkerCol, last, kMarkerCol},
+                     NewMarker(ledger));
 }
 
 int NextId(const Grid& grid) {

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/ledger.h"
 
@@ -74,6 +75,10 @@ bool HasUnsaved(const Ledger& ledger);  // rows, or what was typed on My Details
 // Adds an empty row, at the end when option 59 is "BOTTOM" and above the first data row
 // otherwise, marked as new. Returns its number.
 int AddRecord(Ledger& ledger, Grid& grid);
+
+// The same for many, each as the data file has it (core/celltexts.h), in one block that stands as
+// if they had come one by one.
+void AddRecords(Ledger& ledger, Grid& grid, std::vector<std::string> records);
 
 // One more than the largest ID of the table; 1 when it has no row. Damaged IDs do not count.
 int NextId(const Grid& grid);

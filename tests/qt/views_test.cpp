@@ -169,6 +169,7 @@ TEST(Views, EveryFieldHasANameForReaders) {
 TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   Windows windows;
   const std::map<std::string, std::string> starts{{"frmAbout", "cmdOK"},
+                                                  {"frmImportCalendar", "txtICalAddress"},
                                                   {"frmSession", "cPractice"},
                                                   {"frmPractice", "txtName"},
                                                   {"frmWelcome", "txtTitle"},

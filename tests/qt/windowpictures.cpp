@@ -8,6 +8,7 @@
 
 #include "connections/frmAbout.h"
 #include "connections/frmExportCalendar.h"
+#include "connections/frmImportCalendar.h"
 #include "core/frmGetPassword.h"
 #include "core/messagebox.h"
 #include "core/shortcuts.h"
@@ -299,6 +300,11 @@ void GrabRecords(test::TestLedger& test) {
   GrabScreen(rates, "frmRateCompare");
   frmWelcome welcome(test);
   GrabScreen(welcome, "frmWelcome");
+  SetOption(test, optICalLastFile, "02/02/2026 19:05");
+  frmImportCalendar importing(test);
+  importing.txtICalAddress.SetText("webcal://calendar.example/dr-bell/work.ics");
+  importing.lblStatus.SetText("Calendar importing complete.");
+  GrabScreen(importing, "frmImportCalendar");
   frmAbout about(test);
   GrabScreen(about, "frmAbout");
   about.Choose(about.tabTab, 1);
