@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "connections/summertime.h"
 #include "core/text.h"
 
 namespace lm {
@@ -35,17 +36,10 @@ constexpr std::string_view kHead =
     "END:STANDARD\r\n"
     "END:VTIMEZONE\r\n";
 
-Date LastSunday(int year, int month) {
-  const Date last = LastOfMonth(DateSerial(year, month, 1));
-  return last - WeekdayMondayFirst(last) % 7;
-}
-
 // The hour that comes twice in October is taken for the first one.
 Date UtcOf(Date ukTime) {
-  const int year = ToCivilDate(ukTime).year;
-  const bool summer =
-      ukTime >= LastSunday(year, 3) + 2 * kHour && ukTime < LastSunday(year, 10) + 2 * kHour;
-  return summer ? ukTime - kHour : ukTime;
+  const SummerTime summer = SummerTimeOf(ToCivilDate(ukTime).year);
+  return summer.begin <= ukTime && ukTime < summer.end ? ukTime - kHour : ukTime;
 }
 
 // A text value: without the control characters that none may hold.
