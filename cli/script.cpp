@@ -6,6 +6,7 @@
 
 #include "cli/chartjson.h"
 #include "cli/gridcells.h"
+#include "cli/outlookjson.h"
 #include "cli/words.h"
 #include "core/clsMD5.h"
 #include "core/files.h"
@@ -91,21 +92,22 @@ std::string_view NameOf(EditOutcome outcome) {
 
 const std::vector<Script::Action>& Script::Actions() {
   static const std::vector<Action> actions{
-      {"load", 0, &Script::DoLoad},     {"open", 1, &Script::DoOpen},
-      {"set", 2, &Script::DoSet},       {"press", 1, &Script::DoPress},
-      {"select", 2, &Script::DoSelect}, {"cell", 4, &Script::DoCell},
-      {"click", 3, &Script::DoClick},   {"menu", 3, &Script::DoMenu},
-      {"cells", 1, &Script::DoCells},   {"hover", 3, &Script::DoHover},
-      {"drag", 5, &Script::DoDrag},     {"doubleclick", 3, &Script::DoDoubleClick},
-      {"sort", 2, &Script::DoSort},     {"movecolumn", 3, &Script::DoMoveColumn},
-      {"show", 1, &Script::DoShow},     {"dump", 1, &Script::DoDump},
-      {"option", 1, &Script::DoOption}, {"answer", 0, &Script::DoAnswers},
-      {"parse", 1, &Script::DoParse},   {"digest", 0, &Script::DoDigest},
-      {"words", 1, &Script::DoWords},   {"format", 2, &Script::DoFormat},
-      {"merge", 1, &Script::DoMerge},   {"save", 0, &Script::DoSave},
-      {"undo", 0, &Script::DoUndo},     {"redo", 0, &Script::DoRedo},
-      {"path", 1, &Script::DoPath},     {"colour", 1, &Script::DoColour},
-      {"chart", 0, &Script::DoChart},   {"serve", 2, &Script::DoServe},
+      {"load", 0, &Script::DoLoad},       {"open", 1, &Script::DoOpen},
+      {"set", 2, &Script::DoSet},         {"press", 1, &Script::DoPress},
+      {"select", 2, &Script::DoSelect},   {"cell", 4, &Script::DoCell},
+      {"click", 3, &Script::DoClick},     {"menu", 3, &Script::DoMenu},
+      {"cells", 1, &Script::DoCells},     {"hover", 3, &Script::DoHover},
+      {"drag", 5, &Script::DoDrag},       {"doubleclick", 3, &Script::DoDoubleClick},
+      {"sort", 2, &Script::DoSort},       {"movecolumn", 3, &Script::DoMoveColumn},
+      {"show", 1, &Script::DoShow},       {"dump", 1, &Script::DoDump},
+      {"option", 1, &Script::DoOption},   {"answer", 0, &Script::DoAnswers},
+      {"parse", 1, &Script::DoParse},     {"digest", 0, &Script::DoDigest},
+      {"words", 1, &Script::DoWords},     {"format", 2, &Script::DoFormat},
+      {"merge", 1, &Script::DoMerge},     {"save", 0, &Script::DoSave},
+      {"undo", 0, &Script::DoUndo},       {"redo", 0, &Script::DoRedo},
+      {"path", 1, &Script::DoPath},       {"colour", 1, &Script::DoColour},
+      {"chart", 0, &Script::DoChart},     {"serve", 2, &Script::DoServe},
+      {"outlook", 0, &Script::DoOutlook},
   };
   return actions;
 }
@@ -357,6 +359,27 @@ void Script::DoServe(Words words) {
   auto body = ReadFile(PathFromText(words[1]), error);
   if (!body) throw ScriptError("cannot read " + words[1] + ": " + error);
   terminal_.Serve(words[0], std::move(*body));
+}
+
+void Script::DoOutlook(Words words) {
+  if (words.empty()) {
+    if (!terminal_.outlook) throw ScriptError("there is no Outlook");
+    for (const auto& each : terminal_.outlook->Appointments())
+      terminal_.Emit({{"appointment", AppointmentJson(each)}});
+    for (const auto& each : terminal_.outlook->Deleted())
+      terminal_.Emit({{"deleted", AppointmentJson(each)}});
+    return;
+  }
+  terminal_.outlook.reset();
+  terminal_.platform.outlook = nullptr;
+  if (words[0].empty()) return;
+  std::string error;
+  const auto json = ReadFile(PathFromText(words[0]), error);
+  auto outlook = std::make_unique<OutlookStandIn>();
+  if (json) error = ReadAppointments(*json, *outlook);
+  if (!error.empty()) throw ScriptError("cannot read " + words[0] + ": " + error);
+  terminal_.outlook = std::move(outlook);
+  terminal_.platform.outlook = terminal_.outlook.get();
 }
 
 void Script::DoColour(Words words) {

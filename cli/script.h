@@ -65,6 +65,7 @@ class Script {
   void DoPath(Words words);
   void DoColour(Words words);
   void DoServe(Words words);
+  void DoOutlook(Words words);
   void DoParse(Words words);
   void DoDigest(Words words);
   void DoWords(Words words);

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "connections/outlookstandin.h"
 #include "core/platform.h"
 #include "core/screen.h"
 
@@ -53,6 +54,7 @@ class Terminal : public MessagePort,
   std::optional<Date> fixedNow;
   bool ignoreOtherInstances = false;
   bool reachesWeb = false;
+  std::unique_ptr<OutlookStandIn> outlook;  // as platform.outlook has it
   const WindowCatalogue* catalogue = nullptr;
   Ledger* ledger = nullptr;
   // Goes on with the script until the screen has closed.

@@ -3,6 +3,7 @@
 #include "connections/frmAbout.h"
 #include "connections/frmExportCalendar.h"
 #include "connections/frmImportCalendar.h"
+#include "connections/frmSynchroniseOutlook.h"
 
 namespace lm {
 namespace {
@@ -20,6 +21,7 @@ void AddConnectionWindows(WindowCatalogue& catalogue) {
   catalogue.Add("frmAbout", ShowOne<frmAbout>);
   catalogue.Add("frmExportCalendar", ShowOne<frmExportCalendar>);
   catalogue.Add("frmImportCalendar", ShowOne<frmImportCalendar>);
+  catalogue.Add("frmSynchroniseOutlook", ShowOne<frmSynchroniseOutlook>);
 }
 
 }  // namespace lm

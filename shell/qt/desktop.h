@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "core/platform.h"
+#include "shell/nativeoutlook.h"
 #include "shell/qt/desktopmail.h"
 
 class QDialog;
@@ -108,7 +109,8 @@ struct DesktopPlatform {
   DesktopSystem system;
   DesktopMail mail;
   DesktopWeb web;
-  Platform platform{messages, clock, windows, progress, system, mail, web};
+  std::unique_ptr<OutlookPort> outlook = native::MakeOutlook();
+  Platform platform{messages, clock, windows, progress, system, mail, web, outlook.get()};
 };
 
 }  // namespace lm

@@ -168,7 +168,8 @@ TEST(Views, EveryFieldHasANameForReaders) {
 
 TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   Windows windows;
-  const std::map<std::string, std::string> starts{{"frmAbout", "cmdOK"},
+  const std::map<std::string, std::string> starts{{"frmSynchroniseOutlook", "cmdClose"},
+                                                  {"frmAbout", "cmdOK"},
                                                   {"frmImportCalendar", "txtICalAddress"},
                                                   {"frmSession", "cPractice"},
                                                   {"frmPractice", "txtName"},

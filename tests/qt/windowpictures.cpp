@@ -9,6 +9,8 @@
 #include "connections/frmAbout.h"
 #include "connections/frmExportCalendar.h"
 #include "connections/frmImportCalendar.h"
+#include "connections/frmSynchroniseOutlook.h"
+#include "connections/outlookstandin.h"
 #include "core/frmGetPassword.h"
 #include "core/messagebox.h"
 #include "core/shortcuts.h"
@@ -300,6 +302,14 @@ void GrabRecords(test::TestLedger& test) {
   GrabScreen(rates, "frmRateCompare");
   frmWelcome welcome(test);
   GrabScreen(welcome, "frmWelcome");
+  SetOption(test, optOutlookSyncState, "02/02/2026 19:05");
+  frmSynchroniseOutlook withoutOutlook(test);
+  GrabScreen(withoutOutlook, "frmSynchroniseOutlook-none");
+  OutlookStandIn outlook;
+  test.shown.platform.outlook = &outlook;
+  frmSynchroniseOutlook synchronise(test);
+  GrabScreen(synchronise, "frmSynchroniseOutlook");
+  test.shown.platform.outlook = nullptr;
   SetOption(test, optICalLastFile, "02/02/2026 19:05");
   frmImportCalendar importing(test);
   importing.txtICalAddress.SetText("webcal://calendar.example/dr-bell/work.ics");
