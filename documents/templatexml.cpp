@@ -1,8 +1,10 @@
 #include "documents/templatexml.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/text.h"
+#include "core/xmltext.h"
 
 namespace lm {
 namespace {
@@ -12,29 +14,11 @@ constexpr std::ptrdiff_t kMostTags = 100'000;  // of elements, comments and what
 constexpr int kMostSections = 1'000;
 constexpr int kMostItems = 10'000;
 
-// The encoding that the XML declares, "" for none.
-std::string DeclaredEncoding(std::string_view xml) {
-  if (xml.starts_with("\xEF\xBB\xBF")) xml.remove_prefix(3);
-  const std::size_t end = xml.find("?>");
-  if (!xml.starts_with("<?xml") || end == std::string_view::npos) return "";
-  pugi::xml_document declaration;
-  declaration.load_buffer(xml.data(), end + 2, pugi::parse_fragment | pugi::parse_declaration,
-                          pugi::encoding_utf8);
-  return declaration.first_child().attribute("encoding").value();
-}
-
-bool IsOneOf(std::string_view text, std::initializer_list<std::string_view> names) {
-  return std::ranges::any_of(names,
-                             [&](std::string_view name) { return EqualsIgnoreCase(name, text); });
-}
-
 std::string InUtf8(std::string_view xml) {
-  const std::string encoding = DeclaredEncoding(xml);
-  if (IsOneOf(encoding, {"", "UTF-8", "US-ASCII"})) return std::string(xml);
-  if (IsOneOf(encoding, {"windows-1252", "ISO-8859-1", "latin1"})) return ToUtf8(xml);
-  throw TemplateError(
-      "The encoding '" + FromUtf8(encoding) + "' is not understood; UTF-8 and windows-1252 are.",
-      1);
+  if (auto text = XmlInUtf8(xml)) return std::move(*text);
+  throw TemplateError("The encoding '" + FromUtf8(DeclaredEncoding(xml)) +
+                          "' is not understood; UTF-8 and windows-1252 are.",
+                      1);
 }
 
 void CheckSize(std::string_view xml) {

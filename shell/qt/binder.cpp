@@ -70,6 +70,15 @@ QIcon TabMark() {
   return picture;
 }
 
+// The first in the window's tab order that stands in `part` and takes the keyboard; null for none.
+QWidget* FirstIn(const QWidget& window, const QWidget& part) {
+  for (QWidget* each = window.nextInFocusChain(); each != &window; each = each->nextInFocusChain())
+    if (part.isAncestorOf(each) && each->focusPolicy() & Qt::TabFocus && each->isEnabled() &&
+        each->isVisible() && !TabBarOf(*each))
+      return each;
+  return nullptr;
+}
+
 QStringList EntryTexts(const ChoiceField& field) {
   QStringList texts;
   for (int i = 0; i < field.Count(); ++i) texts << ToQt(field.EntryText(i));
@@ -411,17 +420,17 @@ void Binder::FocusRequested(Field& field) {
   QWidget* widget = WidgetOf(field);
   if (!widget) return;
   BringToFront(*widget);
+  // Of tabs, what stands on the page in front.
+  const auto* tabs = qobject_cast<QTabWidget*>(widget);
+  if (QWidget* first = tabs ? FirstIn(view_, *tabs->currentWidget()) : nullptr) widget = first;
   widget->setFocus(Qt::OtherFocusReason);
   if (auto* line = qobject_cast<QLineEdit*>(widget)) line->selectAll();
 }
 
 void Binder::TakeFirstFocus() {
   if (screen_.Focused()) return FocusRequested(*screen_.Focused());
-  QWidget* first = view_.nextInFocusChain();
-  while (first != &view_ && !(first->focusPolicy() & Qt::TabFocus && first->isEnabled() &&
-                              first->isVisible() && !TabBarOf(*first)))
-    first = first->nextInFocusChain();
-  first->setFocus(Qt::TabFocusReason);
+  QWidget* first = FirstIn(view_, view_);
+  (first ? first : &view_)->setFocus(Qt::TabFocusReason);
 }
 
 void Binder::CellEditRequested(Grid& grid, int row, int col) {

@@ -165,6 +165,8 @@ int GridDelegate::PaintTick(QPainter& painter, const QStyleOptionViewItem& cell,
   // The frame takes its colour from the window's, which is lost on a dark list.
   if (view_->Style().base.lightness() < 128)
     box.palette.setColor(QPalette::Window, view_->Style().text);
+  // The mark stands on the list's own ground, whatever colour the row has.
+  box.palette.setColor(QPalette::Text, view_->Style().text);
   style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, &painter, view_);
   return box.rect.right() + 2 * kTextMargin;
 }

@@ -340,6 +340,7 @@ void GridView::EditCellAt(int gridRow, int col, const std::optional<QString>& ty
   model_->Sync();
   const int shown = model_->ModelRow(gridRow);
   if (shown < 0 || IsGroup(gridRow) || !Shown()->ColVisible(col)) return;
+  if (model_->HasTick(gridRow, col)) return;  // it is pressed, not typed
   const QModelIndex cell = model_->index(shown, col);
   setCurrentIndex(cell);
   scrollTo(cell);

@@ -88,8 +88,12 @@ struct Windows {
       visit(screen);
       screen.Close();
     }};
-    const std::vector<std::string> kWords[] = {
-        {"new"}, {"open", "1"}, {"open", "1 012026"}, {"open", "022026"}, {"open", "3 012026"}};
+    const std::vector<std::string> kWords[] = {{"new"},
+                                               {"open", "1"},
+                                               {"open", "1 012026"},
+                                               {"open", "022026"},
+                                               {"open", "3 012026"},
+                                               {"GPnetworks"}};
     for (const auto& words : kWords)
       if (!shown) catalogue.Open(test, name, words);
     EXPECT_TRUE(shown) << name;
@@ -171,6 +175,7 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
   const std::map<std::string, std::string> starts{{"frmSynchroniseOutlook", "cmdClose"},
                                                   {"frmAbout", "cmdOK"},
                                                   {"frmImportCalendar", "txtICalAddress"},
+                                                  {"frmImportWizard", "txtUniqueID"},
                                                   {"frmSession", "cPractice"},
                                                   {"frmPractice", "txtName"},
                                                   {"frmWelcome", "txtTitle"},

@@ -9,6 +9,7 @@
 #include "connections/frmAbout.h"
 #include "connections/frmExportCalendar.h"
 #include "connections/frmImportCalendar.h"
+#include "connections/frmImportWizard.h"
 #include "connections/frmSynchroniseOutlook.h"
 #include "connections/outlookstandin.h"
 #include "core/frmGetPassword.h"
@@ -56,6 +57,7 @@
 #include "shell/qt/readablepalette.h"
 #include "shell/qt/views.h"
 #include "shell/windows.h"
+#include "tests/connections/feeds.h"
 #include "tests/qt/demo.h"
 #include "tests/reports/chart_desk.h"
 
@@ -260,6 +262,50 @@ void GrabToday(test::TestLedger& test) {
   grab(empty, {1240, 780}, "main-today-steps");
 }
 
+// All four pages. The records are those of before when it is done.
+void GrabImportWizard(test::TestLedger& test) {
+  using Sent = test::SentSession;
+  const std::string id = "8f3a6c1d5e7b9042ac4de16f7035b8e2";
+  std::vector<Sent> sent(4);
+  sent[0].practice = "Willow Court Medical Centre";
+  sent[0].address = "22 Willow Road";
+  sent[0].date = "2026-02-05";
+  sent[0].start = "09:00";
+  sent[0].end = "13:00";
+  sent[0].rate = "90 ph";
+  sent[1].practice = "Riverside Surgery";
+  sent[1].date = "2026-02-09";
+  sent[1].start = "08:30";
+  sent[1].end = "12:30";
+  sent[1].notes = "Duty doctor until ten";
+  sent[2].practice = "St Marys OOH";
+  sent[2].address = "St Mary's Hospital";
+  sent[2].period = "OVERNIGHT";
+  sent[2].date = "2026-02-14";
+  sent[3].practice = "Riverside Surgery";
+  sent[3].period = "AFTERNOON";
+  sent[3].date = "2026-02-17";
+  sent[3].status = "Confirmed";
+  std::string body;
+  for (const Sent& session : sent) body += session.Xml();
+  test.shown.web[std::string(kGPnetworks) + "/lm/?uid=" + id] = test::FeedXml({body});
+  SetOption(test, optImportChoice1, id);
+  SetOption(test, optImportChoice2, "Booked through GPnetworks");
+  SetOption(test, optImportChoice3, "TRUE|TRUE|26/01/2026 20:14");
+  frmImportWizard wizard(test, *FindBookingFeed("GPnetworks"));
+  GrabScreen(wizard, "frmImportWizard-0");
+  wizard.Press(wizard.cmdNext);
+  Grid& practices = wizard.fgPractices;
+  wizard.Edit(practices, practices.FixedRows() + 1, practices.ColIndex("ACTION"),
+              "St Mary's Out of Hours");
+  GrabScreen(wizard, "frmImportWizard-1");
+  wizard.Press(wizard.cmdNext);
+  GrabScreen(wizard, "frmImportWizard-2");
+  wizard.Press(wizard.cmdNext);
+  GrabScreen(wizard, "frmImportWizard-3");
+  while (test.ledger.history.Undo()) continue;
+}
+
 void GrabRecords(test::TestLedger& test) {
   frmSession session(test);
   session.OpenSession("6");
@@ -315,6 +361,7 @@ void GrabRecords(test::TestLedger& test) {
   importing.txtICalAddress.SetText("webcal://calendar.example/dr-bell/work.ics");
   importing.lblStatus.SetText("Calendar importing complete.");
   GrabScreen(importing, "frmImportCalendar");
+  GrabImportWizard(test);
   frmAbout about(test);
   GrabScreen(about, "frmAbout");
   about.Choose(about.tabTab, 1);
