@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "connections/icalexport.h"
 #include "tests/connections/calendars.h"
 
 namespace lm::test {
@@ -179,17 +180,23 @@ TEST(CalendarImport, QuotedPrintableBreaksStayWithinTheDescription) {
   EXPECT_EQ(import.sessions[0].description, "Private\\nRate: 80");
 }
 
-// As the export writes them.
 TEST(CalendarImport, ReadsBackWhatWasExported) {
-  CalendarDesk desk;
-  const CalendarImport import = desk.Read(
-      CalendarOf({{"UID:0123456789abcdef@LedgerMinder", "DTSTART:20260227T220000",
-                   "DTEND:20260228T080000", "LOCATION:Hilltop", "SUMMARY:Hilltop", "CLASS:Private",
-                   "DESCRIPTION:NHS OOH Sessions\\n Rate:\xA3"
-                   "1,095.50"}}));
-  CreateSessions(desk, import.sessions, optICalPrivateNote);
-  EXPECT_EQ(desk.Cells(1, {"PRACTICE", "SDATE", "STIME", "EDATE", "ETIME", "SESS_TYPE", "RATE"}),
-            "2 27/02/2026 22:00 28/02/2026 08:00 2 1095.50");
+  CalendarDesk from, to;
+  Grid& sessions = from.ledger.fgSessions;
+  for (const std::string type : {"0", "1", "2", "4"})
+    from.AddRow(sessions, {"PRACTICE=2", "SDATE=0" + type + "/03/2026", "STIME=09:05",
+                           "ETIME=12:35", "SESS_TYPE=" + type, "RATE=1095.50"});
+  from.AddRow(sessions, {"PRACTICE=1", "SDATE=28/02/2026", "STIME=22:00", "EDATE=01/03/2026",
+                         "ETIME=08:00", "SESS_TYPE=2", "RATE=95.00"});
+  sessions.SetTextMatrix(sessions.FixedRows(), "SDATE", "27/02/2026");
+  clsStringBuilder file;
+  EXPECT_EQ(WriteCalendar(from.ledger, {}, file), 5);
+  CreateSessions(to, to.Read(file.ToString()).sessions, optICalPrivateNote);
+  for (int row = 1; row <= 5; ++row) {
+    for (const std::string key : {"PRACTICE", "SDATE", "STIME", "ETIME", "SESS_TYPE", "RATE"})
+      EXPECT_EQ(to.Cells(row, {key}), from.Cells(row, {key})) << key;
+    EXPECT_EQ(to.Cells(row, {"EDATE"}), from.Cells(row, {row == 5 ? "EDATE" : "SDATE"}));
+  }
 }
 
 TEST(CalendarImport, StopsWhenTheUserWantsItTo) {
