@@ -18,7 +18,7 @@ bool StartsIgnoringCase(std::string_view text, std::string_view start) {
 }  // namespace
 
 bool IsWebAddress(std::string_view address) {
-  constexpr std::array<std::string_view, 3> kStarts{"http", "www", "webcal"};
+  constexpr std::array<std::string_view, 3> kStarts{"http", "www", kWebcal};
   return std::ranges::any_of(
       kStarts, [&](std::string_view start) { return StartsIgnoringCase(address, start); });
 }

@@ -9,7 +9,7 @@
 
 namespace lm {
 
-// Whether a text names something on the web: "http...", "www...", "webcal...", in any case.
+// Whether a text names something on the web: "http...", "www...", "webcal://...", in any case.
 bool IsWebAddress(std::string_view address);
 
 // The whole body of an address, as it came, taken for Windows-1252; "" on any failure. Its progress

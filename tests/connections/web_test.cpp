@@ -28,7 +28,7 @@ TEST(HttpGet, TakesCalendarAndBareAddressesForHttps) {
     EXPECT_TRUE(IsWebAddress(Trim(typed)));
   }
   for (const std::string_view file :
-       {"", "/home/me/work.ics", "C:\\www\\work.ics", "ww", "ftp://a"})
+       {"", "/home/me/work.ics", "C:\\www\\work.ics", "ww", "ftp://a", "webcalendar.ics"})
     EXPECT_FALSE(IsWebAddress(file)) << file;
 }
 
