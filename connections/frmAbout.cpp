@@ -57,6 +57,7 @@ frmAbout::frmAbout(Ledger& theLedger)
   cmdCheckForUpdates.onPressed = [this] { CheckForUpdates(ledger); };
   cmdOK.onPressed = [this] { Close(); };
   defaultButton = cancelButton = &cmdOK;
+  Focus(cmdOK);
 }
 
 void frmAbout::ShowFrame() {
