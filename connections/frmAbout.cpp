@@ -12,10 +12,10 @@ namespace lm {
 namespace {
 
 constexpr ColumnSpec kColumns[] = {
-    {"NAME", "Library", DataType::Text, "", 1900},
+    {"NAME", "Library", DataType::Text, "", 2300},
     {"USE", "Serves", DataType::Text, "", 2500},
     {"LICENCE", "Licence", DataType::Text, "", 1000},
-    {"PAGE", "Website", DataType::Text, "", 3700},
+    {"PAGE", "Website", DataType::Text, "", 3400},
 };
 
 // What the program is linked with, as docs/dependencies.md has it.
