@@ -1,4 +1,5 @@
 #include <ostream>
+#include <system_error>
 
 #include "cli/icscommands.h"
 #include "connections/frmImportCalendar.h"
@@ -18,8 +19,9 @@ int RunIcsImport(const std::vector<std::string>& words, Ledger& ledger, std::ost
   }
   frmImportCalendar window(ledger);
   const std::string address = FromUtf8(words[0]);
+  std::error_code failed;  // leaves an empty address, which the window tells of
   window.txtICalAddress.SetText(
-      IsWebAddress(address) ? address : PathText(std::filesystem::absolute(words[0])));
+      IsWebAddress(address) ? address : PathText(std::filesystem::absolute(words[0], failed)));
   window.Press(window.cmdImportFromICal);
   const std::string& status = window.lblStatus.Text();
   output << ToUtf8(status) << (status.empty() ? "" : "\n");

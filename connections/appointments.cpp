@@ -5,7 +5,6 @@
 #include "core/format.h"
 #include "core/numbers.h"
 #include "core/rows.h"
-#include "core/sessiontypes.h"
 #include "core/text.h"
 #include "entry/money.h"
 
@@ -51,26 +50,9 @@ constexpr TypeWord kTypeWords[] = {{"PRIVATE", kTypePrivate},
                                    {"OOH", kTypeOohStandard},
                                    {"NHSU", kTypeUnpensioned}};
 
-struct Settings {
-  int type = kTypeNormal;
-  std::string rate = "0", contribution = "0", contributionRate, total = "0";
-};
-
-Settings ReadSettings(std::string_view description, std::string_view percentage) {
-  Settings settings;
-  if (description.empty()) return settings;
-  for (const std::string& line : SettingLines(description)) {
-    if (line.starts_with("RATE")) settings.rate = RateOf(line);
-    for (const TypeWord& word : kTypeWords)
-      if (line.starts_with(word.start)) settings.type = word.type;
-  }
-  // The whole rate bears a contribution here, of normal sessions too.
-  if (settings.type == kTypeNormal || settings.type == kTypeOohStandard) {
-    settings.contribution = Money(Val(settings.rate) * Val(percentage) / 100);
-    settings.contributionRate = percentage;
-  }
-  settings.total = Money(Val(settings.rate) + Val(settings.contribution));
-  return settings;
+// The whole rate bears a contribution here, of normal sessions too.
+bool BearsContribution(const SessionSettings& settings) {
+  return settings.type == kTypeNormal || settings.type == kTypeOohStandard;
 }
 
 // The cells of a session's row, written as one record. Each is found once for all sessions.
@@ -105,6 +87,17 @@ std::string PracticesByPlace::IdOf(std::string_view place) const {
   return std::string(found == ids_.end() ? kNoPractice : found->second);
 }
 
+std::optional<SessionSettings> SettingsOf(std::string_view description) {
+  if (description.empty()) return std::nullopt;
+  SessionSettings settings;
+  for (const std::string& line : SettingLines(description)) {
+    if (line.starts_with("RATE")) settings.rate = RateOf(line);
+    for (const TypeWord& word : kTypeWords)
+      if (line.starts_with(word.start)) settings.type = word.type;
+  }
+  return settings;
+}
+
 KnownSessions::KnownSessions(const Ledger& ledger) {
   const Grid& sessions = ledger.fgSessions;
   const int practice = sessions.ColIndex("PRACTICE"), date = sessions.ColIndex("SDATE"),
@@ -123,8 +116,8 @@ bool KnownSessions::Has(std::string_view practiceId, std::string_view date,
   return keys_.contains(KeyOf(practiceId, date, time));
 }
 
-void KnownSessions::Add(std::string_view practiceId, Date start) {
-  keys_.insert(KeyOf(practiceId, CellText(start), CellTimeText(start)));
+bool KnownSessions::Add(std::string_view practiceId, Date start) {
+  return keys_.insert(KeyOf(practiceId, CellText(start), CellTimeText(start))).second;
 }
 
 void CreateSessions(Ledger& ledger, const std::vector<AppointmentSession>& made, int noteOption) {
@@ -145,7 +138,8 @@ void CreateSessions(Ledger& ledger, const std::vector<AppointmentSession>& made,
               &contributionRate = record.Cell("EMPLOYERCONTRIBRATE"), &total = record.Cell("TOTAL");
   std::vector<std::string> records;
   for (const AppointmentSession& each : made) {
-    Settings settings = ReadSettings(each.description, percentage);
+    const SessionSettings settings = each.settings.value_or(SessionSettings{});
+    const bool bearsContribution = each.settings && BearsContribution(settings);
     idCell = PlainText(id++);
     practice = each.practice;
     startDate = CellText(each.start);
@@ -153,10 +147,10 @@ void CreateSessions(Ledger& ledger, const std::vector<AppointmentSession>& made,
     endDate = CellText(each.end);
     endTime = CellTimeText(each.end);
     type = PlainText(settings.type);
-    rate = std::move(settings.rate);
-    contribution = std::move(settings.contribution);
-    contributionRate = std::move(settings.contributionRate);
-    total = std::move(settings.total);
+    rate = settings.rate;
+    contribution = bearsContribution ? Money(Val(rate) * Val(percentage) / 100) : "0";
+    contributionRate = bearsContribution ? percentage : "";
+    total = each.settings ? Money(Val(rate) + Val(contribution)) : "0";
     records.push_back(record.Text());
   }
   AddRecords(ledger, sessions, std::move(records));

@@ -2,6 +2,7 @@
 // sessions that are made of appointments.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,6 +12,7 @@
 #include "core/dates.h"
 #include "core/ledger.h"
 #include "core/options.h"
+#include "core/sessiontypes.h"
 
 namespace lm {
 
@@ -34,21 +36,27 @@ class KnownSessions {
   explicit KnownSessions(const Ledger& ledger);
   bool Has(std::string_view practiceId, Date start) const;
   bool Has(std::string_view practiceId, std::string_view date, std::string_view time) const;
-  void Add(std::string_view practiceId, Date start);
+  bool Add(std::string_view practiceId, Date start);  // false when it is known already
 
  private:
   std::unordered_set<std::string> keys_;
 };
 
+struct SessionSettings {
+  int type = kTypeNormal;
+  std::string rate = "0";
+};
+// What the lines of a description say of its session: "Rate: 95", "Private". Nothing for an empty
+// one.
+std::optional<SessionSettings> SettingsOf(std::string_view description);
+
 struct AppointmentSession {
   Date start, end;
-  std::string practice;     // ID
-  std::string description;  // as the calendar has it; "" where there is none
+  std::string practice;                     // ID
+  std::optional<SessionSettings> settings;  // none: neither rate nor contribution
 };
 
-// A session for each, as one change. `noteOption` is the option that holds their private note. The
-// description may bear settings, one a line ("Rate: 95", "Private"). Without a description there is
-// neither rate nor contribution.
+// A session for each, as one change. `noteOption` is the option that holds their private note.
 void CreateSessions(Ledger& ledger, const std::vector<AppointmentSession>& sessions,
                     int noteOption);
 

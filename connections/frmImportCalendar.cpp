@@ -81,6 +81,7 @@ void frmImportCalendar::Import() {
   if (!MayBeRead(calendar)) return;
   const CalendarImport import = Read(calendar);
   if (import.cancelled) return lblStatus.SetText(kCancelled);
+  if (import.tooMany) return RefuseTooMany();
   lblStatus.SetText("Calendar importing complete.");
   hasImported_ = true;
   StoreLastImport(address);
@@ -134,6 +135,13 @@ bool frmImportCalendar::MayBeRead(const CalendarText& calendar) {
   return false;
 }
 
+void frmImportCalendar::RefuseTooMany() {
+  lblStatus.SetText("");
+  ShowMessage(ledger, "Too many appointments",
+              "The calendar asks for more than " + Format(kMostSessions, "#,##0") +
+                  " sessions, more than can be meant. No session has been created.");
+}
+
 CalendarImport frmImportCalendar::Read(const CalendarText& calendar) {
   const ProgressScope scope(ledger.platform);
   ShowStatus(0, "Processing remote calendar data...");
@@ -143,7 +151,8 @@ CalendarImport frmImportCalendar::Read(const CalendarText& calendar) {
                    "Processing session " + std::to_string(number) + "...");
         return !ledger.platform.progress.Cancelled();
       });
-  if (!import.cancelled) CreateSessions(ledger, import.sessions, optICalPrivateNote);
+  if (!import.cancelled && !import.tooMany)
+    CreateSessions(ledger, import.sessions, optICalPrivateNote);
   return import;
 }
 

@@ -34,6 +34,7 @@ class frmImportCalendar : public Screen {
   std::optional<std::string> TextOf(const std::string& address);
   std::optional<std::string> TextOfFile(const std::string& address);
   bool MayBeRead(const CalendarText& calendar);
+  void RefuseTooMany();
   CalendarImport Read(const CalendarText& calendar);
   void StoreLastImport(const std::string& address);
   void ShowResult(const CalendarImport& import);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "connections/recurrence.h"
 #include "core/format.h"
@@ -33,17 +34,30 @@ class Reading {
 
   void Process(const Appointment& event) {
     ++import_.read;
+    const std::string_view start = ValueOf(event.start), end = ValueOf(event.end);
+    const Common common{IsWanted(ValueOf(event.categories)), ValueOf(event.location),
+                        PracticeOf(event), SettingsOf(ValueOf(event.description))};
     if (event.rule.empty())
-      Single(event, ValueOf(event.start), ValueOf(event.end));
+      Single(common, start, end);
     else
-      Recurring(event);
+      Recurring(common, ValueOf(event.rule), start, end);
   }
 
+  bool HasTooMany() const { return std::ssize(import_.sessions) > kMostSessions; }
   CalendarImport Take() { return std::move(import_); }
 
  private:
-  void Single(const Appointment& event, std::string_view startText, std::string_view endText) {
-    if (!IsWanted(ValueOf(event.categories))) {
+  // What all occurrences of an appointment share, read once: a description may be as long as the
+  // calendar.
+  struct Common {
+    bool isWanted;
+    std::string_view location;
+    std::string practice;  // ID
+    std::optional<SessionSettings> settings;
+  };
+
+  void Single(const Common& common, std::string_view startText, std::string_view endText) {
+    if (!common.isWanted) {
       ++import_.wrongCategory;
       return;
     }
@@ -59,34 +73,31 @@ class Reading {
     const auto end = ReadMoment(endText);
     if (!end)
       return Refuse("There is a session with either no end date or an invalid end date specified.");
-    const std::string practice = PracticeOf(event);
-    if (practice == kNoPractice) return RefusePlace(start->moment, ValueOf(event.location));
-    if (known_.Has(practice, start->moment)) {
+    if (common.practice == kNoPractice) return RefusePlace(start->moment, common.location);
+    if (!known_.Add(common.practice, start->moment)) {
       ++import_.duplicates;
       return;
     }
-    known_.Add(practice, start->moment);
-    import_.sessions.push_back(
-        {start->moment, end->moment, practice, std::string(ValueOf(event.description))});
+    import_.sessions.push_back({start->moment, end->moment, common.practice, common.settings});
   }
 
   // Each occurrence has the times of the first on its own days. One without a good day at its end
   // keeps that, and is told of.
-  void Recurring(const Appointment& event) {
-    const std::string_view start = ValueOf(event.start), end = ValueOf(event.end);
+  void Recurring(const Common& common, std::string_view rule, std::string_view start,
+                 std::string_view end) {
     const auto first = ReadDay(start), last = ReadDay(end);
     if (!first || *first == DateSerial(1900, 1, 1)) return;
-    ForEachOccurrence(ValueOf(event.rule), *first, last.value_or(*first), today_,
-                      [&](Date startDay, Date endDay) {
-                        ++import_.read;
-                        Single(event, OnDay(startDay, start),
-                               last ? OnDay(endDay, end) : std::string(end));
-                      });
+    ForEachOccurrence(rule, *first, last.value_or(*first), today_, [&](Date startDay, Date endDay) {
+      ++import_.read;
+      Single(common, OnDay(startDay, start), last ? OnDay(endDay, end) : std::string(end));
+    });
   }
 
   static std::string OnDay(Date day, std::string_view value) {
     const std::size_t time = value.find('T');
-    std::string text = FormatDate(day, "yyyymmdd");
+    const CivilDate civil = ToCivilDate(day);
+    std::string text =
+        PadLeft(std::to_string(civil.year * 10000 + civil.month * 100 + civil.day), 8, '0');
     if (time != std::string_view::npos) text += value.substr(time);
     return text;
   }
@@ -139,10 +150,13 @@ CalendarImport ReadCalendar(const Ledger& ledger, const CalendarText& calendar, 
   bool cancelled = false;
   calendar.ForEachAppointment([&](const Appointment& event, double done) {
     if (++number % kProgressEvery == 1) cancelled = !progress(number, done);
-    if (!cancelled) reading.Process(event);
-    return !cancelled;
+    if (cancelled) return false;
+    reading.Process(event);
+    return !reading.HasTooMany();
   });
+  const bool tooMany = reading.HasTooMany();
   CalendarImport import = reading.Take();
+  import.tooMany = tooMany;
   import.errorLines.resize(std::min(import.errorLines.size(), kMostErrors));
   import.cancelled = cancelled;
   return import;

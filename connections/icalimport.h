@@ -11,6 +11,10 @@
 
 namespace lm {
 
+// Of one import. A few bytes of a calendar can ask for fifty sessions, and no doctor works as
+// often.
+constexpr int kMostSessions = 200'000;
+
 struct CalendarImport {
   int read = 0;           // appointments, and each occurrence of those that recur
   int wrongCategory = 0;  // and so on: read but not made into a session
@@ -20,6 +24,7 @@ struct CalendarImport {
   std::string errorLines;  // as far as they are shown
   std::vector<AppointmentSession> sessions;
   bool cancelled = false;
+  bool tooMany = false;  // more than kMostSessions; the reading stopped there
 };
 
 // How far the reading has come: the number of the appointment, and the part of the text that is

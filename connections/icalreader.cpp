@@ -98,12 +98,12 @@ std::string_view ValueOf(std::string_view line) {
   return colon == std::string_view::npos ? "" : Trim(line.substr(colon + 1));
 }
 
-std::optional<Date> ReadDay(std::string_view value) {
+std::optional<Date> ReadDay(std::string_view value, int firstYear, int lastYear) {
   const std::string_view digits = value.substr(0, kDayLength);
   if (digits.size() < kDayLength || !AllDigits(digits)) return std::nullopt;
   const int year = ValInt(digits.substr(0, 4)), month = ValInt(digits.substr(4, 2)),
             day = ValInt(digits.substr(6, 2));
-  if (year < 1900 || year > 2199 || month < 1 || month > 12 || day < 1 ||
+  if (year < firstYear || year > lastYear || month < 1 || month > 12 || day < 1 ||
       day > DaysInMonth(year, month))
     return std::nullopt;
   return DateSerial(year, month, day);

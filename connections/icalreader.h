@@ -56,7 +56,7 @@ struct CalendarMoment {
 // "20260203T0930" with or without seconds and "Z" for UTC, or a day alone. Hours and minutes that
 // are too many are added up. Empty for what is no date of the years 1900 to 2199 in these places.
 std::optional<CalendarMoment> ReadMoment(std::string_view value);
-// The day of the same.
-std::optional<Date> ReadDay(std::string_view value);
+// The day of the same, or of other years.
+std::optional<Date> ReadDay(std::string_view value, int firstYear = 1900, int lastYear = 2199);
 
 }  // namespace lm

@@ -182,7 +182,7 @@ class Synchronisation {
       return;
     if (missing == Missing::Create) {
       known.Add(practice, appointment.start);
-      taken_.push_back({appointment.start, appointment.end, practice, ""});
+      taken_.push_back({appointment.start, appointment.end, practice, {}});
     } else if (missing == Missing::Delete) {
       item.Delete();
       ++run_.appointmentsDeleted;

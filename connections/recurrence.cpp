@@ -49,7 +49,7 @@ void ReadPart(std::string_view part, Date today, Rule& rule) {
     if (const int count = AtMost(*text, kMostOccurrences); count > 0) rule.count = count;
   if (const auto text = value("BYMONTHDAY=")) rule.hasMonthDay = Val(*text) > 0;
   if (const auto text = value("UNTIL="))
-    if (const auto day = ReadDay(*text)) rule.until = std::min(*day, today + kDaysAhead);
+    if (const auto day = ReadDay(*text, 1, 9999)) rule.until = std::min(*day, today + kDaysAhead);
 }
 
 Rule ReadRule(std::string_view text, Date today) {

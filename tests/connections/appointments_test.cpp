@@ -53,7 +53,8 @@ TEST(CreateSessions, ReadsTheSettingsOfADescription) {
   for (const Case& each : kCases) {
     CalendarDesk desk;
     const Date start = DateSerial(2026, 2, 9) + TimeSerial(22, 0);
-    CreateSessions(desk, {{start, start + 0.5, "2", each.description}}, optICalPrivateNote);
+    CreateSessions(desk, {{start, start + 0.5, "2", SettingsOf(each.description)}},
+                   optICalPrivateNote);
     EXPECT_EQ(
         desk.Cells(1, {"SESS_TYPE", "RATE", "EMPLOYERCONTRIB", "EMPLOYERCONTRIBRATE", "TOTAL"}),
         each.cells)
@@ -71,7 +72,7 @@ TEST(CreateSessions, IsOneStepAtTheEndThatIsChosen) {
     SetOption(desk, optNewRowPosition, end);
     SetOption(desk, optOutlookPrivateNote, "from Outlook");
     const Date start = DateSerial(2026, 2, 9);
-    CreateSessions(desk, {{start, start, "1", ""}, {start + 1, start + 1, "1", ""}},
+    CreateSessions(desk, {{start, start, "1", {}}, {start + 1, start + 1, "1", {}}},
                    optOutlookPrivateNote);
     const Grid& sessions = desk.ledger.fgSessions;
     EXPECT_EQ(desk.Cells(2, {"ID", "NOTES"}), "42 from Outlook");

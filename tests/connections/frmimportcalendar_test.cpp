@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "core/files.h"
+#include "core/format.h"
 #include "core/text.h"
 #include "tests/connections/calendars.h"
 
@@ -111,6 +112,20 @@ TEST(ImportCalendar, LeavesEverythingAsItWasOnCancel) {
               "The import was cancelled. No session has been created.");
     EXPECT_EQ(GetOption(desk, optICalLastFile), "");
   }
+}
+
+// Rules are short, and each may ask for fifty sessions.
+TEST(ImportCalendar, RefusesWhatAsksForTooMany) {
+  std::vector<std::vector<std::string>> rules;
+  for (int i = 0; i <= kMostSessions / 50; ++i)
+    rules.push_back({"DTSTART:" + FormatDate(DateSerial(2026, 2, 9) + i / 1440 * 50, "yyyymmdd") +
+                         "T" + FormatDate(TimeSerial(0, i % 1440), "hhnn"),
+                     "DTEND:20260209", "LOCATION:Riverside", "RRULE:FREQ=DAILY"});
+  ImportDesk desk;
+  desk.Import(desk.File(CalendarOf(rules)));
+  EXPECT_EQ(desk.shown.TakeMessage(), "Too many appointments");
+  EXPECT_EQ(desk.Sessions(), 0);
+  EXPECT_EQ(desk.window.lblStatus.Text() + GetOption(desk, optICalLastFile), "");
 }
 
 TEST(ImportCalendar, ShowsTheAddressThatTheOptionsHold) {

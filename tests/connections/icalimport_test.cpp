@@ -177,7 +177,9 @@ TEST(CalendarImport, QuotedPrintableBreaksStayWithinTheDescription) {
   CalendarDesk desk;
   const CalendarImport import =
       desk.ReadEvent(With(kMorning, {"DESCRIPTION:Private=0D=0A=Rate: 80"}));
-  EXPECT_EQ(import.sessions[0].description, "Private\\nRate: 80");
+  ASSERT_TRUE(import.sessions[0].settings);
+  EXPECT_EQ(import.sessions[0].settings->type, kTypePrivate);
+  EXPECT_EQ(import.sessions[0].settings->rate, "80.00");
 }
 
 TEST(CalendarImport, ReadsBackWhatWasExported) {
