@@ -53,7 +53,7 @@ TEST(FeedImport, ReadsRates) {
     std::string_view text, pounds;
     bool hourly;
   };
-  const std::vector<Case> kCases = {
+  constexpr Case kCases[] = {
       {"", "0", false},
       {"£250"_w, "250", false},
       {"£ 85.50 per hour"_w, "85.50", true},
