@@ -149,8 +149,8 @@ std::optional<std::string> frmImportWizard::CheckedId() {
     Focus(chkAccepted);
     return std::nullopt;
   }
-  std::optional<std::string> id = RemoveAny(typed, kIdSeparators);
-  if (id->size() == kIdLength) return id;
+  std::string id = RemoveAny(typed, kIdSeparators);
+  if (id.size() == kIdLength) return id;
   ShowMessage(ledger, "Please check your unique ID is correct", "It should be 32 characters long.");
   Focus(txtUniqueID);
   return std::nullopt;
