@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/grid.h"
 
@@ -20,6 +21,9 @@ struct ChartBox {
   double Right() const { return x + width; }
   double Bottom() const { return y + height; }
   ChartPoint Middle() const { return {x + width / 2, y + height / 2}; }
+  std::vector<ChartPoint> Corners() const {
+    return {{x, y}, {Right(), y}, {Right(), Bottom()}, {x, Bottom()}};
+  }
   bool Has(ChartPoint point) const {
     return point.x >= x && point.x < Right() && point.y >= y && point.y < Bottom();
   }

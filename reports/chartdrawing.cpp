@@ -213,7 +213,7 @@ void ChartDrawing::Paint(ChartCanvas& canvas) const {
     canvas.DrawLine(zero, {ink_.axis, 1});
   }
   for (std::size_t entry = 0; entry < swatches_.size(); ++entry)
-    PaintSwatch(canvas, chart_, static_cast<int>(entry), swatches_[entry]);
+    PaintSwatch(canvas, chart_, static_cast<int>(entry), swatches_[entry], ink_.ground);
   for (const Text& text : texts_) canvas.DrawText(text.place, text.text, text.style);
 }
 

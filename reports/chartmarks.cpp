@@ -6,6 +6,8 @@
 #include <numbers>
 #include <vector>
 
+#include "core/contrast.h"
+
 namespace lm {
 namespace {
 
@@ -20,6 +22,7 @@ constexpr std::array<Colour, kMostSeries> kPalette{
     Rgb(0xB7, 0x6E, 0xF7), Rgb(0xF3, 0x16, 0x51), Rgb(0x16, 0xE4, 0xF3), Rgb(0x88, 0x4C, 0x07),
     Rgb(0xA5, 0x09, 0x47), Rgb(0x8B, 0x23, 0x84), Rgb(0xD4, 0xA9, 0x54), Rgb(0x75, 0x69, 0x38)};
 constexpr Colour kGrey = Rgb(0xB2, 0xB2, 0xB2);
+constexpr double kEdge = 0.75;  // points
 
 // Corners of the markers, round a middle at 0, 0.
 constexpr double kReach = 3;  // points
@@ -50,10 +53,16 @@ Colour ChartColour(const Chart& chart, int entry) {
   return entry == chart.others ? kGrey : kPalette[static_cast<std::size_t>(entry) % kMostSeries];
 }
 
-Colour ReadableInk(Colour ground) {
-  const double light =
-      0.299 * (ground & 0xFF) + 0.587 * (ground >> 8 & 0xFF) + 0.114 * (ground >> 16 & 0xFF);
-  return light > 140 ? Rgb(0, 0, 0) : Rgb(255, 255, 255);
+Colour ChartLineColour(const Chart& chart, int entry, Colour ground) {
+  return StandingOut(ChartColour(chart, entry), ground, kMarkContrast);
+}
+
+void PaintEdge(ChartCanvas& canvas, const Chart& chart, int entry, std::vector<ChartPoint> corners,
+               Colour ground) {
+  const Colour edge = ChartLineColour(chart, entry, ground);
+  if (corners.empty() || edge == ChartColour(chart, entry)) return;
+  corners.push_back(corners.front());
+  canvas.DrawLine(corners, {edge, kEdge});
 }
 
 // Each round through the markers takes the next dashes.
@@ -61,7 +70,8 @@ std::span<const double> ChartDashes(int entry) {
   return kDashes[static_cast<std::size_t>(entry) / kMarkers.size() % kDashes.size()];
 }
 
-void PaintMarker(ChartCanvas& canvas, const Chart& chart, int entry, ChartPoint middle) {
+void PaintMarker(ChartCanvas& canvas, const Chart& chart, int entry, ChartPoint middle,
+                 Colour ground) {
   static const std::vector<ChartPoint> circle = Circle();
   std::span<const ChartPoint> shape = kMarkers[static_cast<std::size_t>(entry) % kMarkers.size()];
   if (shape.empty()) shape = circle;
@@ -69,19 +79,22 @@ void PaintMarker(ChartCanvas& canvas, const Chart& chart, int entry, ChartPoint 
   for (const ChartPoint& corner : shape)
     corners.push_back({middle.x + corner.x * kReach, middle.y + corner.y * kReach});
   canvas.FillPolygon(corners, ChartColour(chart, entry));
+  PaintEdge(canvas, chart, entry, std::move(corners), ground);
 }
 
-void PaintSwatch(ChartCanvas& canvas, const Chart& chart, int entry, const ChartBox& box) {
-  const Colour colour = ChartColour(chart, entry);
+void PaintSwatch(ChartCanvas& canvas, const Chart& chart, int entry, const ChartBox& box,
+                 Colour ground) {
   const ChartPoint middle = box.Middle();
   if (chart.choice.type == ChartType::Lines) {
     const ChartPoint line[] = {{box.x, middle.y}, {box.Right(), middle.y}};
-    canvas.DrawLine(line, {colour, 1.5, ChartDashes(entry)});
-    PaintMarker(canvas, chart, entry, middle);
+    canvas.DrawLine(line, {ChartLineColour(chart, entry, ground), 1.5, ChartDashes(entry)});
+    PaintMarker(canvas, chart, entry, middle, ground);
     return;
   }
   const double side = std::min({box.width, box.height, 9.0});
-  canvas.FillBox({middle.x - side / 2, middle.y - side / 2, side, side}, colour);
+  const ChartBox square{middle.x - side / 2, middle.y - side / 2, side, side};
+  canvas.FillBox(square, ChartColour(chart, entry));
+  PaintEdge(canvas, chart, entry, square.Corners(), ground);
 }
 
 }  // namespace lm

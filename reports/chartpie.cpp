@@ -2,6 +2,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/contrast.h"
 #include "reports/chartmarks.h"
 #include "reports/chartplots.h"
 
@@ -30,6 +31,8 @@ class PiePlot : public ChartPlot {
       const ChartPoint edge[] = {middle_, On(radius_, Start(part))};
       canvas.DrawLine(edge, {ink_.ground, 1});
     }
+    for (int part = 0; part < Parts(); ++part)
+      PaintEdge(canvas, chart_, part, Outline({0, part}), ink_.ground);
     PaintShares(canvas);
   }
 

@@ -73,6 +73,7 @@ class ColumnPlot : public AxesPlot {
         // A hair of the ground keeps the layers of a stack apart.
         if (Stacked() && box.height > 3) box.height -= 0.6;
         canvas.FillBox(box, ChartColour(chart_, series));
+        PaintEdge(canvas, chart_, series, box.Corners(), ink_.ground);
       }
   }
 
@@ -138,9 +139,11 @@ class LinePlot : public AxesPlot {
     for (int series = 0; series < Series(); ++series) {
       const std::vector<ChartPoint> points = PointsOf(series);
       const double width = Dense() ? 0.75 : 1.6;
-      canvas.DrawLine(points, {ChartColour(chart_, series), width, ChartDashes(series)});
+      canvas.DrawLine(points,
+                      {ChartLineColour(chart_, series, ink_.ground), width, ChartDashes(series)});
       if (!marked) continue;
-      for (const ChartPoint& point : points) PaintMarker(canvas, chart_, series, point);
+      for (const ChartPoint& point : points)
+        PaintMarker(canvas, chart_, series, point, ink_.ground);
     }
   }
 
@@ -235,6 +238,7 @@ class AreaPlot : public AxesPlot {
     }
     corners.insert(corners.end(), back.rbegin(), back.rend());
     canvas.FillPolygon(corners, ChartColour(chart_, series));
+    PaintEdge(canvas, chart_, series, std::move(corners), ink_.ground);
   }
 };
 

@@ -198,7 +198,10 @@ void CalendarGrid::paintEvent(QPaintEvent* event) {
   GridView::paintEvent(event);
   QPainter painter(viewport());
   if (const QLine now = NowLine(); !now.isNull()) {
-    painter.setPen(QPen(kNowColour, 2));
+    // With a rim of the ground, for it crosses sessions of any colour.
+    painter.setPen(QPen(Style().base, 4));
+    painter.drawLine(now);
+    painter.setPen(QPen(StandingOut(kNowColour, Style().base, kMarkContrast), 2));
     painter.drawLine(now);
   }
   if (dragging_ && target_.row >= 0) {
@@ -336,10 +339,11 @@ void CalendarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   if (cell.row < 0) return;
   const QColor ground = ToQColor(grid.CellColour(CellSetting::flexcpBackColor, cell.row, cell.col));
   const QColor fore = ToQColor(grid.CellColour(CellSetting::flexcpForeColor, cell.row, cell.col));
-  const QColor ink = fore.isValid()     ? fore
+  const QColor under = ground.isValid() ? ground : view_->Style().base;
+  const QColor ink = fore.isValid()     ? StandingOut(fore, under)
                      : ground.isValid() ? ReadableOn(ground)
                                         : view_->Style().text;
-  painter->fillRect(option.rect, ground.isValid() ? ground : view_->Style().base);
+  painter->fillRect(option.rect, under);
   PaintText(*painter, option.rect, cell, ink);
   PaintLines(*painter, option.rect);
   if (KindOf(TagAt(grid, cell.row, cell.col)) == 'Z') {
@@ -349,6 +353,8 @@ void CalendarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   if (view_->hasFocus() && index == view_->currentIndex()) {
     painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));
     painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    painter->setPen(view_->Style().base);
+    painter->drawRect(option.rect.adjusted(2, 2, -4, -4));
   }
 }
 

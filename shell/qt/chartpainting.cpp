@@ -37,8 +37,6 @@ QPolygonF ToPolygon(std::span<const ChartPoint> points) {
   return polygon;
 }
 
-Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
-
 void PaintPage(QPainter& painter, const Chart& chart, const ChartTitles& titles,
                const ChartBox& box) {
   painter.setRenderHint(QPainter::Antialiasing);

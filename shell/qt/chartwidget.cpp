@@ -27,6 +27,7 @@ class SwatchDelegate : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     if (index.row() >= screen_.Shown().Entries()) return;
+    const ListStyle& style = static_cast<const GridView*>(option.widget)->Style();
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const double pixels = option.widget->logicalDpiX() / kPointsAnInch;
@@ -35,9 +36,9 @@ class SwatchDelegate : public QStyledItemDelegate {
     PainterCanvas canvas(painter);
     PaintSwatch(
         canvas, screen_.Shown(), index.row(),
-        {cell.x() / pixels, cell.y() / pixels, cell.width() / pixels, cell.height() / pixels});
+        {cell.x() / pixels, cell.y() / pixels, cell.width() / pixels, cell.height() / pixels},
+        FromQColor(style.base));
     painter->restore();
-    const ListStyle& style = static_cast<const GridView*>(option.widget)->Style();
     if (!style.horizontalLines) return;
     painter->setPen(style.line);
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());

@@ -11,9 +11,11 @@
 #include <QToolButton>
 
 #include "core/numbers.h"
+#include "core/rows.h"
 #include "core/text.h"
 #include "entry/pickers.h"
 #include "shell/optiongrids.h"
+#include "shell/qt/changemarks.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
@@ -61,6 +63,19 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
   option->text.remove(u'\r');
   if (!view_->Wraps(index.column())) option->text.replace(u'\n', u' ');
   option->state &= ~QStyle::State_HasFocus;
+  KeepReadable(*option);
+}
+
+// Colours of texts and of grounds are chosen apart from each other.
+void GridDelegate::KeepReadable(QStyleOptionViewItem& option) const {
+  const ListStyle& style = view_->Style();
+  const QColor ground = option.backgroundBrush.style() != Qt::NoBrush
+                            ? option.backgroundBrush.color()
+                        : option.features & QStyleOptionViewItem::Alternate ? style.alternate
+                                                                            : style.base;
+  const QColor text = option.palette.color(QPalette::Text);
+  if (const QColor readable = StandingOut(text, ground); readable != text)
+    option.palette.setColor(QPalette::Text, readable);
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -132,8 +147,10 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 void GridDelegate::PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const {
-  const Colour colour = view_->Shown()->CellColour(CellSetting::flexcpBackColor, gridRow, 0);
-  if (colour > 0) painter.fillRect(rect.adjusted(0, 0, -2, -1), ToQColor(colour));
+  const Grid& grid = *view_->Shown();
+  PaintChangeMark(
+      painter, rect.adjusted(0, 0, -2, -1), StateOfRow(view_->screen_->ledger, grid, gridRow),
+      ToQColor(grid.CellColour(CellSetting::flexcpBackColor, gridRow, 0)), view_->Style().base);
   PaintLines(painter, rect);
 }
 

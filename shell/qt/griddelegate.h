@@ -50,6 +50,7 @@ class GridDelegate : public QStyledItemDelegate {
  private:
   QWidget* ListEditor(QWidget* parent, const std::string& list) const;
   QWidget* TextEditor(QWidget* parent, int row, int col, Qt::Alignment alignment) const;
+  void KeepReadable(QStyleOptionViewItem& option) const;
   void PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const;
   void PaintSwatch(QPainter& painter, const QRect& rect, int gridRow, int col) const;
   // Where the cell's text begins behind the box; a box alone stands in the middle.

@@ -21,6 +21,7 @@ constexpr int kHeaderMargin = 10;  // pixels that a caption does not fill
 constexpr int kColumnPadding = 24;
 constexpr const char* kLargeSum = "88,888.88";
 constexpr int kMeasuredRows = 60;  // rows looked at for the width of a column without one
+constexpr int kSignWidth = 14;     // room for its sign
 constexpr int kNarrowest = 56, kWidest = 260;
 
 int WidestLine(const QFontMetrics& metrics, const QString& text) {
@@ -242,7 +243,8 @@ void GridView::ReadCursor() {
 // A column without a width of its own fits what it shows, and grows with it.
 int GridView::ColumnWidth(int col) {
   const int twips = Shown()->ColWidth(col);
-  if (twips > 0) return TwipsToPixels(twips, logicalDpiX());
+  const bool marker = model_->HasMarker() && col == 0;
+  if (twips > 0) return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : 0);
   const std::string& key = Shown()->ColKey(col);
   int& width = measured_[key.empty() ? Shown()->TextMatrix(CaptionRow(*Shown()), col) : key];
   width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));

@@ -29,14 +29,16 @@ QColor ToQColor(Colour colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
+Colour FromQColor(const QColor& colour) { return Rgb(colour.red(), colour.green(), colour.blue()); }
+
 QColor MixedColour(const QColor& a, const QColor& b, double share) {
-  const auto mix = [share](int x, int y) { return static_cast<int>(x + (y - x) * share); };
-  return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+  return ToQColor(Mixed(FromQColor(a), FromQColor(b), share));
 }
 
-QColor ReadableOn(const QColor& ground) {
-  const double light = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
-  return light > 0.55 ? QColor(Qt::black) : QColor(Qt::white);
+QColor ReadableOn(const QColor& ground) { return ToQColor(ReadableInk(FromQColor(ground))); }
+
+QColor StandingOut(const QColor& colour, const QColor& ground, double ratio) {
+  return ToQColor(StandingOut(FromQColor(colour), FromQColor(ground), ratio));
 }
 
 int TwipsToPixels(int twips, int logicalDpi) {
@@ -57,7 +59,7 @@ ListStyle ListStyleOf(const OptionText& option, const QPalette& palette) {
   style.alternate = ColourOf(option(optColourAlternateRows), kWhite, style.base);
   const bool ownGround = style.base != palette.color(QPalette::Base);
   const QColor plainText = ownGround ? ReadableOn(style.base) : palette.color(QPalette::Text);
-  style.text = ColourOf(option(optFontColour), kBlack, plainText);
+  style.text = StandingOut(ColourOf(option(optFontColour), kBlack, plainText), style.base);
   style.line =
       ColourOf(option(optColourGridLines), kDefaultLines, MixedColour(style.base, plainText, 0.12));
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "core/contrast.h"
 #include "core/grid.h"
 #include "core/ledger.h"
 
@@ -31,10 +32,13 @@ ListStyle ListStyleOf(const OptionText& option, const QPalette& palette);
 
 // Invalid for kNoColour.
 QColor ToQColor(Colour colour);
+Colour FromQColor(const QColor& colour);
 // From a towards b: a share of 0 is all a, of 1 all b.
 QColor MixedColour(const QColor& a, const QColor& b, double share);
 // Black or white, whichever is read better on this ground.
 QColor ReadableOn(const QColor& ground);
+// See core/contrast.h.
+QColor StandingOut(const QColor& colour, const QColor& ground, double ratio = kTextContrast);
 
 // Twips, 1440 to the inch, and device-independent pixels of this widget's screen.
 int TwipsToPixels(int twips, int logicalDpi);

@@ -328,7 +328,9 @@ void MainWindow::RefreshStatus() {
     }
   }
   const auto show = [this](QLabel& label, int count, const QString& text, int option) {
-    const QString colour = ToQColor(ValInt(GetOption(ledger_, option))).name();
+    const QString colour = StandingOut(ToQColor(ValInt(GetOption(ledger_, option))),
+                                       palette().color(QPalette::Window), kMarkContrast)
+                               .name();
     label.setVisible(count > 0);
     label.setTextFormat(Qt::RichText);
     label.setText(

@@ -7,7 +7,8 @@
 
 namespace lm {
 
-// The palette with its disabled texts in a grey that stands out from their grounds.
+// The palette with all texts standing out from their grounds: disabled ones in a grey that does,
+// links, hints in empty boxes, and what is selected.
 QPalette ReadablePalette(QPalette palette);
 
 // Keeps the application's palette so, whichever theme the desktop changes to.

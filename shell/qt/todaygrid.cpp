@@ -17,11 +17,21 @@ constexpr int kRounding = 2;  // what a text may be wider than it measures
 constexpr int kMeasuredRows = 300;
 constexpr double kMostOfWidth = 0.45;  // that the dates may take of the names
 constexpr double kBalanceSize = 1.15;
-constexpr double kFaint = 0.38;  // from the text towards the ground
+constexpr double kFaint = 0.38;     // from the text towards the ground
+constexpr double kSelected = 0.25;  // from the ground towards the highlight
 
 QFont Bold(QFont font) {
   font.setBold(true);
   return font;
+}
+
+QColor SelectedGround(const ListStyle& style, const QPalette& palette) {
+  return MixedColour(style.base, palette.color(QPalette::Highlight), kSelected);
+}
+
+// On a selected row too.
+QColor FaintText(const ListStyle& style, const QPalette& palette) {
+  return StandingOut(MixedColour(style.text, style.base, kFaint), SelectedGround(style, palette));
 }
 
 bool IsBalance(const Grid& grid, int row) { return SectionOfHeading(grid, row) == kBalanceKey; }
@@ -192,8 +202,7 @@ void TodayDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->save();
   const ListStyle& style = view_->Style();
   if (option.state & QStyle::State_Selected && view_->hasFocus())
-    painter->fillRect(option.rect,
-                      MixedColour(style.base, option.palette.color(QPalette::Highlight), 0.25));
+    painter->fillRect(option.rect, SelectedGround(style, option.palette));
   if (view_->Shown()->IsSubtotal(row))
     PaintHeading(*painter, option.rect, row, index.column());
   else
@@ -204,7 +213,7 @@ void TodayDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 void TodayDelegate::PaintHeading(QPainter& painter, const QRect& rect, int row, int col) const {
   const Grid& grid = *view_->Shown();
   const ListStyle& style = view_->Style();
-  const QColor faint = MixedColour(style.text, style.base, kFaint);
+  const QColor faint = FaintText(style, view_->palette());
   const bool balance = IsBalance(grid, row), empty = IsEmptySection(grid, row) && !balance;
   if (row > grid.FixedRows())
     painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), balance ? faint : style.line);
@@ -257,7 +266,7 @@ void TodayDelegate::PaintRow(QPainter& painter, const QRect& rect, int row, int 
   if (day && text.isEmpty()) return;
   const QFont font = day ? Bold(style.font) : style.font;
   painter.setFont(font);
-  painter.setPen(day || col == name + 1 ? MixedColour(style.text, style.base, kFaint) : style.text);
+  painter.setPen(day || col == name + 1 ? FaintText(style, view_->palette()) : style.text);
   const bool right = col == view_->Shown()->Cols() - 1 && col > name + 1;
   painter.drawText(place, (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
                    QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));

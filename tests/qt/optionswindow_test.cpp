@@ -99,11 +99,12 @@ TEST_F(OptionsView, ColoursAreChosenByMouseAndSpace) {
   test.shown.colour = 256;
   QTest::keyClick(&colours, Qt::Key_Space);
   EXPECT_EQ(screen->fgColours_Grids.Text(optColourBackground), "256");
+  test.shown.colour = 65535;
   Find<QPushButton>("picFontColor").click();
-  EXPECT_EQ(screen->options.Text(optFontColour), "256");
+  EXPECT_EQ(screen->options.Text(optFontColour), "65535");
   QApplication::processEvents();
   EXPECT_EQ(Find<GridView>("fgSample").Style().base, QColor(0, 1, 0));
-  EXPECT_EQ(Find<GridView>("fgSample").Style().text, QColor(0, 1, 0));
+  EXPECT_EQ(Find<GridView>("fgSample").Style().text, QColor(255, 255, 0));
   EXPECT_NE(colours.Style().base, QColor(0, 1, 0));
 }
 
