@@ -101,6 +101,7 @@ struct MenuLine {
   int flags = kPlain;
 };
 
+// A letter that a shortcut has with Alt opens no menu, so none is underlined that has one.
 constexpr MenuLine kMenuBar[] = {
     {0, "mnuFile", "&File"},
     {1, "mnuFileNew", "&New"},
@@ -135,7 +136,7 @@ constexpr MenuLine kMenuBar[] = {
     {1, kSeparator},
     {1, "mnuExitWithoutSaving"},
     {1, "mnuExit"},
-    {0, "mnuEdit", "&Edit"},
+    {0, "mnuEdit", "Edit"},
     {1, "mnuUndo"},
     {1, "mnuRedo"},
     {0, "mnuView", "&View"},
@@ -160,7 +161,7 @@ constexpr MenuLine kMenuBar[] = {
     {1, "mnuViewLMToday"},
     {1, kSeparator},
     {1, "mnuViewShortcutBar", "", kCheckable},
-    {0, "mnuTools", "&Tools"},
+    {0, "mnuTools", "T&ools"},
     {1, "mnuConfigure"},
     {1, "mnuShortcutKeys"},
     {1, kSeparator},

@@ -28,6 +28,7 @@ struct CommandHandler {
   std::function<bool()> enabled = nullptr;
   std::function<bool()> checked = nullptr;
   std::function<std::string()> caption = nullptr;
+  const Field* presses = nullptr;  // the button that it presses, where that is all
 };
 
 std::span<const CommandSpec> Commands();

@@ -38,10 +38,10 @@ void EventsPage::AddButtons() {
 }
 
 void EventsPage::AddCommands() {
-  FromEverywhere("mnuEvent", {Pressing(cmdAddEvent)});
-  OnCommand("mnuPopAddEvent", {Pressing(cmdAddEvent)});
-  OnCommand("mnuPopEditEvent", {Pressing(cmdEditEvent)});
-  OnCommand("mnuPopDeleteEvent", {Pressing(cmdDeleteEvent)});
+  FromEverywhere("mnuEvent", Pressing(cmdAddEvent));
+  OnCommand("mnuPopAddEvent", Pressing(cmdAddEvent));
+  OnCommand("mnuPopEditEvent", Pressing(cmdEditEvent));
+  OnCommand("mnuPopDeleteEvent", Pressing(cmdDeleteEvent));
   SetListMenu("mnuPopEvents");
   OfferEntry("mnuPopAddEvent");
   for (const char* entry : {"mnuPopEditEvent", "mnuPopDeleteEvent"})

@@ -32,7 +32,7 @@ ExpensesPage::ExpensesPage(frmMain& theWindow)
   AddButton({&cmdDeleteExpense, "delete"}, "Delete Expense",
             [this] { rules_.DeletePressed(list_.SelectedRow()); });
   SetItemButtons(cmdAddExpense, cmdEditExpense, cmdDeleteExpense);
-  FromEverywhere("mnuNewExpense", {Pressing(cmdAddExpense)});
+  FromEverywhere("mnuNewExpense", Pressing(cmdAddExpense));
   AddTip({"General Expenses",
           "General expenses are costs of your work that belong to no single session, such as "
           "subscriptions. Costs of one session are entered on the session itself."});

@@ -45,9 +45,9 @@ void InvoicesPage::AddButtons() {
 }
 
 void InvoicesPage::AddCommands() {
-  OnCommand("mnuPopOpenDocument", {[this] { OpenDocument(false); }});
+  OnCommand("mnuPopOpenDocument", Pressing(cmdViewInvoice));
   OnCommand("mnuPopRecreateAndOpenDocument", {[this] { OpenDocument(true); }});
-  OnCommand("mnuPopInv_DeleteInvoice", {Pressing(cmdDeleteInvoice)});
+  OnCommand("mnuPopInv_DeleteInvoice", Pressing(cmdDeleteInvoice));
 
   SetListMenu("mnuPopInvoices");
   for (const char* entry : {"cmdEditInvoice", "mnuPopOpenDocument", "mnuPopRecreateAndOpenDocument",

@@ -4,6 +4,7 @@
 
 #include "core/messagebox.h"
 #include "core/options.h"
+#include "core/shortcuts.h"
 #include "shell/printtable.h"
 
 namespace lm {
@@ -87,17 +88,29 @@ void MainPage::FromEverywhere(std::string_view command, CommandHandler handler) 
 }
 
 void MainPage::SetItemButtons(Button& add, Button& edit, Button& remove) {
-  OnCommand("mnuNewItem", {Pressing(add)});
-  OnCommand("mnuEditItem", {Pressing(edit)});
-  OnCommand("mnuDeleteItem", {Pressing(remove)});
+  OnCommand("mnuNewItem", Pressing(add));
+  OnCommand("mnuEditItem", Pressing(edit));
+  OnCommand("mnuDeleteItem", Pressing(remove));
 }
 
 void MainPage::OfferEntry(std::string_view entry, std::function<Offer()> offer) {
   offers_.insert_or_assign(std::string(entry), std::move(offer));
 }
 
-std::function<void()> MainPage::Pressing(Field& button) const {
-  return [this, &button] { window.Press(button); };
+CommandHandler MainPage::Pressing(Field& button) const {
+  CommandHandler handler{[this, &button] { window.Press(button); }};
+  handler.presses = &button;
+  return handler;
+}
+
+std::string MainPage::KeysOf(const Button& button) const {
+  for (const Handlers* handlers : {&inFront_, &fromEverywhere_})
+    for (const auto& [name, handler] : *handlers) {
+      const CommandSpec* command = handler.presses == &button ? FindCommand(name) : nullptr;
+      const std::string keys = command ? ShortcutText(ledger, command->shortcut) : "";
+      if (!keys.empty()) return keys;
+    }
+  return "";
 }
 
 const CommandHandler* MainPage::InFrontHandler(std::string_view command) const {

@@ -92,6 +92,8 @@ class MainPage {
   const CommandHandler* InFrontHandler(std::string_view command) const;
   // The same for a command that this page carries out from everywhere.
   const CommandHandler* HandlerFromEverywhere(std::string_view command) const;
+  // The keys that press one of its buttons: "Ctrl+N"; "" for none.
+  std::string KeysOf(const Button& button) const;
   // The right-button menu of one of its grids; "" for none. Entries that the page does not offer
   // are hidden.
   virtual std::string_view MenuOf(const Grid& grid) const;
@@ -118,7 +120,7 @@ class MainPage {
   // handles, or its buttons.
   void SetListMenu(std::string_view menu) { listMenu_ = menu; }
   void OfferEntry(std::string_view entry, std::function<Offer()> offer = nullptr);
-  std::function<void()> Pressing(Field& button) const;
+  CommandHandler Pressing(Field& button) const;
 
   // One tip comes at each visit: the first that fits and was not shown in this run.
   struct Tip {

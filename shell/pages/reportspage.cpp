@@ -127,14 +127,13 @@ ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kSpec) {
   imgReportHelp.SetText("Help");
   imgReportHelp.onPressed = [this] { ShowHelp(); };
 
-  AddButton({&cmdRefreshReport, "refresh"}, "&Refresh", [this] { RefreshStandardReport(); });
-  AddButton({&cmdRefreshGroupingReport, "refresh"}, "&Refresh",
-            [this] { RefreshGroupingReport(); });
-  AddButton({&cmdChart, "reports"}, "C&hart...",
+  AddButton({&cmdRefreshReport, "refresh"}, "Refresh", [this] { RefreshStandardReport(); });
+  AddButton({&cmdRefreshGroupingReport, "refresh"}, "Refresh", [this] { RefreshGroupingReport(); });
+  AddButton({&cmdChart, "reports"}, "Ch&art...",
             [this] { ShowChart(ledger, fgReports, shownReport_, shownPeriod_); });
   AddButton({&cmdTaxYear_Previous, "left"}, "", [this] { MoveTaxYear(-1); });
   AddButton({&cmdTaxYear_Next, "right"}, "", [this] { MoveTaxYear(+1); });
-  AddButton({&cmdRefreshTaxReport, "refresh"}, "&Refresh", [this] { RefreshTaxReport(); });
+  AddButton({&cmdRefreshTaxReport, "refresh"}, "Refresh", [this] { RefreshTaxReport(); });
   for (CheckField* box : {&chkHideEmptyRows, &chkHideEmptyCols})
     box->onEntered = [this] {
       if (fgReports.HasData())

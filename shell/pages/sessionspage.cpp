@@ -52,11 +52,12 @@ void SessionsPage::AddButtons() {
 
 // The list's menu is the calendar's, without what belongs to events and views.
 void SessionsPage::AddCommands() {
-  FromEverywhere("mnuNewSession", {Pressing(cmdAddSession)});
-  OnCommand("mnuPopAddSession", {Pressing(cmdAddSession)});
-  OnCommand("mnuPopEditSession", {Pressing(cmdEditSession)});
-  OnCommand("mnuPopCal_CopySession", {Pressing(cmdCopySession)});
-  OnCommand("mnuPopDeleteSession", {Pressing(cmdDeleteSession)});
+  FromEverywhere("mnuNewSession", Pressing(cmdAddSession));
+  FromEverywhere("mnuMultiSession", Pressing(cmdAddManySessions));
+  OnCommand("mnuPopAddSession", Pressing(cmdAddSession));
+  OnCommand("mnuPopEditSession", Pressing(cmdEditSession));
+  OnCommand("mnuPopCal_CopySession", Pressing(cmdCopySession));
+  OnCommand("mnuPopDeleteSession", Pressing(cmdDeleteSession));
   OnCommand("mnuPopCal_AddToInvoice", {[this] { Invoice(AddSessionToInvoice); }});
   OnCommand("mnuPopCal_RemoveFromInvoice", {[this] { Invoice(RemoveSessionFromInvoice); }});
 

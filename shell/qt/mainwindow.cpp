@@ -81,8 +81,10 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
     QApplication::quit();
   };
   screen_.layOut = [this](bool allPages) {
-    if (allPages)
+    if (allPages) {
       for (GridView* list : findChildren<GridView*>()) list->ReadLayout();
+      ShowKeys();
+    }
     ShowPage();
   };
   screen_.showWindow = [this] { ShowFirst(); };
@@ -94,6 +96,7 @@ MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger
       PrintGrid(ledger_, grid, {title, period}, this);
   };
   screen_.RefreshCommands();
+  ShowKeys();
   qApp->installEventFilter(this);
   ShowPage();
 }
@@ -221,6 +224,18 @@ void MainWindow::ShowShortcutBar() {
   bar_->setFixedWidth(widest + (icons ? kBarIcon : 0) + 44);
   const QSignalBlocker quiet(bar_);
   bar_->setCurrentRow(screen_.fgMenu.Col() - 1);
+}
+
+// The buttons tell which keys press them.
+void MainWindow::ShowKeys() {
+  for (const auto& page : screen_.Pages())
+    for (const PageButton& each : page->Buttons()) {
+      QWidget* button = binder_->WidgetOf(*each.button);
+      const QString keys = ToQt(page->KeysOf(*each.button));
+      if (button && each.button->ToolTip().empty())
+        button->setToolTip(keys.isEmpty() ? QString()
+                                          : tr("%1 (%2)").arg(ToQt(each.button->Text()), keys));
+    }
 }
 
 // Pages

@@ -46,6 +46,7 @@ class MainWindow : public QMainWindow {
   void BuildStatusBar();
   void BindLists();
   void ShowShortcutBar();
+  void ShowKeys();
   void ShowPage();
   void FocusPage();
   void ShowSortMark(GridView& list);

@@ -65,17 +65,17 @@ void AddDate(Line& line, const TextField& field, const Button& picker, const QSt
 
 QWidget* MakePeriod(const ReportsPage& page) {
   auto* line = new Line;
-  line->Add<QComboBox>(page.cboReportPeriod, QObject::tr("&Period:"));
+  line->Add<QComboBox>(page.cboReportPeriod, QObject::tr("Period:"));
   line->addSpacing(kGap);
-  AddDate(*line, page.txtReport_SDate, page.cmdReport_SDate, QObject::tr("Fr&om:"));
-  AddDate(*line, page.txtReport_EDate, page.cmdReport_EDate, QObject::tr("&To:"));
+  AddDate(*line, page.txtReport_SDate, page.cmdReport_SDate, QObject::tr("From:"));
+  AddDate(*line, page.txtReport_EDate, page.cmdReport_EDate, QObject::tr("To:"));
   line->addStretch();
   return line->Whole();
 }
 
 QWidget* MakeStandardChoices(const ReportsPage& page) {
   auto* line = new Line;
-  auto* report = line->Add<QComboBox>(page.cboReport, QObject::tr("Repo&rt:"));
+  auto* report = line->Add<QComboBox>(page.cboReport, QObject::tr("Report:"));
   report->setMaxVisibleItems(40);
   report->setMinimumContentsLength(26);
   report->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -84,7 +84,7 @@ QWidget* MakeStandardChoices(const ReportsPage& page) {
   line->Add<QComboBox>(page.cboReportGroup, {})->setAccessibleName(QObject::tr("Group by"));
   line->AddButton(page, page.cmdRefreshReport);
   line->addSpacing(kGap);
-  line->Add<QCheckBox>(page.chkHideEmptyRows, {})->setText(QObject::tr("Hide empty ro&ws"));
+  line->Add<QCheckBox>(page.chkHideEmptyRows, {})->setText(QObject::tr("Hide empty rows"));
   line->Add<QCheckBox>(page.chkHideEmptyCols, {})->setText(QObject::tr("Hide empty colum&ns"));
   line->addStretch();
   line->AddButton(page, page.cmdChart);
@@ -93,11 +93,11 @@ QWidget* MakeStandardChoices(const ReportsPage& page) {
 
 QWidget* MakeGroupingChoices(const ReportsPage& page) {
   auto* line = new Line;
-  line->Add<QComboBox>(page.cboGroupingReport, QObject::tr("Reco&rds:"));
+  line->Add<QComboBox>(page.cboGroupingReport, QObject::tr("Re&cords:"));
   line->addSpacing(kGap);
   line->Add<QComboBox>(page.cboGroupingReportCalculation, QObject::tr("Calc&ulation:"));
   line->addSpacing(kGap);
-  line->Add<QComboBox>(page.cboGroupingLevels, QObject::tr("Le&vels:"));
+  line->Add<QComboBox>(page.cboGroupingLevels, QObject::tr("Levels:"));
   line->addSpacing(kGap);
   line->AddButton(page, page.cmdRefreshGroupingReport);
   line->addStretch();

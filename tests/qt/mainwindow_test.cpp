@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "core/files.h"
 #include "core/options.h"
@@ -51,6 +52,42 @@ struct Running {
     return window->findChild<Widget*>(name);
   }
 };
+
+// A letter that a shortcut has with Alt never reaches the menu or box under whose letter it is.
+TEST(MainWindow, UnderlinesNoLetterThatAShortcutHas) {
+  Running run;
+  QStringList texts;
+  std::set<int> ofMenus;
+  for (const QAction* menu : run.window->menuBar()->actions()) {
+    const QKeySequence letter = QKeySequence::mnemonic(menu->text());
+    if (letter.isEmpty()) continue;
+    EXPECT_TRUE(ofMenus.insert(letter[0].key()).second) << menu->text().toStdString();
+    EXPECT_LT(FindShortcut(run.test.ledger, letter[0].key(), kAltBit), 0)
+        << menu->text().toStdString();
+  }
+  for (const auto* button : run.window->findChildren<QAbstractButton*>()) texts << button->text();
+  for (const auto* label : run.window->findChildren<QLabel*>())
+    if (label->buddy()) texts << label->text();
+  for (const QString& text : texts) {
+    const QKeySequence letter = QKeySequence::mnemonic(text);
+    if (letter.isEmpty()) continue;
+    const int key = letter[0].key();
+    EXPECT_LT(FindShortcut(run.test.ledger, key, kAltBit), 0) << text.toStdString();
+    EXPECT_FALSE(ofMenus.contains(key)) << text.toStdString();
+  }
+}
+
+TEST(MainWindow, ButtonsTellTheirKeys) {
+  Running run;
+  EXPECT_EQ(run.Find<QPushButton>("cmdAddSession")->toolTip(), "Add Session (Ctrl+N)");
+  EXPECT_EQ(run.Find<QPushButton>("cmdAddManySessions")->toolTip(),
+            "Add Several Sessions (Ctrl+M)");
+  EXPECT_EQ(run.Find<QPushButton>("cmdViewInvoice")->toolTip(), "View Invoice (Ctrl+O)");
+  Grid& keys = run.test.ledger.fgShortcuts;
+  keys.SetTextMatrix(keys.FindRow("13", "IDENTIFIER"), "KEY", "113");
+  run.screen->ApplyShortcutsToMenus();
+  EXPECT_EQ(run.Find<QPushButton>("cmdAddSession")->toolTip(), "Add Session (Ctrl+F2)");
+}
 
 TEST(MainWindow, ShortcutsGoBeforeMenuLettersAndBoxes) {
   Running run;
