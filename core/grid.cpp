@@ -376,6 +376,15 @@ void Grid::WriteRecord(int row, std::string& text) const {
   }
 }
 
+void Grid::ViewCells(int row, std::vector<std::string_view>& cells) const {
+  cells.assign(columns_.size(), {});
+  if (!IsRow(row)) return;
+  const std::vector<std::string_view> slots = Split(RowAt(row).cells.Record(), kFieldEnd);
+  for (std::size_t col = 0; col < columns_.size(); ++col)
+    if (const auto slot = static_cast<std::size_t>(columns_[col]->slot); slot < slots.size())
+      cells[col] = slots[slot];
+}
+
 void Grid::RemoveItem(int row) {
   if (!IsRow(row)) return;
   const RowData* behind = history_ ? RecordBefore(row) : nullptr;

@@ -185,6 +185,8 @@ class Grid {
   // Many of them as one block before row `at`, which costs no more than one; all or none.
   bool InsertRecords(int at, std::span<const std::string> records);
   void WriteRecord(int row, std::string& text) const;  // behind the text
+  // The texts of a row in the order of the columns, for a pass over many; valid until it changes.
+  void ViewCells(int row, std::vector<std::string_view>& cells) const;
   void RemoveItem(int row);
   // First row at or after startRow (FixedRows when -1) whose cell equals the value; -1 if none.
   int FindRow(std::string_view value, int startRow, int col) const;

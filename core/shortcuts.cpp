@@ -61,6 +61,8 @@ constexpr ShortcutAction kActions[] = {
     {kEdit, 37, "Undo", 90, kCtrlBit},
     {kEdit, 38, "Redo", 89, kCtrlBit},
     {kEdit, 39, "Redo (second key)", 90, kShiftBit | kCtrlBit},
+    {kEdit, 40, "Find", 70, kCtrlBit},
+    {kEdit, 41, "Filter list", 70, kShiftBit | kCtrlBit},
 };
 
 constexpr KeyName kKeyNames[] = {

@@ -81,6 +81,13 @@ void frmMain::BringToFront(const Grid& grid) {
   page->BringToFront(grid);
 }
 
+void frmMain::Reveal(Grid& grid, int row) {
+  BringToFront(grid);
+  RecordList* list = FrontPage().ListOf(grid);
+  if (list) list->Reveal(row);
+  LayOut();
+}
+
 void frmMain::fgMenu_Click() {
   if (ledger.starting || fgMenu.Col() <= 0) return;
   ShowFrontPage();

@@ -56,6 +56,12 @@ class frmMain : public Screen, private ChangeListener {
   // Shows the page, and the tab on it, where the grid stands.
   void BringToFront(const Grid& grid);
 
+  // Selects a record of a list on its page, in sight whatever hides it there.
+  void Reveal(Grid& grid, int row);
+
+  // What Find looked for last in this run.
+  std::string lastSearch;
+
   // Caption of the current page, for the head of its frame.
   LabelField lblPage{this, "lblPage"};
 

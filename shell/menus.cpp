@@ -35,6 +35,8 @@ constexpr CommandSpec kCommands[] = {
     // Edit
     {"mnuUndo", "&Undo", 37},
     {"mnuRedo", "&Redo", 38},
+    {"mnuFind", "&Find...", 40, "frmFind"},
+    {"mnuFilterList", "Fi&lter List", 41},
     // View
     {"mnuViewCalendar", "&Calendar"},
     {"mnuViewWeek", "&Week", 5},
@@ -139,6 +141,9 @@ constexpr MenuLine kMenuBar[] = {
     {0, "mnuEdit", "Edit"},
     {1, "mnuUndo"},
     {1, "mnuRedo"},
+    {1, kSeparator},
+    {1, "mnuFind"},
+    {1, "mnuFilterList"},
     {0, "mnuView", "&View"},
     {1, "mnuViewCalendar"},
     {1, "mnuViewWeek"},

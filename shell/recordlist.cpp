@@ -5,6 +5,8 @@
 #include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/rows.h"
+#include "core/tables.h"
+#include "core/text.h"
 
 namespace lm {
 
@@ -86,20 +88,48 @@ void RecordList::ChooseGroup() {
 }
 
 RowTest RecordList::TestOfTab() const {
-  RowTest shown = shownOn_(tabs_->Selected());
+  return tabs_ ? shownOn_(tabs_->Selected()) : [](int) { return true; };
+}
+
+RowTest RecordList::WithKept(RowTest shown) const {
   if (kept_.empty()) return shown;
-  return [this, shown](int row) { return shown(row) || kept_.contains(IdentityOf(row)); };
+  return [this, shown = std::move(shown)](int row) {
+    return shown(row) || kept_.contains(IdentityOf(row));
+  };
+}
+
+RowTest RecordList::TestOfAll() {
+  RowTest onTab = TestOfTab();
+  if (!filter_.IsOn()) return WithKept(std::move(onTab));
+  return WithKept([onTab = std::move(onTab), matches = filter_.TestOfAll()](int row) {
+    return matches(row) && onTab(row);
+  });
+}
+
+RowTest RecordList::TestOfSingle() const {
+  return WithKept([this, onTab = TestOfTab()](int row) {
+    return onTab(row) && (!filter_.IsOn() || filter_.Shows(row));
+  });
+}
+
+void RecordList::Narrow(std::string_view typed) {
+  if (!filter_.SetText(typed)) return;
+  kept_.clear();
+  Refresh();
 }
 
 void RecordList::Refresh() {
-  if (!tabs_ && !(grouping_ && grouping_->IsOn())) return;
+  const bool grouped = grouping_ && grouping_->IsOn();
+  const ListFilter::OnlyHiding hiding(filter_, !grouped);
+  RowTest shown;
+  if (!grouped) shown = TestOfAll();
   const RedrawOff redrawOff(table_);
-  if (grouping_) grouping_->Remove();
-  if (tabs_) {
-    const RowTest shown = TestOfTab();
-    for (const int row : Records(table_)) table_.SetRowHidden(row, !shown(row));
+  if (grouped) {
+    grouping_->Remove();
+    shown = TestOfAll();
   }
-  if (grouping_) grouping_->Restore();
+  for (const int row : Records(table_)) table_.SetRowHidden(row, !shown(row));
+  if (grouped) grouping_->Restore();
 }
 
 void RecordList::RecordsChanged(const TableChange& change, bool inSight) {
@@ -108,10 +138,31 @@ void RecordList::RecordsChanged(const TableChange& change, bool inSight) {
     if (change.edited.size() == 1 || row == table_.Row()) Keep(row);
   if (!inSight) return;
   if (grouping_ && grouping_->IsOn()) return Refresh();
-  if (!tabs_) return;
-  const RowTest shown = TestOfTab();
+  if (!IsFiltered()) return;
+  const RowTest shown = TestOfSingle();
   for (const auto* rows : {&change.added, &change.edited})
     for (const int row : *rows) table_.SetRowHidden(row, !shown(row));
+}
+
+void RecordList::Reveal(int row) {
+  if (!IsRecord(table_, row)) return;
+  table_.Select(row, std::max(table_.Col(), table_.FixedCols()));
+  Keep(row);
+  Refresh();
+  if (!table_.RowVisible(table_.Row()) && grouping_) grouping_->ExpandAll();
+}
+
+std::string RecordList::Period() const {
+  std::string period = tabs_ ? tabs_->Text() : "";
+  if (filter_.IsOn()) period += (period.empty() ? "" : ", ") + Quoted(filter_.Text());
+  return period;
+}
+
+std::string RecordList::EmptyText() const {
+  if (!filter_.IsOn()) return std::string(texts_.whenEmpty);
+  const std::string record(FindTable(table_.Name())->record);
+  return "No " + (record.starts_with("Form ") ? record : ToLower(record)) + " matches " +
+         Quoted(filter_.Text()) + ". Escape clears the filter.";
 }
 
 // A table without IDs knows its records by what they hold; equal ones are kept together.
@@ -124,11 +175,12 @@ std::string RecordList::IdentityOf(int row) const {
 
 void RecordList::Keep(int row) {
   std::string id = IdentityOf(row);
-  if (tabs_ && !id.empty()) kept_.insert(std::move(id));
+  if (IsFiltered() && !id.empty()) kept_.insert(std::move(id));
 }
 
 void RecordList::Forget() {
   kept_.clear();
+  filter_.SetText("");
   sorting_ = {};
 }
 

@@ -1,5 +1,6 @@
 // A list of records on a page of the main window: sorted by its headers, its columns moved,
-// filtered by the tabs above it and grouped by the combo beside them, where the page has such.
+// filtered by the tabs and by the words above it and grouped by the combo beside them, where the
+// page has such.
 #pragma once
 
 #include <functional>
@@ -11,6 +12,7 @@
 #include "core/change.h"
 #include "core/screen.h"
 #include "shell/grouping.h"
+#include "shell/listfilter.h"
 #include "shell/periodfilter.h"
 
 namespace lm {
@@ -38,17 +40,23 @@ class RecordList {
 
   // The ledger and the table outlive the list.
   RecordList(Ledger& ledger, Grid& table, Texts texts)
-      : ledger_(ledger), table_(table), texts_(texts) {}
+      : ledger_(ledger), table_(table), texts_(texts), filter_(table) {}
 
   // The tabs hide what `shownOn` does not show on them. Sets the handler of the tabs.
   void FilterBy(TabField& tabs, std::function<RowTest(int tab)> shownOn);
+  // Of what the tab shows only the records with these words; none: all of it.
+  void Narrow(std::string_view typed);
+  // Words will come: reads what they are looked for in.
+  void PrepareToNarrow() { filter_.Prepare(); }
   // Sets the texts and handlers of the controls.
   void GroupBy(const GroupedList& groups, const GroupControls& controls);
 
   Grid& Table() const { return table_; }
-  // The tab that filters it; "" for a list without tabs.
-  std::string Period() const { return tabs_ ? tabs_->Text() : ""; }
+  // The tab that filters it and the words; "" for a list with neither.
+  std::string Period() const;
   const Texts& ShownTexts() const { return texts_; }
+  // What it says while no record is in sight.
+  std::string EmptyText() const;
 
   // The selected row; -1 when there is none, or when it is out of sight.
   int SelectedRow() const;
@@ -65,11 +73,14 @@ class RecordList {
 
   // Filters and groups anew.
   void Refresh();
-  // What was added stays in sight, whatever the tab says, until another tab is chosen, and so does
+  // What was added stays in sight, whatever tab and words say, until others are chosen, and so does
   // the record that was edited: one just saved must not vanish. A list that is not in sight itself
   // only remembers them, for it is refreshed when it is shown.
   void RecordsChanged(const TableChange& change, bool inSight);
-  // Other records were loaded: nothing is kept in sight against its tab, nothing is sorted.
+  // Selects a record and keeps it in sight in the same way.
+  void Reveal(int row);
+  // Other records were loaded: nothing is kept in sight against its tab, nothing is narrowed or
+  // sorted.
   void Forget();
 
   // Null for a list that is never grouped.
@@ -78,7 +89,11 @@ class RecordList {
  private:
   std::string IdentityOf(int row) const;
   void Keep(int row);
+  bool IsFiltered() const { return tabs_ || filter_.IsOn(); }
+  RowTest WithKept(RowTest shown) const;
   RowTest TestOfTab() const;
+  RowTest TestOfAll();
+  RowTest TestOfSingle() const;
   void ChooseGroup();
   void SortAsClicked();
 
@@ -87,6 +102,7 @@ class RecordList {
   Texts texts_;
   TabField* tabs_ = nullptr;
   std::function<RowTest(int tab)> shownOn_;
+  ListFilter filter_;
   GroupControls controls_;
   std::optional<ListGrouping> grouping_;
   SortState sorting_;

@@ -5,6 +5,7 @@
 #include "pension/windows.h"
 #include "records/windows.h"
 #include "shell/frmConfigure.h"
+#include "shell/frmFind.h"
 #include "shell/frmGettingStarted.h"
 #include "shell/frmShortcutKeys.h"
 
@@ -22,6 +23,12 @@ void AddMainWindows(WindowCatalogue& catalogue, frmMain& main) {
     frmConfigure window(main);
     window.Show(words);
     return ShowRecord(window, "", "The options are already open.", [] { return true; });
+  });
+  catalogue.Add("frmFind", [&main](Ledger&, const std::vector<std::string>&) {
+    frmFind window(main);
+    if (!ShowRecord(window, "", "Find is already open.", [] { return true; })) return false;
+    window.OpenChosen();
+    return true;
   });
   catalogue.Add("frmGettingStarted", [&main](Ledger&, const std::vector<std::string>&) {
     frmGettingStarted window(main);

@@ -1,7 +1,9 @@
 // Milliseconds from main() until the first window has been painted and takes input: of the program
 // with the data file in DIR, or of an empty window. Usage: start_bench DIR | --empty | --make DIR
+// SESSIONS. start.sh beside it compares them.
 //
-// --make writes a data file of 50,000 sessions to DIR.
+// --make writes a data file of so many sessions to DIR; all options are those of a first start: LM
+// Today is in front, with its tip.
 
 #include <QApplication>
 #include <QEventLoop>
@@ -9,6 +11,7 @@
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "core/datafile.h"
@@ -20,6 +23,8 @@
 #include "shell/windows.h"
 
 namespace {
+
+constexpr int kPractices = 40;
 
 using Clock = std::chrono::steady_clock;
 
@@ -34,17 +39,21 @@ void Settle() {
   loop.exec();
 }
 
-int Make(lm::Ledger& ledger) {
+int Make(lm::Ledger& ledger, int sessions) {
   lm::SetFirstInstallOptions(ledger);
-  lm::SetOption(ledger, lm::optStartPage, "Sessions");
-  lm::SetOption(ledger, lm::optShowTips, "FALSE");
   if (!lm::MakeProgramDirectory(ledger)) return 1;
-  for (int i = 1; i <= 50'000; ++i) {
+  for (int i = 1; i <= kPractices; ++i) {
+    const int row = ledger.fgPractices.AddItem("");
+    ledger.fgPractices.SetTextMatrix(row, "ID", std::to_string(i));
+    ledger.fgPractices.SetTextMatrix(row, "NAME", "Practice " + std::to_string(i));
+  }
+  for (int i = 1; i <= sessions; ++i) {
     const int row = ledger.fgSessions.AddItem("");
     const auto set = [&](std::string_view key, std::string_view text) {
       ledger.fgSessions.SetTextMatrix(row, key, text);
     };
     set("ID", std::to_string(i));
+    set("PRACTICE", std::to_string(1 + i * 7 % kPractices));
     set("SDATE", lm::CellText(lm::DateSerial(1990, 1, 1 + i * 31 % 13'000)));
     set("STIME", "08:30");
     set("ETIME", "12:30");
@@ -76,7 +85,7 @@ int main(int argc, char** argv) {
   lm::DesktopPlatform desktop;
   lm::Ledger ledger(desktop.platform);
   ledger.programDirectory = word == "--make" && argc > 2 ? argv[2] : word;
-  if (word == "--make") return Make(ledger);
+  if (word == "--make") return Make(ledger, argc > 3 ? std::atoi(argv[3]) : 0);
 
   lm::WindowCatalogue windows;
   lm::AddWindows(windows);

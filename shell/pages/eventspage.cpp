@@ -21,6 +21,7 @@ EventsPage::EventsPage(frmMain& theWindow)
     : MainPage(theWindow, kSpec), list_(AddList(ledger.fgEvents, kTexts, &rules_)) {
   list_.FilterBy(tabEvents, [this](int tab) { return ShownOn(tab); });
   SetTabs(tabEvents);
+  SetFilter(txtFilterEvents);
   AddButtons();
   AddCommands();
   AddListTips([this] { return ledger.fgEvents.HasData(); });

@@ -11,6 +11,7 @@ class EventsPage : public MainPage {
   explicit EventsPage(frmMain& window);
 
   TabField tabEvents{&window, "tabEvents", {"All", "Upcoming", "Past"}};
+  TextField txtFilterEvents{&window, "txtFilterEvents"};
   Button cmdAddEvent{&window, "cmdAddEvent"};
   Button cmdEditEvent{&window, "cmdEditEvent"};
   Button cmdDeleteEvent{&window, "cmdDeleteEvent"};

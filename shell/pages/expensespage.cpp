@@ -24,6 +24,7 @@ ExpensesPage::ExpensesPage(frmMain& theWindow)
     : MainPage(theWindow, kSpec), list_(AddList(ledger.fgExpenses, kTexts, &rules_)) {
   list_.FilterBy(tabExpenses, [this](int tab) { return ShownOn(tab); });
   SetTabs(tabExpenses);
+  SetFilter(txtFilterExpenses);
   SetGrouping({&cboGroupExpenses, &lblGrpByExpense, &lblCollapseExpenses});
   list_.GroupBy(kGroupedExpenses, Grouping());
   AddButton({&cmdAddExpense, "plus", "frmAddExpenses"}, "Add Expense",

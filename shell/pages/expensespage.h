@@ -11,6 +11,7 @@ class ExpensesPage : public MainPage {
   explicit ExpensesPage(frmMain& window);
 
   TabField tabExpenses{&window, "tabExpenses", {"Recent", "This Tax Year", "All"}};
+  TextField txtFilterExpenses{&window, "txtFilterExpenses"};
   ComboField cboGroupExpenses{&window, "cboGroupExpenses"};
   LabelField lblGrpByExpense{&window, "lblGrpByExpense"};
   LabelField lblCollapseExpenses{&window, "lblCollapseExpenses"};

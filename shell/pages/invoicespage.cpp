@@ -19,6 +19,7 @@ InvoicesPage::InvoicesPage(frmMain& theWindow)
   list_.FilterBy(tabInvoices,
                  [this](int tab) { return InvoicesOf(ledger, static_cast<InvoiceState>(tab)); });
   SetTabs(tabInvoices);
+  SetFilter(txtFilterInvoices);
   SetGrouping({&cboGroupInvoices, &lblGrpByInvoice, &lblCollapseInvoices});
   list_.GroupBy(kGroupedInvoices, Grouping());
   AddButtons();

@@ -11,6 +11,7 @@ class InvoicesPage : public MainPage {
   explicit InvoicesPage(frmMain& window);
 
   TabField tabInvoices{&window, "tabInvoices", InvoiceStateCaptions()};
+  TextField txtFilterInvoices{&window, "txtFilterInvoices"};
   ComboField cboGroupInvoices{&window, "cboGroupInvoices"};
   LabelField lblGrpByInvoice{&window, "lblGrpByInvoice"};
   LabelField lblCollapseInvoices{&window, "lblCollapseInvoices"};

@@ -25,6 +25,19 @@ void MainPage::AddButton(PageButton button, std::string_view caption, std::funct
   buttons_.push_back(std::move(button));
 }
 
+void MainPage::SetFilter(TextField& box) {
+  filter_ = &box;
+  const auto narrow = [this](std::string_view typed) {
+    for (const auto& list : lists_) list->Narrow(typed);
+  };
+  box.onTyping = narrow;
+  box.onEntered = [&box, narrow] {
+    narrow(box.Text());
+    return true;
+  };
+  OnCommand("mnuFilterList", {[this, &box] { window.Focus(box); }});
+}
+
 RecordList* MainPage::ListOf(const Grid& grid) const {
   const auto list =
       std::ranges::find_if(lists_, [&](const auto& each) { return &each->Table() == &grid; });
@@ -57,6 +70,7 @@ void MainPage::ColumnMoved(Grid& grid, int from, int to) {
 // What happens to it
 
 void MainPage::DataLoaded() {
+  if (filter_) filter_->SetText("");
   for (const auto& list : lists_) list->Forget();
 }
 

@@ -53,6 +53,7 @@ class MainPage {
   // What stands on it, for a view: buttons, then tabs, then the lists, one of them in front.
   const std::vector<PageButton>& Buttons() const { return buttons_; }
   const TabField* Tabs() const { return tabs_; }
+  TextField* FilterBox() const { return filter_; }  // null for a page without one
   const GroupControls& Grouping() const { return grouping_; }
   const std::vector<std::unique_ptr<RecordList>>& Lists() const { return lists_; }
   RecordList* ListOf(const Grid& grid) const;  // null for a grid that is none of its lists
@@ -110,6 +111,8 @@ class MainPage {
   RecordList& AddList(Grid& table, RecordList::Texts texts, GridRules* rules = nullptr);
   void AddButton(PageButton button, std::string_view caption, std::function<void()> press);
   void SetTabs(const TabField& tabs) { tabs_ = &tabs; }
+  // The box whose words narrow all lists of the page.
+  void SetFilter(TextField& box);
   void SetGrouping(const GroupControls& controls) { grouping_ = controls; }
 
   void OnCommand(std::string_view command, CommandHandler handler);
@@ -138,6 +141,7 @@ class MainPage {
   PageSpec spec_;
   std::vector<PageButton> buttons_;
   const TabField* tabs_ = nullptr;
+  TextField* filter_ = nullptr;
   GroupControls grouping_;
   std::vector<std::unique_ptr<RecordList>> lists_;
   Handlers inFront_, fromEverywhere_;

@@ -69,6 +69,7 @@ void PensionPage::AddLists() {
     AddList(table, tab.texts, rules_.back().get());
   }
   SetTabs(tabForm);
+  SetFilter(txtFilterPension);
   tabForm.onEntered = [this] {
     TabChosen();
     return true;

@@ -14,6 +14,7 @@ class PensionPage : public MainPage {
 
   TabField tabForm{
       &window, "tabForm", {"Form A", "Form B", "Form SOLO", "Form C", "Form D", "Payments"}};
+  TextField txtFilterPension{&window, "txtFilterPension"};
   Button cmdAddPensionForm{&window, "cmdAddPensionForm"};  // on the tab of payments: adds one
   Button cmdEditPensionForm{&window, "cmdEditPensionForm"};
   Button cmdViewPensionForm{&window, "cmdViewPensionForm"};

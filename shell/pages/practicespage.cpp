@@ -13,6 +13,7 @@ constexpr RecordList::Texts kTexts{"Practices",
 
 PracticesPage::PracticesPage(frmMain& theWindow)
     : MainPage(theWindow, kSpec), list_(AddList(ledger.fgPractices, kTexts, &rules_)) {
+  SetFilter(txtFilterPractices);
   AddButton({&cmdAddPractice, "plus", "frmPractice"}, "Add Practice",
             [this] { rules_.AddPressed(); });
   AddButton({&cmdEditPractice, "edit", "frmPractice"}, "Edit Practice", [this] {

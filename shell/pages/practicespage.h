@@ -10,6 +10,7 @@ class PracticesPage : public MainPage {
  public:
   explicit PracticesPage(frmMain& window);
 
+  TextField txtFilterPractices{&window, "txtFilterPractices"};
   Button cmdAddPractice{&window, "cmdAddPractice"};
   Button cmdEditPractice{&window, "cmdEditPractice"};
   Button cmdDeletePractice{&window, "cmdDeletePractice"};

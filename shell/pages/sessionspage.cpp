@@ -26,6 +26,7 @@ SessionsPage::SessionsPage(frmMain& theWindow)
     return true;
   };
   SetTabs(tabSessions);
+  SetFilter(txtFilterSessions);
   SetGrouping({&cboGroupSessions, &lblGrpBySession, &lblCollapseSessions});
   list_.GroupBy(kGroupedSessions, Grouping());
   AddButtons();

@@ -11,6 +11,7 @@ class SessionsPage : public MainPage {
   explicit SessionsPage(frmMain& window);
 
   TabField tabSessions{&window, "tabSessions", SessionPeriodCaptions()};
+  TextField txtFilterSessions{&window, "txtFilterSessions"};
   ComboField cboGroupSessions{&window, "cboGroupSessions"};
   LabelField lblGrpBySession{&window, "lblGrpBySession"};
   LabelField lblCollapseSessions{&window, "lblCollapseSessions"};

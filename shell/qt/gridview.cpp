@@ -524,11 +524,12 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 void GridView::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
-  if (model_->rowCount() > 0 || emptyText_.isEmpty()) return;
+  const QString text = whenEmpty ? whenEmpty() : emptyText_;
+  if (model_->rowCount() > 0 || text.isEmpty()) return;
   QPainter painter(viewport());
   painter.setPen(palette().color(QPalette::PlaceholderText));
   painter.drawText(viewport()->rect().adjusted(24, 24, -24, -24),
-                   Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+                   Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
 }  // namespace lm

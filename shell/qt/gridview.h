@@ -54,6 +54,8 @@ class GridView : public QTableView {
   // The user's acts on headers; without them a header neither sorts nor moves.
   std::function<void(int col)> onHeaderClicked;
   std::function<void(int from, int to)> onColumnMoved;
+  // What stands in the middle while the list is empty, where that is no single text.
+  std::function<QString()> whenEmpty;
   // Asked before a click does anything: false when a box beside the list holds a refused text.
   std::function<bool()> mayLeaveBoxes;
   // The arrow in a header; -1 takes it away.

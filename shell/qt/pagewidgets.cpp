@@ -11,6 +11,7 @@
 
 #include "shell/pages/mainpage.h"
 #include "shell/qt/calendarwidget.h"
+#include "shell/qt/filterbox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mydetailswidget.h"
 #include "shell/qt/qtext.h"
@@ -104,7 +105,7 @@ namespace {
 GridView* MakeList(const RecordList& list) {
   auto* view = Named<GridView>(list.Table().Name().c_str());
   view->setAccessibleName(ToQt(list.ShownTexts().name));
-  view->setProperty("emptyText", ToQt(list.ShownTexts().whenEmpty));
+  view->whenEmpty = [&list] { return ToQt(list.EmptyText()); };
   return view;
 }
 
@@ -116,15 +117,46 @@ QWidget* MakeLists(const MainPage& page) {
   return stack;
 }
 
+FilterBox* MakeFilter(const MainPage& page, QWidget& widget) {
+  auto* box = NamedAfter<FilterBox>(*page.FilterBox());
+  box->setPlaceholderText(QObject::tr("Filter"));
+  box->setAccessibleName(QObject::tr("Filter"));
+  box->setClearButtonEnabled(true);
+  box->setProperty("escapeClears", true);
+  box->setFixedWidth(box->fontMetrics().averageCharWidth() * 28);
+  QObject::connect(box, &FilterBox::entered, &widget, [&page] {
+    for (const auto& list : page.Lists()) list->PrepareToNarrow();
+  });
+  // Also where the list stays empty, what it says changes with the words.
+  QObject::connect(box, &QLineEdit::textChanged, &widget, [&widget] {
+    for (GridView* list : widget.findChildren<GridView*>()) list->viewport()->update();
+  });
+  return box;
+}
+
+// The tabs on the left, the filter on the right; without tabs it stands beside the buttons.
+void AddTabsAndFilter(const MainPage& page, QWidget& widget, QVBoxLayout& column,
+                      QHBoxLayout* buttons) {
+  QHBoxLayout* row = buttons;
+  if (page.Tabs() || !row) {
+    row = new QHBoxLayout;
+    row->setSpacing(kSpacing);
+    column.addLayout(row);
+  }
+  if (page.Tabs()) row->addWidget(MakeTabs(*page.Tabs()), 1);
+  if (page.FilterBox()) row->addWidget(MakeFilter(page, widget));
+}
+
 QWidget* MakeListPage(const MainPage& page) {
   auto* widget = new QWidget;
   QVBoxLayout* column = MakeColumn(widget);
+  QHBoxLayout* top = nullptr;
   if (!page.Buttons().empty()) {
-    QHBoxLayout* top = MakeButtons(page.Buttons());
+    top = MakeButtons(page.Buttons());
     if (page.Grouping().choice) AddGrouping(*top, page.Grouping());
     column->addLayout(top);
   }
-  if (page.Tabs()) column->addWidget(MakeTabs(*page.Tabs()));
+  AddTabsAndFilter(page, *widget, *column, top);
   column->addWidget(MakeLists(page), 1);
   return widget;
 }

@@ -195,6 +195,7 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
                                                   {"frmRateCompare", "fgRates"},
                                                   {"frmEvent", "cTitle"},
                                                   {"frmExportCalendar", "txtSDate"},
+                                                  {"frmFind", "txtFind"},
                                                   {"frmAddExpenses", "txtItem"},
                                                   {"frmGettingStarted", "cmdPractices"},
                                                   {"frmConfigure", "fgChooser"},

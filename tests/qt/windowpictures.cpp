@@ -37,6 +37,7 @@
 #include "reports/frmChartOptions.h"
 #include "reports/taxreport.h"
 #include "shell/frmConfigure.h"
+#include "shell/frmFind.h"
 #include "shell/frmGettingStarted.h"
 #include "shell/frmMain.h"
 #include "shell/frmShortcutKeys.h"
@@ -233,6 +234,17 @@ void GrabMain(test::TestLedger& test) {
   Grab(window, "main-sessions-editing");
   frmGettingStarted steps(screen);
   GrabScreen(steps, "frmGettingStarted");
+  screen.lastSearch = "riverside";
+  frmFind find(screen);
+  GrabScreen(find, "frmFind");
+  screen.lastSearch = "";
+  frmFind nothingYet(screen);
+  GrabScreen(nothingYet, "frmFind-empty");
+  screen.Enter(page.txtFilterSessions, "riverside feb");
+  Grab(window, "main-sessions-filtered");
+  screen.Enter(page.txtFilterSessions, "nothing of the kind");
+  Grab(window, "main-sessions-nothing");
+  screen.Enter(page.txtFilterSessions, "");
   GrabOptions(test, screen);
   SetDefaultShortcuts(test);
   frmShortcutKeys keys(screen);
