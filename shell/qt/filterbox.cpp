@@ -6,6 +6,13 @@
 
 namespace lm {
 
+// The button comes with the first word: to make those of all boxes would hold up the start.
+FilterBox::FilterBox(QWidget* parent) : QLineEdit(parent) {
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    if (!isClearButtonEnabled()) setClearButtonEnabled(true);
+  });
+}
+
 // The one in front among those that stand with the box; it may be empty.
 bool FilterBox::GoToList() {
   for (GridView* list : parentWidget()->findChildren<GridView*>()) {

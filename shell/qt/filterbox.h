@@ -1,4 +1,4 @@
-// The box above a list whose words narrow it. Down goes on into the list.
+// The box above a list whose words narrow it. Down goes on into the list, a button in it clears it.
 #pragma once
 
 #include <QLineEdit>
@@ -11,7 +11,7 @@ class FilterBox : public QLineEdit {
   Q_PROPERTY(bool escapeClears MEMBER escapeClears_)
 
  public:
-  using QLineEdit::QLineEdit;
+  explicit FilterBox(QWidget* parent = nullptr);
 
  signals:
   void entered();  // it got the focus

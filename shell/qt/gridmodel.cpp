@@ -36,7 +36,7 @@ void GridModel::SetGrid(Grid* grid) {
 }
 
 void GridModel::Sync() {
-  if (!stale_) return;
+  if (!stale_ || (grid_ && mayRead && !mayRead())) return;
   stale_ = false;
   beginResetModel();
   ReadRows();

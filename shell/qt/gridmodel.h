@@ -21,6 +21,9 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   void SetGrid(Grid* grid);
   Grid* Shown() const { return grid_; }
   void Sync();
+  bool IsRead() const { return !stale_; }
+  // Asked before it reads; what it may not read yet waits for a Sync.
+  std::function<bool()> mayRead;
 
   int GridRow(const QModelIndex& index) const;  // -1 for an invalid index
   int ModelRow(int gridRow) const;              // -1 when the row is not visible

@@ -83,6 +83,15 @@ void GridView::Unbind() {
   rules_ = nullptr;
 }
 
+void GridView::ReadWhenShown() {
+  model_->mayRead = [this] { return isVisible(); };
+}
+
+void GridView::showEvent(QShowEvent* event) {
+  model_->Sync();
+  QTableView::showEvent(event);
+}
+
 void GridView::SetChoice(bool choice) {
   choice_ = choice;
   setSelectionBehavior(choice ? SelectItems : SelectRows);
@@ -127,7 +136,7 @@ void GridView::ReadStyle() {
 
 void GridView::ReadLayout() {
   Grid* grid = Shown();
-  if (!grid) return;
+  if (!grid || !model_->IsRead()) return;
   const int scrolled = verticalScrollBar()->value();
   ReadStyle();
   reading_ = true;
@@ -519,7 +528,7 @@ void GridView::changeEvent(QEvent* event) {
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  if (Named(wrappedColumn_) >= 0) ReadRows();
+  if (model_->IsRead() && Named(wrappedColumn_) >= 0) ReadRows();
 }
 
 void GridView::paintEvent(QPaintEvent* event) {

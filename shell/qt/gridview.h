@@ -51,6 +51,10 @@ class GridView : public QTableView {
   const GridModel& Model() const { return *model_; }
   const ListStyle& Style() const { return style_; }
 
+  // Out of sight the list reads nothing; it catches up when it is shown. Of lists of which there
+  // are many behind each other.
+  void ReadWhenShown();
+
   // The user's acts on headers; without them a header neither sorts nor moves.
   std::function<void(int col)> onHeaderClicked;
   std::function<void(int from, int to)> onColumnMoved;
@@ -89,6 +93,7 @@ class GridView : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;

@@ -48,10 +48,10 @@ bool IsTextBox(const QWidget& widget) {
 MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger) {
   setObjectName("frmMain");
   setWindowIcon(QIcon(":/icons/ledgerminder.svg"));
-  // No drawing comes from the desktop's theme: to look through its folders costs a tenth of the
-  // start.
-  QIcon::setThemeSearchPaths({});
-  QIcon::setFallbackSearchPaths({});
+  // No drawing comes from the desktop's theme, and to look through its folders would take a good
+  // part of the start.
+  QIcon::setThemeSearchPaths({QStringLiteral(":/icons")});
+  QIcon::setFallbackSearchPaths({QStringLiteral(":/icons")});
 
   auto* central = new QWidget;
   auto* across = new QHBoxLayout(central);

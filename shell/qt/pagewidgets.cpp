@@ -105,6 +105,7 @@ namespace {
 GridView* MakeList(const RecordList& list) {
   auto* view = Named<GridView>(list.Table().Name().c_str());
   view->setAccessibleName(ToQt(list.ShownTexts().name));
+  view->ReadWhenShown();
   view->whenEmpty = [&list] { return ToQt(list.EmptyText()); };
   return view;
 }
@@ -121,7 +122,6 @@ FilterBox* MakeFilter(const MainPage& page, QWidget& widget) {
   auto* box = NamedAfter<FilterBox>(*page.FilterBox());
   box->setPlaceholderText(QObject::tr("Filter"));
   box->setAccessibleName(QObject::tr("Filter"));
-  box->setClearButtonEnabled(true);
   box->setProperty("escapeClears", true);
   box->setFixedWidth(box->fontMetrics().averageCharWidth() * 28);
   QObject::connect(box, &FilterBox::entered, &widget, [&page] {
