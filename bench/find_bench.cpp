@@ -102,6 +102,20 @@ void Filter(benchmark::State& state, const Typed& typed) {
   }
 }
 
+// The same in a list that is grouped, whose groups are made anew.
+void FilterGroups(benchmark::State& state) {
+  static Page page;
+  page.window->Enter(page.Sessions().cboGroupSessions, "Practice");
+  const auto& type = page.Sessions().txtFilterSessions.onTyping;
+  for (auto _ : state) {
+    type("practice 12 feb");
+    state.PauseTiming();
+    type("");
+    state.ResumeTiming();
+  }
+  page.window->Enter(page.Sessions().cboGroupSessions, "No Grouping");
+}
+
 // One plain pass over all that the sessions hold: what the rest is held against.
 void ReadCells(benchmark::State& state) {
   const lm::Grid& sessions = Ledger().fgSessions;
@@ -117,6 +131,7 @@ void ReadCells(benchmark::State& state) {
 
 BENCHMARK(ReadCells)->Unit(benchmark::kMillisecond);
 BENCHMARK(PrepareFilter)->Unit(benchmark::kMillisecond);
+BENCHMARK(FilterGroups)->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenFind)->Unit(benchmark::kMillisecond);
 
 const bool kRegistered = [] {
