@@ -121,7 +121,7 @@ QWidget* MakeLists(const MainPage& page) {
 FilterBox* MakeFilter(const MainPage& page, QWidget& widget) {
   auto* box = NamedAfter<FilterBox>(*page.FilterBox());
   box->setPlaceholderText(QObject::tr("Filter"));
-  box->setAccessibleName(QObject::tr("Filter"));
+  box->setAccessibleName(QObject::tr("Filter %1").arg(ToQt(page.Spec().caption)));
   box->setProperty("escapeClears", true);
   box->setFixedWidth(box->fontMetrics().averageCharWidth() * 28);
   QObject::connect(box, &FilterBox::entered, &widget, [&page] {

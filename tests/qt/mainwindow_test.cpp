@@ -175,6 +175,23 @@ TEST(MainWindow, MyDetailsAreTakenBeforeThePageChanges) {
   EXPECT_EQ(run.screen->CurrentPage(), Page::Sessions);
 }
 
+TEST(MainWindow, AListOutOfSightCatchesUpWhenItsPageIsShown) {
+  Running run;
+  Grid& sessions = run.test.ledger.fgSessions;
+  run.screen->ShowPage(Page::Sessions);
+  run.screen->Enter(run.screen->PageOf<SessionsPage>().tabSessions, "All");
+  QApplication::processEvents();
+  const GridView& list = *run.window->CurrentList();
+  const int shown = list.model()->rowCount();
+  run.screen->ShowPage(Page::Practices);
+  sessions.RemoveItem(sessions.Rows() - 1);
+  sessions.RemoveItem(sessions.FixedRows());
+  QApplication::processEvents();
+  run.screen->ShowPage(Page::Sessions);
+  EXPECT_EQ(list.model()->rowCount(), shown - 2);
+  EXPECT_EQ(list.Model().GridRow(list.model()->index(shown - 3, 0)), sessions.Rows() - 1);
+}
+
 TEST(MainWindow, StatusBarCounts) {
   Running run;
   run.screen->ShowPage(Page::Sessions);
