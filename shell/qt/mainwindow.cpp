@@ -30,6 +30,7 @@
 #include "shell/qt/printing.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/virtualkeys.h"
+#include "shell/unsavedwords.h"
 
 namespace lm {
 namespace {
@@ -338,26 +339,21 @@ void MainWindow::RefreshStatus() {
                      : shown == 1 ? tr("1 row shown")
                                   : tr("%1 rows shown").arg(shown));
 
-  int added = 0, edited = 0;
-  for (const Grid* table : ledger_.dataTables) {
-    for (int row = table->FixedRows(); row < table->Rows(); ++row) {
-      const RowState state = StateOfRow(ledger_, *table, row);
-      added += state == RowState::New;
-      edited += state == RowState::Edited;
-    }
-  }
-  const auto show = [this](QLabel& label, int count, const QString& text, int option) {
+  const UnsavedWords unsaved = DescribeUnsaved(ledger_);
+  const auto show = [this](QLabel& label, bool waits, const QString& text, int option) {
     const QString colour = StandingOut(ToQColor(ValInt(GetOption(ledger_, option))),
                                        palette().color(QPalette::Window), kMarkContrast)
                                .name();
-    label.setVisible(count > 0);
+    label.setVisible(waits);
     label.setTextFormat(Qt::RichText);
     label.setText(
         QStringLiteral("<span style=\"color:%1\">&#9632;</span>&nbsp;%2").arg(colour, text));
   };
-  show(*newRows_, added, tr("%1 new, not saved").arg(added), optNewRowColour);
-  show(*editedRows_, edited, tr("%1 edited, not saved").arg(edited), optEditedRowColour);
-  show(*typedDetails_, static_cast<int>(ledger_.typedDetails.size()), tr("My Details, not saved"),
+  show(*newRows_, !unsaved.added.empty(), tr("New, not saved: %1").arg(ToQt(unsaved.added)),
+       optNewRowColour);
+  show(*editedRows_, !unsaved.edited.empty(), tr("Edited, not saved: %1").arg(ToQt(unsaved.edited)),
+       optEditedRowColour);
+  show(*typedDetails_, !ledger_.typedDetails.empty(), tr("My Details, not saved"),
        optEditedRowColour);
 }
 

@@ -202,8 +202,8 @@ TEST(MainWindow, StatusBarCounts) {
     texts << label->text();
   const QString all = texts.join("|");
   EXPECT_TRUE(all.contains("12 rows shown")) << all.toStdString();
-  EXPECT_TRUE(all.contains("2 new")) << all.toStdString();
-  EXPECT_TRUE(all.contains("1 edited")) << all.toStdString();
+  EXPECT_TRUE(all.contains("New, not saved: 2 sessions")) << all.toStdString();
+  EXPECT_TRUE(all.contains("Edited, not saved: a session")) << all.toStdString();
 }
 
 TEST(MainWindow, InvoicesPageOpensDocumentsByButtonAndMenu) {
