@@ -344,6 +344,7 @@ void MainWindow::RefreshStatus() {
     const QString colour = StandingOut(ToQColor(ValInt(GetOption(ledger_, option))),
                                        palette().color(QPalette::Window), kMarkContrast)
                                .name();
+    label.setMinimumWidth(1);  // a long list of names must not widen the window
     label.setVisible(waits);
     label.setTextFormat(Qt::RichText);
     label.setText(
