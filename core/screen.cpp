@@ -341,6 +341,26 @@ void Screen::Hover(Grid& grid, int row, int col) {
 
 std::string Screen::LookOption(const Grid&, int option) const { return GetOption(ledger, option); }
 
+// Each in a line of its own, and a chosen entry by its place: two may bear one text.
+std::string Screen::Content() const {
+  std::string content;
+  for (const Field* field : fields_) {
+    const auto kind = field->Kind();
+    if (kind == FieldKind::Combo)
+      content += std::to_string(static_cast<const ChoiceField*>(field)->Selected()) + '\n';
+    else if (kind == FieldKind::Text || kind == FieldKind::Check)
+      content += field->Text() + '\n';
+  }
+  for (const ListedGrid& listed : grids_)
+    for (int row = listed.grid->FixedRows(); row < listed.grid->Rows(); ++row) {
+      if (listed.grid->RowHidden(row)) content += '-';
+      for (int col = 0; col < listed.grid->Cols(); ++col)
+        content += listed.grid->TextMatrix(row, col) + '\t';
+      content += '\n';
+    }
+  return content;
+}
+
 void Screen::CloseRequested() {
   if (cancelButton)
     Press(*cancelButton);

@@ -289,6 +289,12 @@ class Screen {
   // Enter and Escape.
   Button* defaultButton = nullptr;
   Button* cancelButton = nullptr;
+  // What is lost when the window is cancelled after something was changed in it: "this session".
+  // The desktop asks before that; "" asks nothing.
+  std::string_view holds = "";
+  // From here on what its boxes, lists to choose from and grids hold counts as saved.
+  void NoteContent() { noted_ = Content(); }
+  bool ContentChanged() const { return Content() != noted_; }
   // Asked when the window is closed by its frame; by default presses cancelButton, or closes.
   virtual void CloseRequested();
 
@@ -319,12 +325,14 @@ class Screen {
   void ForgetRefusal(const Field& field);
   bool Check(Field& field);
   bool RefusedTextStands();
+  std::string Content() const;
 
   std::string name_;
   std::string caption_;
   std::string record_;
   std::vector<Field*> fields_;
   std::vector<ListedGrid> grids_;
+  std::string noted_;
   std::vector<Field*> refused_;  // what stands in them was refused
   Field* focused_ = nullptr;
   ScreenObserver* observer_ = nullptr;

@@ -109,6 +109,7 @@ void frmInvoice::BindActions() {
   cmdCancel.onPressed = [this] { Close(); };
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
+  holds = "this invoice";
 }
 
 int frmInvoice::Row() const { return InvoiceRow(ledger, cID.Text()); }

@@ -80,6 +80,7 @@ FormWindow::FormWindow(Ledger& theLedger, const PensionForm& form, std::vector<s
   cmdViewFormPDF.onPressed = [this] { OpenFormDocument(ledger, form_, Row()); };
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
+  holds = "this form";
 }
 
 FormWindow::~FormWindow() = default;

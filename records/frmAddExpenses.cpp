@@ -52,6 +52,7 @@ frmAddExpenses::frmAddExpenses(Ledger& theLedger)
   BindFields();
   defaultButton = &cmdOK;
   cancelButton = &cmdCancel;
+  holds = "this expense";
   ShowFrames();
 }
 

@@ -70,6 +70,7 @@ frmAddSessions::frmAddSessions(Ledger& theLedger)
   cmdCancel.onPressed = [this] { Close(); };
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
+  holds = "these sessions";
 
   fgSpan.SetRows(1);
   fgSpan.SetCols(8);

@@ -31,6 +31,7 @@ frmEvent::frmEvent(Ledger& theLedger) : Screen(theLedger, "frmEvent", "Event") {
   cmdCancel.onPressed = [this] { Close(); };
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
+  holds = "this event";
 }
 
 Field* frmEvent::FieldOf(int col) const {

@@ -34,6 +34,7 @@ frmPractice::frmPractice(Ledger& theLedger) : Screen(theLedger, "frmPractice", "
   cmdCancel.SetText("&Cancel");
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
+  holds = "this practice";
   Bind();
 }
 

@@ -72,6 +72,7 @@ frmSession::frmSession(Ledger& theLedger)
   AddGrid(fgExpenses, &expenses_.rows);
   defaultButton = &cmdOk;
   cancelButton = &cmdCancel;
+  holds = "this session";
 
   BindFields();
   BindActions();
@@ -97,6 +98,10 @@ void frmSession::BindFields() {
     return true;
   };
   cRate.onEntered = [this] { return CheckRate(); };
+  cPractice.onEntered = [this] {
+    ShowNoRate();
+    return true;
+  };
   cSess_Type.onEntered = [this] {
     TypeChosen();
     return true;
@@ -121,7 +126,10 @@ void frmSession::BindActions() {
   cmdRate.onPressed = [this] {
     OpenPicker(*this, cRate, Picker::Numbers, "Rate", [this] { Recalculate(); });
   };
-  cmdOk.onPressed = [this] { Ok(); };
+  cmdOk.onPressed = [this] {
+    if (Ok()) Close();
+  };
+  cmdOkNew.onPressed = [this] { OkAndNew(); };
   cmdCancel.onPressed = [this] { Close(); };
   cmdDelete.onPressed = [this] { Delete(); };
 }
@@ -216,7 +224,18 @@ void frmSession::ShowStatus() {
   if (!OnForm()) lblFormDetails.SetText(UnpensionedText(TypeCode()));
 }
 
+// A fee of nothing is easily overlooked until the invoice is printed.
+void frmSession::ShowNoRate() {
+  const bool chosen = cPractice.Selected() >= 0 && cSess_Type.Selected() >= 0;
+  const auto rate = chosen ? HourlyRate(ledger, TypeCode(), cPractice.ItemData()) : std::nullopt;
+  lblNoRate.SetVisible(chosen && !Locked() && Val(cRate.Text()) == 0 && rate.value_or(0) == 0);
+  if (lblNoRate.Visible())
+    lblNoRate.SetText(cPractice.Text() + " has no rate for " + cSess_Type.Text() +
+                      " sessions. Type the fee, or enter the rate in the practice's window.");
+}
+
 void frmSession::ShowMarks() {
+  ShowNoRate();
   imgRefreshPensionContribution.SetVisible(HasOtherContribRate());
   ApplyLock();
   MarkTabs();
@@ -264,6 +283,7 @@ void frmSession::Recalculate() {
   cPensionable.SetText(sums.pensionable);
   cEmployerContrib.SetText(sums.employerContrib);
   cTotal.SetText(sums.total);
+  ShowNoRate();
 }
 
 bool frmSession::CheckDate(TextField& field, std::string_view message) {
@@ -292,8 +312,36 @@ void frmSession::TypeChosen() {
   Recalculate();
 }
 
-void frmSession::Ok() {
-  if (DatesAreInOrder() && TimesAreInOrder() && MayBeDuplicate() && Save()) Close();
+bool frmSession::Ok() {
+  return DatesAreInOrder() && TimesAreInOrder() && MayBeDuplicate() && Save();
+}
+
+// A second press of its keys finds an empty window, which is no session to save.
+void frmSession::OkAndNew() {
+  if (cSDate.Text().empty()) {
+    ShowMessage(ledger, "This session has no date",
+                "Type the date of the session, or press Cancel to close the window.");
+    return Focus(cSDate);
+  }
+  if (!Ok()) return;
+  StartAnew();
+  Focus(cSDate);
+}
+
+// The next session is often worked at the same practice.
+void frmSession::StartAnew() {
+  const std::string practice = cPractice.ItemData(), type = cSess_Type.ItemData();
+  for (TextField* typed : {&cID, &cEDate, &cETime, &cNotes, &cPublicNote}) typed->SetText("");
+  for (LabelField* ofOthers : {&cForms, &cInvoice}) ofOthers->SetText("");
+  storedPractice_.clear();
+  storedType_.clear();
+  extras_.rows.Load("");
+  expenses_.rows.Load("");
+  New("", "", practice);
+  if (!type.empty()) cSess_Type.SelectData(type);
+  tabMain.SetSelected(kDetailsTab);
+  ShowMarks();
+  NoteContent();
 }
 
 bool frmSession::DatesAreInOrder() {

@@ -35,6 +35,7 @@ class frmSession : public Screen {
   TextField cETime{this, "cETime"};
   TextField cRate{this, "cRate"};
   LabelField cExtras{this, "cExtras"};
+  LabelField lblNoRate{this, "lblNoRate"};
   LabelField cPensionable{this, "cPensionable"};
   LabelField cEmployerContrib{this, "cEmployerContrib"};
   LabelField cEmployerContribRate{this, "cEmployerContribRate"};
@@ -67,6 +68,7 @@ class frmSession : public Screen {
   Button cmdDeleteExpense{this, "cmdDeleteExpense"};
   Button cmdAddMileageCharge{this, "cmdAddMileageCharge"};
   Button cmdOk{this, "cmdOk"};
+  Button cmdOkNew{this, "cmdOkNew"};  // saves, and goes on with a new session
   Button cmdCancel{this, "cmdCancel"};
   Button cmdDelete{this, "cmdDelete"};
   TabField tabMain{
@@ -93,6 +95,7 @@ class frmSession : public Screen {
   void Fill(int row);
   void WriteMoneyFields();
   void ShowStatus();
+  void ShowNoRate();
   void ShowMarks();
   void ApplyLock();
   void MarkTabs();
@@ -110,7 +113,9 @@ class frmSession : public Screen {
   bool CheckRate();
   void TypeChosen();
 
-  void Ok();
+  bool Ok();
+  void OkAndNew();
+  void StartAnew();
   bool DatesAreInOrder();
   bool TimesAreInOrder();
   bool MayBeDuplicate();

@@ -67,6 +67,7 @@ void frmConfigure::ConnectButtons() {
   cmdCancel.onPressed = [this] { Close(); };
   defaultButton = &cmdOK;
   cancelButton = &cmdCancel;
+  holds = "these options";
 }
 
 // At once, whatever is done with the window afterwards. Where the data cannot be written under the

@@ -71,6 +71,7 @@ frmShortcutKeys::frmShortcutKeys(frmMain& main)
   cmdCancel.onPressed = [this] { Cancel(); };
   defaultButton = &cmdOK;
   cancelButton = &cmdCancel;
+  holds = "these shortcut keys";
 
   MakeBlank(fgKeys, kTable);
   for (const ColumnSpec& column : kColumns)

@@ -270,6 +270,13 @@ bool Binder::CommitBoxes() {
                      [this](Bound& bound) { return !IsTextBox(bound.widget) || Commit(bound); });
 }
 
+bool Binder::HasPending() const {
+  return std::any_of(bound_.begin(), bound_.end(), [](const Bound& bound) {
+    return IsTextBox(bound.widget) && bound.field->Enabled() &&
+           WithCrLf(FromQt(ShownText(*bound.widget))) != bound.field->Text();
+  });
+}
+
 bool Binder::CommitPending() {
   if (!CommitBoxes()) return false;
   return std::all_of(grids_.begin(), grids_.end(),
@@ -288,7 +295,8 @@ bool Binder::Commit(Bound& bound) {
 void Binder::Press(Field& field) {
   QWidget* widget = WidgetOf(field);
   if (widget) SetPickerAnchor(*widget);
-  if (&field != screen_.cancelButton && !CommitPending()) return;
+  const bool cancels = &field == screen_.cancelButton;
+  if (cancels ? mayCancel && !mayCancel() : !CommitPending()) return;
   // What a picker writes is gone on with where it stands.
   const QString box = widget ? widget->property(kPickerOf).toString() : QString();
   if (auto* picked = box.isEmpty() ? nullptr : view_.findChild<QWidget*>(box)) picked->setFocus();

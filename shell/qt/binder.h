@@ -36,11 +36,14 @@ class Binder : public QObject, private ScreenObserver {
   bool CommitPending();
   // Presses a field after what was typed has been taken; the cancel button does not wait for that.
   void Press(Field& field);
+  // What was typed in a box and not yet left.
+  bool HasPending() const;
   // The focus where the screen wants it, or on the first field.
   void TakeFirstFocus();
 
   std::function<void()> onCaptionChanged;
   std::function<void()> onClosed;
+  std::function<bool()> mayCancel;  // nothing set: always
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include "core/messagebox.h"
 #include "core/text.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/frmMesgBox.h"
@@ -61,7 +62,9 @@ ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   binder_->onCaptionChanged = showCaption;
   binder_->onClosed = [this] { done(0); };
+  binder_->mayCancel = [this] { return MayCancel(); };
   showCaption();
+  screen_.NoteContent();
   if (!popup_) return;
   installEventFilter(this);
   for (QWidget* widget : findChildren<QWidget*>()) widget->installEventFilter(this);
@@ -69,10 +72,18 @@ ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent
 
 ScreenDialog::~ScreenDialog() = default;
 
-void ScreenDialog::reject() { screen_.CloseRequested(); }
+void ScreenDialog::reject() {
+  if (MayCancel()) screen_.CloseRequested();
+}
+
+bool ScreenDialog::MayCancel() {
+  if (screen_.holds.empty() || !(screen_.ContentChanged() || binder_->HasPending())) return true;
+  return Ask(screen_.ledger, "Close without saving " + std::string(screen_.holds) + "?",
+             "What you changed in this window will be lost.");
+}
 
 void ScreenDialog::closeEvent(QCloseEvent* event) {
-  if (!screen_.Closed()) screen_.CloseRequested();
+  if (!screen_.Closed() && MayCancel()) screen_.CloseRequested();
   event->setAccepted(screen_.Closed());
 }
 

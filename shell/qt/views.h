@@ -29,9 +29,10 @@ class ScreenPart {
   virtual void AttachTo(Screen& screen) = 0;
 };
 
-// A screen in its window. Closing the frame and Escape ask the screen, which closes or not. A view
-// with the property "popup" drops without a frame below what opened it, and closes when the user
-// clicks elsewhere.
+// A screen in its window. Closing the frame and Escape ask the screen, which closes or not; what
+// was changed in a window that holds a record is not thrown away without a question. A view with
+// the property "popup" drops without a frame below what opened it, and closes when the user clicks
+// elsewhere.
 class ScreenDialog : public QDialog {
   Q_OBJECT
  public:
@@ -47,6 +48,7 @@ class ScreenDialog : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool MayCancel();
   void DropBelow(const QWidget* anchor);
 
   Screen& screen_;

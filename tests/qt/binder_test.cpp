@@ -229,6 +229,39 @@ TEST(Binder, ASelectedTextStaysSelectedWhenItChanges) {
   EXPECT_EQ(v.name->selectedText(), "");
 }
 
+TEST(ScreenDialog, AsksBeforeItThrowsTypedWorkAway) {
+  struct Case {
+    const char* typed;
+    const char* key;  // "" for Escape, else the button pressed
+    bool asks;
+  };
+  for (const Case& each : {Case{"", "", false},
+                           {"banana", "", true},
+                           {"", "cmdCancel", false},
+                           {"5 feb", "cmdCancel", true}}) {
+    TestLedger test;
+    FillDemo(test);
+    frmSession session(test);
+    ASSERT_TRUE(session.OpenSession("6"));
+    ScreenDialog dialog(*FindView("frmSession"), session, nullptr);
+    dialog.show();
+    auto* date = dialog.findChild<QLineEdit*>("cSDate");
+    if (*each.typed) date->setText(each.typed);
+    const auto leave = [&] {
+      if (*each.key)
+        dialog.findChild<QPushButton*>(each.key)->click();
+      else
+        QTest::keyClick(date, Qt::Key_Escape);
+    };
+    leave();
+    EXPECT_EQ(session.Closed(), !each.asks) << each.typed;
+    EXPECT_EQ(test.shown.TakeMessage(), each.asks ? "Close without saving this session?" : "");
+    test.shown.answers = {Answer::Yes};
+    leave();
+    EXPECT_TRUE(session.Closed());
+  }
+}
+
 TEST(ScreenDialog, EscapeCancelsWhateverWasTyped) {
   TestLedger test;
   FillDemo(test);
@@ -238,10 +271,11 @@ TEST(ScreenDialog, EscapeCancelsWhateverWasTyped) {
   dialog.show();
   auto* date = dialog.findChild<QLineEdit*>("cSDate");
   date->setText("banana");
+  test.shown.answers = {Answer::Yes};
   QTest::keyClick(date, Qt::Key_Escape);
   EXPECT_TRUE(session.Closed());
   EXPECT_FALSE(dialog.isVisible());
-  EXPECT_TRUE(test.shown.messages.empty());
+  EXPECT_EQ(test.shown.messages.size(), 1U) << "the date is not checked";
 }
 
 TEST(ScreenDialog, BadDateShowsItsMessageAndStays) {

@@ -361,5 +361,79 @@ TEST(SessionWindow, DeleteClosesOnYes) {
   }
 }
 
+TEST(SessionWindow, GoesOnWithANewSessionOfThePracticeAndType) {
+  Surgery surgery;
+  SetOption(surgery, optNewRowPosition, "BOTTOM");
+  frmSession window(surgery);
+  ASSERT_TRUE(window.New("03/02/2026", "", ""));
+  window.Enter(window.cPractice, "Riverside");
+  window.Enter(window.cSess_Type, "NHS OOH");
+  window.Enter(window.cSTime, "18:30");
+  window.Enter(window.cETime, "20:30");
+  window.Enter(window.cNotes, "key under the mat");
+  window.Press(window.cmdAddExtra);
+  window.Press(window.cmdOkNew);
+  EXPECT_FALSE(window.Closed());
+  EXPECT_FALSE(window.ContentChanged()) << "nothing to lose yet";
+  EXPECT_EQ(window.Focused(), &window.cSDate);
+  EXPECT_EQ(window.Caption() + '|' + window.cPractice.Text() + '|' + window.cSess_Type.Text(),
+            "New Session|Riverside|NHS OOH");
+  EXPECT_EQ(window.cID.Text() + window.cSDate.Text() + window.cSTime.Text() + window.cETime.Text() +
+                window.cNotes.Text(),
+            "");
+  EXPECT_EQ(window.cRate.Text() + " " + Sums(window), "0.00 0.00 0.00 0.00");
+  EXPECT_FALSE(window.fgExtras.HasData());
+
+  window.Press(window.cmdOkNew);
+  EXPECT_EQ(surgery.OneMessage().first, "This session has no date") << "keys pressed twice";
+  window.Enter(window.cSDate, "4/2");
+  window.Enter(window.cSTime, "18:30");
+  window.Enter(window.cETime, "19:30");
+  window.Press(window.cmdOk);
+  EXPECT_TRUE(window.Closed());
+  const Grid& sessions = surgery.ledger.fgSessions;
+  const int first = sessions.FixedRows();
+  ASSERT_EQ(sessions.Rows() - first, 2);
+  EXPECT_EQ(Cells(sessions, first, {"ID", "SDATE", "SESS_TYPE", "RATE", "NOTES"}),
+            "1 03/02/2026 2 146.66 key under the mat");
+  EXPECT_EQ(Cells(sessions, first + 1, {"ID", "SDATE", "SESS_TYPE", "RATE", "NOTES"}),
+            "2 04/02/2026 2 73.33 ");
+  EXPECT_EQ(surgery.ledger.fgExtras.TextMatrix(surgery.ledger.fgExtras.FixedRows(), "SESSID"), "1");
+  surgery.ledger.history.Undo();
+  EXPECT_EQ(sessions.Rows() - first, 1) << "each is a step of its own";
+}
+
+TEST(SessionWindow, OkAndNewLeavesNothingOfALockedSession) {
+  Surgery surgery;
+  surgery.AddSession({"ID=7", "INVOICE=INV-00001", "FORMS=A"});
+  frmSession window(surgery);
+  ASSERT_TRUE(window.OpenSession("7"));
+  window.Press(window.cmdOkNew);
+  EXPECT_TRUE(window.cSDate.Enabled() && window.cPractice.Enabled());
+  EXPECT_EQ(window.cInvoice.Text() + window.cForms.Text(), "");
+  EXPECT_EQ(window.lblInvoiceDetails.Text() + '|' + window.lblFormDetails.Text(),
+            "Not invoiced yet|Not pensioned yet");
+}
+
+TEST(SessionWindow, SaysThatThePracticeHasNoRate) {
+  Surgery surgery;
+  frmSession window(surgery);
+  ASSERT_TRUE(window.New("03/02/2026", "", ""));
+  EXPECT_FALSE(window.lblNoRate.Visible()) << "no practice yet";
+  window.Enter(window.cPractice, "Abbey");
+  EXPECT_TRUE(window.lblNoRate.Visible());
+  EXPECT_EQ(window.lblNoRate.Text(),
+            "Abbey has no rate for NHS Normal sessions. Type the fee, or enter the rate in the "
+            "practice's window.");
+  window.Enter(window.cRate, "250");
+  EXPECT_FALSE(window.lblNoRate.Visible()) << "a fee by hand";
+  window.Enter(window.cRate, "");
+  EXPECT_TRUE(window.lblNoRate.Visible());
+  window.Enter(window.cPractice, "Riverside");
+  EXPECT_FALSE(window.lblNoRate.Visible());
+  window.Enter(window.cSess_Type, "Private");
+  EXPECT_TRUE(window.lblNoRate.Visible());
+}
+
 }  // namespace
 }  // namespace lm::test
