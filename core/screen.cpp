@@ -361,6 +361,13 @@ std::string Screen::Content() const {
   return content;
 }
 
+void Screen::SetDefaultButton(Button& button) {
+  Button* before = std::exchange(defaultButton, &button);
+  if (!observer_ || before == &button) return;
+  if (before) observer_->FieldChanged(*before);
+  observer_->FieldChanged(button);
+}
+
 void Screen::CloseRequested() {
   if (cancelButton)
     Press(*cancelButton);

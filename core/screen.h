@@ -289,6 +289,8 @@ class Screen {
   // Enter and Escape.
   Button* defaultButton = nullptr;
   Button* cancelButton = nullptr;
+  // Enter presses another button from here on.
+  void SetDefaultButton(Button& button);
   // What is lost when the window is cancelled after something was changed in it: "this session".
   // The desktop asks before that; "" asks nothing.
   std::string_view holds = "";

@@ -161,6 +161,13 @@ std::string WithCrLf(std::string_view text) {
   return result;
 }
 
+std::string Counted(std::ptrdiff_t count, std::string_view one, std::string_view more) {
+  std::string text = std::to_string(count);
+  for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > 0; at -= 3)
+    text.insert(static_cast<std::size_t>(at), ",");
+  return text + ' ' + std::string(count == 1 ? one : more);
+}
+
 std::string RemoveAny(std::string_view text, std::string_view characters) {
   std::string result(text);
   std::erase_if(result, [characters](char c) { return characters.find(c) != characters.npos; });

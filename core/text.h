@@ -37,6 +37,8 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
 std::string WithCrLf(std::string_view text);
 
 // Every character that stands in `characters` removed.
+// "1 session", "1,200 sessions".
+std::string Counted(std::ptrdiff_t count, std::string_view one, std::string_view more);
 std::string RemoveAny(std::string_view text, std::string_view characters);
 
 // The pieces between the separators: one more than there are separators, and one empty piece for

@@ -5,7 +5,6 @@
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/platform.h"
-#include "documents/prepareinvoices.h"
 #include "entry/pickedboxes.h"
 
 namespace lm {
@@ -22,6 +21,10 @@ frmPrepareInvoices::frmPrepareInvoices(Ledger& theLedger)
   practices.insert(practices.begin(), {"<ALL PRACTICES>", ""});
   cboPractice.SetItems(std::move(practices));
   cboPractice.SetSelected(0);
+  cboPractice.onEntered = [this] {
+    ShowPreview();
+    return true;
+  };
 
   for (CheckField* option : {&optCreateInvoices0, &optCreateInvoices1, &optCreateInvoices2})
     option->onEntered = [this, option] {
@@ -68,6 +71,7 @@ frmPrepareInvoices::frmPrepareInvoices(Ledger& theLedger)
 void frmPrepareInvoices::Choose(CheckField& option) {
   for (CheckField* each : {&optCreateInvoices0, &optCreateInvoices1, &optCreateInvoices2})
     each->SetChecked(each == &option);
+  ShowPreview();
 }
 
 void frmPrepareInvoices::ChooseMonth(int monthsFromNow) {
@@ -77,22 +81,40 @@ void frmPrepareInvoices::ChooseMonth(int monthsFromNow) {
   Choose(optCreateInvoices2);
 }
 
-void frmPrepareInvoices::CreateInvoices() {
+// Nothing while a date is missing.
+std::optional<InvoiceBatch> frmPrepareInvoices::Chosen() const {
   InvoiceBatch batch{kFirstDay, kLastDay, cboPractice.ItemData(), txtIDate.Text()};
   if (optCreateInvoices1.Checked()) batch.last = std::floor(ledger.platform.clock.Now()) - 1;
   if (optCreateInvoices2.Checked()) {
     const auto first = CellDate(txtSDate.Text());
     const auto last = CellDate(txtEDate.Text());
-    if (!first || !last) {
-      ShowMessage(ledger, "Invoice Between Dates",
-                  "Please enter the dates bewteen which you want the sessions invoiced.",
-                  Buttons::Ok, Icon::Exclamation, "Dates Required");
-      return;
-    }
+    if (!first || !last) return std::nullopt;
     batch.first = *first;
     batch.last = *last;
   }
-  PrepareInvoices(ledger, batch);
+  return batch;
+}
+
+// What was chosen anew is for Create; what was just done is not done again by a second Enter.
+void frmPrepareInvoices::ShowPreview() {
+  const auto batch = Chosen();
+  lblPreview.SetText(batch ? PreviewInvoices(ledger, *batch) : "");
+  SetDefaultButton(cmdCreateInvoices);
+}
+
+void frmPrepareInvoices::CreateInvoices() {
+  const auto batch = Chosen();
+  if (!batch) {
+    ShowMessage(ledger, "Invoice Between Dates",
+                "Please enter the dates bewteen which you want the sessions invoiced.", Buttons::Ok,
+                Icon::Exclamation, "Dates Required");
+    return;
+  }
+  const int made = PrepareInvoices(ledger, *batch);
+  ShowPreview();
+  if (made == 0) return;
+  SetDefaultButton(cmdClose);
+  Focus(cmdClose);
 }
 
 }  // namespace lm

@@ -1,9 +1,10 @@
 // The window from which a batch of invoices is made.
 #pragma once
 
-#include <string>
+#include <optional>
 
 #include "core/screen.h"
+#include "documents/prepareinvoices.h"
 
 namespace lm {
 
@@ -29,12 +30,16 @@ class frmPrepareInvoices : public Screen {
   Button cmdInvoiceDate{this, "cmdInvoiceDate"};
   LabelField imgInvoiceDateHelp{this, "imgInvoiceDateHelp"};
 
+  LabelField lblPreview{this, "lblPreview"};  // what Create would do
+
   Button cmdCreateInvoices{this, "cmdCreateInvoices"};
   Button cmdClose{this, "cmdClose"};
 
  private:
   void Choose(CheckField& option);
   void ChooseMonth(int monthsFromNow);
+  std::optional<InvoiceBatch> Chosen() const;
+  void ShowPreview();
   void CreateInvoices();
 };
 

@@ -15,48 +15,68 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "documents/invoicepdf.h"
+#include "records/batchpreview.h"
 #include "records/practices.h"
 #include "records/recordindex.h"
 
 namespace lm {
 namespace {
 
+// What a batch takes in: each practice that is to have an invoice, and its sessions.
+class Selection {
+ public:
+  Selection(const Ledger& ledger, const RecordIndex& index, const InvoiceBatch& batch)
+      : ledger_(ledger),
+        index_(index),
+        batch_(batch),
+        allBranchesOnOne_(OptionIsTrue(ledger, optAllBranchesOnOneInvoice)) {
+    if (allBranchesOnOne_) FindBranches();
+  }
+
+  std::vector<std::string> PracticesToInvoice() const;
+  // Rows, in the order of the table. A session belongs to the first practice that has it.
+  std::vector<int> SessionsOf(const std::string& practiceId) const;
+
+ private:
+  void FindBranches();
+  bool Belongs(int session) const;
+
+  const Ledger& ledger_;
+  const RecordIndex& index_;
+  const InvoiceBatch& batch_;
+  const bool allBranchesOnOne_;
+  std::unordered_map<std::string, std::vector<std::string>> branches_;  // by the parent's ID
+};
+
 class Batch {
  public:
   Batch(Ledger& ledger, const InvoiceBatch& batch)
       : ledger_(ledger),
         batch_(batch),
-        allBranchesOnOne_(OptionIsTrue(ledger, optAllBranchesOnOneInvoice)),
         index_(ledger),
+        selection_(ledger, index_, batch),
         renderer_(ledger, index_),
-        number_(NextInvoiceId(ledger)) {
-    if (allBranchesOnOne_) FindBranches();
-  }
+        number_(NextInvoiceId(ledger)) {}
 
   bool HasFolder() { return renderer_.HasFolder(); }
   int Run();
   const std::string& Results() const { return results_; }
 
  private:
-  void FindBranches();
-  std::vector<std::string> PracticesToInvoice() const;
-  std::vector<int> SessionsOf(const std::string& practiceId) const;
-  bool Belongs(int session) const;
   void InvoicePractice(const std::string& practiceId);
   void ShowProgress(std::size_t done, std::size_t all, const std::string& practiceId);
 
   Ledger& ledger_;
   const InvoiceBatch& batch_;
-  const bool allBranchesOnOne_;
   RecordIndex index_;
+  const Selection selection_;
   InvoiceRenderer renderer_;
-  int number_;                                                          // of the next invoice
-  std::unordered_map<std::string, std::vector<std::string>> branches_;  // by the parent's ID
+  int number_;  // of the next invoice
   std::string results_;
   int made_ = 0;
 };
 
-void Batch::FindBranches() {
+void Selection::FindBranches() {
   const Grid& practices = ledger_.fgPractices;
   for (const int row : Records(practices)) {
     const std::string parent = practices.TextMatrix(row, "BRANCHOF");
@@ -65,7 +85,7 @@ void Batch::FindBranches() {
 }
 
 // Parents come first, so that a branch that stands above its parent gets no invoice of its own.
-std::vector<std::string> Batch::PracticesToInvoice() const {
+std::vector<std::string> Selection::PracticesToInvoice() const {
   if (!batch_.practiceId.empty()) return {batch_.practiceId};
   const Grid& practices = ledger_.fgPractices;
   std::vector<std::string> ids;
@@ -79,7 +99,7 @@ std::vector<std::string> Batch::PracticesToInvoice() const {
   return ids;
 }
 
-bool Batch::Belongs(int session) const {
+bool Selection::Belongs(int session) const {
   const Grid& sessions = ledger_.fgSessions;
   if (!sessions.TextMatrix(session, "INVOICE").empty()) return false;
   if (sessions.TextMatrix(session, "TOTAL").empty()) return false;
@@ -87,8 +107,7 @@ bool Batch::Belongs(int session) const {
   return day && batch_.first <= *day && *day <= batch_.last;
 }
 
-// In the order of the table.
-std::vector<int> Batch::SessionsOf(const std::string& practiceId) const {
+std::vector<int> Selection::SessionsOf(const std::string& practiceId) const {
   std::vector<int> rows;
   const auto add = [&](const std::string& id) {
     std::ranges::copy_if(index_.SessionsOfPractice(id), std::back_inserter(rows),
@@ -104,7 +123,7 @@ std::vector<int> Batch::SessionsOf(const std::string& practiceId) const {
 }
 
 void Batch::InvoicePractice(const std::string& practiceId) {
-  const std::vector<int> rows = SessionsOf(practiceId);
+  const std::vector<int> rows = selection_.SessionsOf(practiceId);
   if (rows.empty()) return;
   Grid& sessions = ledger_.fgSessions;
   InvoiceSums sums;
@@ -138,7 +157,7 @@ int Batch::Run() {
   const Change change(ledger_, "Prepare Invoices");
   const RedrawOff sessionsOff(ledger_.fgSessions);
   const RedrawOff invoicesOff(ledger_.fgInvoices);
-  const std::vector<std::string> ids = PracticesToInvoice();
+  const std::vector<std::string> ids = selection_.PracticesToInvoice();
   for (std::size_t i = 0; i < ids.size(); ++i) {
     ShowProgress(i, ids.size(), ids[i]);
     InvoicePractice(ids[i]);
@@ -197,6 +216,24 @@ int PrepareInvoices(Ledger& ledger, const InvoiceBatch& request) {
   const int made = batch.Run();
   TellResult(ledger, made, batch.Results());
   return made;
+}
+
+std::string PreviewInvoices(const Ledger& ledger, const InvoiceBatch& batch) {
+  const RecordIndex index(ledger);
+  const Selection selection(ledger, index, batch);
+  BatchPreview preview(ledger);
+  std::unordered_set<int> taken;
+  int invoices = 0;
+  for (const std::string& practice : selection.PracticesToInvoice()) {
+    const int before = preview.Sessions();
+    for (const int row : selection.SessionsOf(practice))
+      if (taken.insert(row).second)
+        preview.Add(row, CurrencyOf(ledger.fgSessions.TextMatrix(row, "TOTAL")));
+    invoices += preview.Sessions() > before;
+  }
+  if (invoices == 0) return "No sessions to invoice.";
+  return Counted(invoices, "invoice", "invoices") + " for " + preview.Sum() + "." +
+         preview.Cautions();
 }
 
 }  // namespace lm

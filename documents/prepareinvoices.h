@@ -40,5 +40,7 @@ struct InvoiceBatch {
 // An invoice for each practice with such sessions, each document written at once, progress shown,
 // and the result told. Returns the number of invoices.
 int PrepareInvoices(Ledger& ledger, const InvoiceBatch& batch);
+// What that would do: "3 invoices for 12 sessions, £3,456.00. 1 session lies in the future."
+std::string PreviewInvoices(const Ledger& ledger, const InvoiceBatch& batch);
 
 }  // namespace lm

@@ -9,6 +9,7 @@
 #include "core/platform.h"
 #include "core/rows.h"
 #include "core/text.h"
+#include "records/batchpreview.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
 
@@ -167,6 +168,46 @@ int CreateForms(Ledger& ledger, FormPrinter& printer, const PensionForm& form,
   }
   ledger.platform.progress.Hide();
   return made;
+}
+
+namespace {
+
+std::string Name(const PensionForm& form) { return "Form " + std::string(form.letter); }
+
+std::string PreviewOfMonth(const Ledger& ledger, const PensionForm& form, Month month) {
+  const auto returned = std::ssize(ReturnedForms(ledger, *form.madeOf, month));
+  const std::string of = Name(*form.madeOf);
+  if (returned == 0) return "";
+  return "1 " + Name(form) + " of " + Counted(returned, of, of) + " that came back.";
+}
+
+std::string PreviewOfPractices(const Ledger& ledger, const PensionForm& form,
+                               const MonthSessions& sessions, const std::string& practiceId) {
+  BatchPreview preview(ledger);
+  int forms = 0, again = 0;
+  for (const auto& [id, name] : PracticesWithType(ledger, sessions, form.sessionType)) {
+    if (!practiceId.empty() && practiceId != id) continue;
+    ++forms;
+    again += RowOfForm(ledger, form, sessions.InMonth(), id) >= 0;
+    for (const int row : sessions.Of(id))
+      if (SessionTypeOf(ledger, row) == form.sessionType)
+        preview.Add(row, SessionPounds(ledger.fgSessions.TextMatrix(row, "RATE")) +
+                             SessionPounds(ledger.fgSessions.TextMatrix(row, "EXTRAS")));
+  }
+  if (forms == 0) return "";
+  const std::string made = Name(form);
+  return Counted(forms, made, made) + " for " + preview.Sum() + "." +
+         (again > 0 ? " " + Counted(again, "is", "are") + " there already." : "") +
+         preview.Cautions();
+}
+
+}  // namespace
+
+std::string PreviewForm(const Ledger& ledger, const PensionForm& form,
+                        const MonthSessions& sessions, const std::string& practiceId) {
+  const std::string text = form.ofPractice ? PreviewOfPractices(ledger, form, sessions, practiceId)
+                                           : PreviewOfMonth(ledger, form, sessions.InMonth());
+  return text.empty() ? Name(form) + ": nothing to make." : text;
 }
 
 int AddForm(Ledger& ledger, const PensionForm& form, std::initializer_list<FormCell> cells) {

@@ -48,6 +48,11 @@ Making CreateForm(Ledger& ledger, FormPrinter& printer, const PensionForm& form,
 int CreateForms(Ledger& ledger, FormPrinter& printer, const PensionForm& form,
                 const MonthSessions& sessions);
 
+// What that would do, for one practice or for "" all of them: "2 Form A for 8 sessions,
+// £2,720.00."; "Form A: nothing to make.".
+std::string PreviewForm(const Ledger& ledger, const PensionForm& form,
+                        const MonthSessions& sessions, const std::string& practiceId);
+
 // For the descriptions: a new row with these cells, and its number.
 struct FormCell {
   std::string_view key;

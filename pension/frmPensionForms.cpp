@@ -24,14 +24,18 @@ frmPensionForms::frmPensionForms(Ledger& theLedger)
   practices.insert(practices.begin(), {"<ALL PRACTICES>", ""});
   cboPractice.SetItems(std::move(practices));
   cboPractice.SetSelected(0);
+  cboPractice.onEntered = [this] {
+    ShowPreview();
+    return true;
+  };
 
   for (CheckField* option : {&optForm0, &optForm1, &optForm2, &optForm3})
     option->onEntered = [this, option] {
       Choose(*option);
       return true;
     };
-  Choose(optForm0);
   BindMonth();
+  Choose(optForm0);
   imgPensionHelp1.onPressed = [this] {
     ShowMessage(ledger, "How the NHS Pension Forms are created",
                 "Pension Forms are completed every month as follows;\\n\\n"
@@ -69,6 +73,7 @@ void frmPensionForms::BindMonth() {
 void frmPensionForms::Choose(CheckField& option) {
   for (CheckField* each : {&optForm0, &optForm1, &optForm2, &optForm3})
     each->SetChecked(each == &option);
+  ShowPreview();
 }
 
 void frmPensionForms::MoveMonth(int months) {
@@ -77,7 +82,24 @@ void frmPensionForms::MoveMonth(int months) {
   ShowMonth();
 }
 
-void frmPensionForms::ShowMonth() { lblMonth.SetText(ChosenMonth().Text("mmm yyyy")); }
+void frmPensionForms::ShowMonth() {
+  lblMonth.SetText(ChosenMonth().Text("mmm yyyy"));
+  ShowPreview();
+}
+
+// What was chosen anew is for Prepare Forms; what was just done is not done again by a second
+// Enter.
+void frmPensionForms::ShowPreview() {
+  const MonthSessions sessions(ledger, ChosenMonth());
+  std::string text;
+  for (const auto& [option, form] : {std::pair{&optForm1, &kFormA}, std::pair{&optForm2, &kFormB},
+                                     std::pair{&optForm3, &kFormSolo}})
+    if (optForm0.Checked() || option->Checked())
+      text += (text.empty() ? "" : "\r\n") +
+              PreviewForm(ledger, *form, sessions, cboPractice.ItemData());
+  lblPreview.SetText(text);
+  SetDefaultButton(cmdPrepareForms);
+}
 
 void frmPensionForms::PrepareForms() {
   const BusyPointer busy(ledger.platform);
@@ -86,13 +108,18 @@ void frmPensionForms::PrepareForms() {
   const MonthSessions sessions(ledger, ChosenMonth());
   // One step for the user, whatever is asked about single forms on the way.
   const Change change(ledger, "Prepare Pension Forms");
-  if (optForm0.Checked()) PrepareAll(printer, sessions);
-  if (optForm1.Checked()) PrepareOfPractices(printer, kFormA, sessions);
-  if (optForm2.Checked()) PrepareFormB(printer, sessions);
-  if (optForm3.Checked()) PrepareOfPractices(printer, kFormSolo, sessions);
+  int made = 0;
+  if (optForm0.Checked()) made += PrepareAll(printer, sessions);
+  if (optForm1.Checked()) made += PrepareOfPractices(printer, kFormA, sessions);
+  if (optForm2.Checked()) made += PrepareFormB(printer, sessions);
+  if (optForm3.Checked()) made += PrepareOfPractices(printer, kFormSolo, sessions);
+  ShowPreview();
+  if (made == 0) return;
+  SetDefaultButton(cmdClose);
+  Focus(cmdClose);
 }
 
-void frmPensionForms::PrepareAll(FormPrinter& printer, const MonthSessions& sessions) {
+int frmPensionForms::PrepareAll(FormPrinter& printer, const MonthSessions& sessions) {
   const Month month = sessions.InMonth();
   const int formsA = MakeForms(printer, kFormA, sessions);
   const bool formB = !ReturnedForms(ledger, kFormA, month).empty() &&
@@ -101,6 +128,7 @@ void frmPensionForms::PrepareAll(FormPrinter& printer, const MonthSessions& sess
   TellMade(ledger, "Pension Forms Calculated for " + month.Text("mmmm yyyy"),
            "Form A: " + PlainText(formsA) + "\\nForm B: " + (formB ? "1" : "0") +
                "\\nForm Solo: " + PlainText(formsSolo) + "\\n");
+  return formsA + formB + formsSolo;
 }
 
 int frmPensionForms::MakeForms(FormPrinter& printer, const PensionForm& form,
@@ -113,13 +141,13 @@ int frmPensionForms::MakeForms(FormPrinter& printer, const PensionForm& form,
   return made;
 }
 
-void frmPensionForms::PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
-                                         const MonthSessions& sessions) {
+int frmPensionForms::PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
+                                        const MonthSessions& sessions) {
   const bool forAll = cboPractice.ItemData().empty();
   if (forAll && &form == &kFormA && !sessions.HasType(kTypeNormal)) {
     ShowMessage(ledger, "No Form A's calculated",
                 "There are no NHS Normal sessions in the specified month.");
-    return;
+    return 0;
   }
   const std::string name(form.name);
   const int made = MakeForms(printer, form, sessions);
@@ -132,9 +160,10 @@ void frmPensionForms::PrepareOfPractices(FormPrinter& printer, const PensionForm
     TellMade(ledger, PlainText(made) + " " + name + " calculated.");
   else
     TellMade(ledger, "One " + name + " calculated for " + ChosenMonth().Text("mmm yyyy") + ".");
+  return made;
 }
 
-void frmPensionForms::PrepareFormB(FormPrinter& printer, const MonthSessions& sessions) {
+int frmPensionForms::PrepareFormB(FormPrinter& printer, const MonthSessions& sessions) {
   const std::string month = ChosenMonth().Text("mmmm yyyy");
   const Making making = CreateForm(ledger, printer, kFormB, sessions);
   printer.Finish();
@@ -145,6 +174,7 @@ void frmPensionForms::PrepareFormB(FormPrinter& printer, const MonthSessions& se
                 "For a Form B to be created, there must be at least one Form A which has a "
                 "'Received From Practice' date which is in the selected month (" +
                     month + ").");
+  return making == Making::Made;
 }
 
 }  // namespace lm

@@ -28,6 +28,8 @@ class frmPensionForms : public Screen {
   CheckField optForm3{this, "optForm3"};
   LabelField imgPensionHelp1{this, "imgPensionHelp1"};
 
+  LabelField lblPreview{this, "lblPreview"};  // what Prepare Forms would do
+
   Button cmdPrepareForms{this, "cmdPrepareForms"};
   Button cmdClose{this, "cmdClose"};
 
@@ -38,11 +40,13 @@ class frmPensionForms : public Screen {
   void ShowMonth();
   Month ChosenMonth() const { return Month::OfCell(txtMonth.Text()); }
 
+  void ShowPreview();
   void PrepareForms();
-  void PrepareAll(FormPrinter& printer, const MonthSessions& sessions);
-  void PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
-                          const MonthSessions& sessions);
-  void PrepareFormB(FormPrinter& printer, const MonthSessions& sessions);
+  // Each returns the number of forms made.
+  int PrepareAll(FormPrinter& printer, const MonthSessions& sessions);
+  int PrepareOfPractices(FormPrinter& printer, const PensionForm& form,
+                         const MonthSessions& sessions);
+  int PrepareFormB(FormPrinter& printer, const MonthSessions& sessions);
   int MakeForms(FormPrinter& printer, const PensionForm& form, const MonthSessions& sessions);
 };
 

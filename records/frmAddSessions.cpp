@@ -11,6 +11,7 @@
 #include "core/options.h"
 #include "core/platform.h"
 #include "core/sessiontypes.h"
+#include "core/text.h"
 #include "entry/checks.h"
 #include "entry/pickedboxes.h"
 #include "entry/pickers.h"
@@ -22,10 +23,6 @@ namespace {
 
 constexpr int kLongestSpan = 366;  // days between the first and the last
 constexpr Colour kExisting = Rgb(190, 190, 190);
-
-std::string CountOf(std::size_t count, std::string_view one, std::string_view more) {
-  return std::to_string(count) + std::string(count == 1 ? one : more);
-}
 
 }  // namespace
 
@@ -119,10 +116,10 @@ void frmAddSessions::ShowSpan() {
   const RunDays days = DaysOfRun(ledger, span->first, span->last, Weekdays(), txtSTime.Text());
   FillSpan(*span, days);
   std::string text =
-      CountOf(days.made.size(), " session will be created.", " sessions will be created.");
+      Counted(std::ssize(days.made), "session will be created.", "sessions will be created.");
   if (!days.existing.empty())
     text +=
-        " " + CountOf(days.existing.size(), " exists already (grey).", " exist already (grey).");
+        " " + Counted(std::ssize(days.existing), "exists already (grey).", "exist already (grey).");
   lblCount.SetText(text);
 }
 

@@ -133,6 +133,7 @@ Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
       headings->Bind(screen, *grid);
     }
   ConnectShortcuts();
+  ShowDefaultButton();
   screen_.SetObserver(this);
 }
 
@@ -187,8 +188,6 @@ void Binder::Connect(Bound& bound) {
     });
   } else if (auto* button = qobject_cast<QAbstractButton*>(bound.widget)) {
     connect(button, &QAbstractButton::clicked, this, [this, &field] { Press(field); });
-    if (auto* push = qobject_cast<QPushButton*>(button))
-      push->setDefault(&field == screen_.defaultButton);
   } else if (QTabBar* bar = TabBarOf(*bound.widget)) {
     ConnectTabs(bound, *bar);
   } else if (auto* label = qobject_cast<QLabel*>(bound.widget)) {
@@ -307,6 +306,15 @@ void Binder::Press(Field& field) {
 
 void Binder::FieldChanged(Field& field) {
   if (Bound* bound = Of(field)) Show(*bound);
+  if (screen_.defaultButton != shownDefault_) ShowDefaultButton();
+}
+
+// Only when it is another: a button in focus is the default meanwhile.
+void Binder::ShowDefaultButton() {
+  shownDefault_ = screen_.defaultButton;
+  for (const Bound& bound : bound_)
+    if (auto* push = qobject_cast<QPushButton*>(bound.widget))
+      push->setDefault(bound.field == shownDefault_);
 }
 
 void Binder::Show(const Bound& bound) {

@@ -67,6 +67,7 @@ class Binder : public QObject, private ScreenObserver {
   void ConnectShortcuts();
   void NameForReaders(const Bound& bound) const;
   void Show(const Bound& bound);
+  void ShowDefaultButton();
   void ShowText(const Bound& bound);
   void ShowLabel(const Bound& bound, QLabel& label) const;
   void ShowTabs(const TabField& tabs, QTabBar& bar) const;
@@ -85,7 +86,8 @@ class Binder : public QObject, private ScreenObserver {
   std::vector<Bound> bound_;
   std::vector<GridView*> grids_;
   std::vector<QPointer<QWidget>> left_;  // text boxes that lost the focus and wait for their turn
-  bool showing_ = false;                 // the view follows the screen; not an act of the user
+  const Button* shownDefault_ = nullptr;
+  bool showing_ = false;  // the view follows the screen; not an act of the user
   bool committing_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "core/rows.h"
+#include "core/text.h"
 #include "documents/frmPrepareInvoices.h"
 #include "documents/windows.h"
 #include "tests/documents/invoice_desk.h"
@@ -430,6 +431,45 @@ TEST(PrepareInvoicesWindow, NeedsSessions) {
   EXPECT_EQ(desk.Messages(), "Invoices cannot be created if there are no Sessions.");
   desk.AddSession("1", "", "");
   EXPECT_TRUE(OpenPrepareInvoices(desk));
+}
+
+TEST(PrepareInvoicesWindow, SaysBeforehandWhatItWouldDoAndStaysClearOfASecondEnter) {
+  InvoiceDesk desk;  // on 3 February
+  SetOption(desk.ledger, optAllBranchesOnOneInvoice, "TRUE");
+  desk.AddSession("2", "01/01/2026", "1000", {"RATE=1000"});
+  desk.AddSession("3", "01/02/2026", "234.50", {"RATE=200"});
+  desk.AddSession("1", "02/02/2026", "0", {"RATE=0"});
+  desk.AddSession("1", "04/02/2026", "10", {"RATE=10"});
+  desk.AddSession("77", "02/02/2026", "999", {"RATE=999"});  // of no practice
+  frmPrepareInvoices window{desk};
+  const auto shown = [&] { return ToUtf8(window.lblPreview.Text()); };
+  const std::string february =
+      "2 invoices for 3 sessions, £244.50. 1 session has no fee. 1 session lies in the future.";
+  EXPECT_EQ(shown(), february);
+  window.Enter(window.optCreateInvoices0, "TRUE");
+  EXPECT_EQ(shown(),
+            "2 invoices for 4 sessions, £1,244.50. 1 session has no fee. 1 session lies in the "
+            "future.");
+  window.Enter(window.optCreateInvoices1, "TRUE");
+  EXPECT_EQ(shown(), "2 invoices for 3 sessions, £1,234.50. 1 session has no fee.");
+  window.Enter(window.cboPractice, "Mill");
+  EXPECT_EQ(shown(), "No sessions to invoice.");
+  window.Enter(window.txtSDate, "");
+  EXPECT_EQ(shown(), "");
+  window.Press(window.cmdCreateInvoices);
+  EXPECT_EQ(window.defaultButton, &window.cmdCreateInvoices) << "nothing was made";
+
+  window.Enter(window.cboPractice, "<ALL PRACTICES>");
+  window.Press(window.lblThisMonth);
+  EXPECT_EQ(shown(), february);
+  window.Press(window.cmdCreateInvoices);
+  EXPECT_EQ(desk.shown.messages.back().mainPrompt, "2 new invoices created");
+  EXPECT_EQ(shown(), "No sessions to invoice.");
+  EXPECT_EQ(window.defaultButton, &window.cmdClose);
+  EXPECT_EQ(window.Focused(), &window.cmdClose);
+  window.Press(window.lblLastMonth);
+  EXPECT_EQ(window.defaultButton, &window.cmdCreateInvoices);
+  EXPECT_EQ(shown(), "1 invoice for 1 session, £1,000.00.");
 }
 
 }  // namespace

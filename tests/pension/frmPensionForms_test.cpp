@@ -1,6 +1,7 @@
 // The dialog "Prepare Pension Forms".
 #include "pension/frmPensionForms.h"
 
+#include "core/text.h"
 #include "tests/pension/window_desk.h"
 
 namespace lm {
@@ -46,6 +47,34 @@ TEST_F(PrepareForms, OpensOnThisMonthAndAllForms) {
   EXPECT_EQ(desk.Messages(), "How the NHS Pension Forms are created");
   window->CloseRequested();
   EXPECT_TRUE(window->Closed());
+}
+
+TEST_F(PrepareForms, SaysBeforehandWhatItWouldDoAndStaysClearOfASecondEnter) {
+  const auto shown = [&] { return ToUtf8(window->lblPreview.Text()); };
+  EXPECT_EQ(shown(),
+            "Form A: nothing to make.\r\nForm B: nothing to make.\r\nForm SOLO: nothing "
+            "to make.");
+  desk.AddSession("1", "02/02/2026", "1000", {"EXTRAS=34.50"});
+  desk.AddSession("2", "03/02/2026", "0");
+  desk.AddSession("2", "28/02/2026", "100");
+  desk.AddSession("3", "03/02/2026", "70", {"SESS_TYPE=2"});
+  window->Enter(window->optForm1, "TRUE");
+  EXPECT_EQ(shown(),
+            "2 Form A for 3 sessions, £1,134.50. 1 session has no fee. 1 session lies in the "
+            "future.");
+  window->Enter(window->cboPractice, "Riverside");
+  EXPECT_EQ(shown(), "1 Form A for 1 session, £1,034.50.");
+  window->Press(window->cmdPrepareForms);
+  EXPECT_EQ(shown(), "1 Form A for 1 session, £1,034.50. 1 is there already.");
+  EXPECT_EQ(window->defaultButton, &window->cmdClose);
+  EXPECT_EQ(window->Focused(), &window->cmdClose);
+  window->Enter(window->optForm3, "TRUE");
+  EXPECT_EQ(window->defaultButton, &window->cmdPrepareForms);
+  EXPECT_EQ(shown(), "Form SOLO: nothing to make.");
+  Grid& forms = desk.ledger.fgPensionA;
+  forms.SetTextMatrix(forms.FixedRows(), "RCVDFROMPRACTICE", "20/02/2026");
+  window->Enter(window->optForm2, "TRUE");
+  EXPECT_EQ(shown(), "1 Form B of 1 Form A that came back.");
 }
 
 TEST_F(PrepareForms, MovesByMonths) {
