@@ -13,6 +13,7 @@
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/readablepalette.h"
+#include "shell/qt/typeahead.h"
 #include "shell/windows.h"
 
 namespace {
@@ -49,6 +50,7 @@ int main(int argc, char** argv) {
   // The main window alone ends the program; a splash window or a tip that closes does not.
   QApplication::setQuitOnLastWindowClosed(false);
   const lm::PaletteKeeper palette;
+  const lm::TypeAhead typeAhead;
 
   lm::DesktopPlatform desktop;
   lm::Ledger ledger(desktop.platform);

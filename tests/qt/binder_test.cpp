@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
@@ -15,6 +16,7 @@
 
 #include "records/frmSession.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/typeahead.h"
 #include "shell/qt/views.h"
 #include "tests/qt/demo.h"
 
@@ -227,6 +229,28 @@ TEST(Binder, ASelectedTextStaysSelectedWhenItChanges) {
   v.name->end(false);
   v.screen.tName.SetText("again");
   EXPECT_EQ(v.name->selectedText(), "");
+}
+
+TEST(TypeAhead, ASpaceIsALetterOnceTypingHasBegun) {
+  const TypeAhead typeAhead;
+  QComboBox list;
+  list.addItems({"Abbey", "St Anne's", "St John's", "Stow"});
+  std::vector<int> chosen;
+  QObject::connect(&list, &QComboBox::activated, [&](int row) { chosen.push_back(row); });
+  list.show();
+  list.setFocus();
+  QTest::keyClicks(&list, "st j");
+  EXPECT_EQ(list.currentText(), "St John's");
+  ASSERT_FALSE(chosen.empty());
+  EXPECT_EQ(chosen.back(), 2);
+  EXPECT_FALSE(list.view()->isVisible());
+
+  QComboBox another;
+  another.addItems({"Abbey", "Mill"});
+  another.show();
+  QTest::keyClick(&another, Qt::Key_Space);
+  EXPECT_TRUE(another.view()->isVisible()) << "nothing was typed there yet";
+  another.hidePopup();
 }
 
 TEST(ScreenDialog, AsksBeforeItThrowsTypedWorkAway) {
