@@ -9,6 +9,7 @@
 #include "shell/frmMain.h"
 #include "shell/qt/calendargrid.h"
 #include "shell/qt/calendarwidget.h"
+#include "shell/qt/freearea.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -64,7 +65,7 @@ void PrintCalendar(frmMain& screen, const CalendarPage& page, QWidget* parent) {
   preview.setWindowTitle(ToQt(page.Title()));
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                    [&](QPrinter* paper) { PaintCalendar(*paper, screen, page); });
-  preview.resize(1000, 720);
+  preview.resize(QSize(1000, 720).boundedTo(FreeArea(preview).size()));
   preview.exec();
 }
 

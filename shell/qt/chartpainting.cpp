@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "reports/chartfile.h"
+#include "shell/qt/freearea.h"
 #include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 
@@ -133,7 +134,7 @@ void PrintChart(const frmChart& screen, QWidget* parent) {
   preview.setWindowTitle(ToQt(titles.main));
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                    [&](QPrinter* paper) { PaintChart(*paper, screen.Shown(), titles); });
-  preview.resize(1000, 720);
+  preview.resize(QSize(1000, 720).boundedTo(FreeArea(preview).size()));
   preview.exec();
 }
 

@@ -8,12 +8,12 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "shell/qt/freearea.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
 
@@ -120,14 +120,10 @@ QWidget* MainWindowWidget() {
 void CentreWindow(QWidget& window) {
   QWidget* main = MainWindowWidget();
   const bool overMain = main && main->isVisible() && !main->isMinimized();
-  const QRect available = (overMain ? main->screen() : window.screen())->availableGeometry();
+  const QRect area = FreeArea(overMain ? *main : window);
   QRect place(QPoint(), window.size());
-  place.moveCenter(overMain ? main->frameGeometry().center() : available.center());
-  place.moveLeft(std::clamp(place.left(), available.left(),
-                            std::max(available.left(), available.right() - place.width())));
-  place.moveTop(std::clamp(place.top(), available.top(),
-                           std::max(available.top(), available.bottom() - place.height())));
-  window.move(place.topLeft());
+  place.moveCenter(overMain ? main->geometry().center() : area.center());
+  window.setGeometry(Inside(place, area));
 }
 
 frmMesgBox::frmMesgBox(const MessageBoxText& message, QWidget* parent)
@@ -163,10 +159,10 @@ void frmMesgBox::AddTexts(const MessageBoxText& message, QVBoxLayout& column) {
   bold.setBold(true);
   bold.setPointSizeF(bold.pointSizeF() * 1.1);
   mainPrompt->setFont(bold);
-  column.addWidget(mainPrompt);
+  column.addWidget(LongText(mainPrompt, FreeArea(*this).height() / 4));
   if (!message.minorPrompt.empty())
-    column.addWidget(LongText(TextLabel("txtMinorPrompt", message.minorPrompt),
-                              screen()->availableGeometry().height() / 2));
+    column.addWidget(
+        LongText(TextLabel("txtMinorPrompt", message.minorPrompt), FreeArea(*this).height() / 2));
   if (!message.link.empty()) {
     const QString address = ToQt(message.link);
     auto* link = new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(address.toHtmlEscaped()));

@@ -77,9 +77,10 @@ void ApplyLineIcons(QWidget& root) {
     const QString name = button->property("lineIcon").toString();
     if (name.isEmpty()) continue;
     button->setIcon(LineIcon(name));
-    // Air around drawing and words.
-    if (qobject_cast<QPushButton*>(button))
-      button->setMinimumSize(button->sizeHint() + QSize(12, 4));
+    if (!qobject_cast<QPushButton*>(button)) continue;
+    // Air around drawing and words. Words that come later widen the button by themselves.
+    const QSize airy = button->sizeHint() + QSize(12, 4);
+    button->setMinimumSize(button->text().isEmpty() ? 0 : airy.width(), airy.height());
   }
   for (QLabel* label : root.findChildren<QLabel*>()) {
     const QString name = label->property("picture").toString();

@@ -10,7 +10,6 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -23,12 +22,14 @@
 #include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/calendarprint.h"
+#include "shell/qt/freearea.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/pagewidgets.h"
 #include "shell/qt/printing.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/scrolling.h"
 #include "shell/qt/virtualkeys.h"
 #include "shell/unsavedwords.h"
 
@@ -46,7 +47,8 @@ bool IsTextBox(const QWidget& widget) {
 
 }  // namespace
 
-MainWindow::MainWindow(frmMain& screen) : screen_(screen), ledger_(screen.ledger) {
+MainWindow::MainWindow(frmMain& screen)
+    : screen_(screen), ledger_(screen.ledger), memory_(screen.ledger.programDirectory, "frmMain") {
   setObjectName("frmMain");
   setWindowIcon(QIcon(":/icons/ledgerminder.svg"));
   // No drawing comes from the desktop's theme, and to look through its folders would take a good
@@ -113,13 +115,46 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::ShowFirst() {
-  const QRect available = QWidget::screen()->availableGeometry();
-  resize(QSize(1240, 780).boundedTo(available.size() * 0.94));
-  move(available.center() - rect().center());
-  screen_.maximised ? showMaximized() : show();
+  FitScreen();
+  const QRect area = FreeArea(*this);
+  QRect place(QPoint(), QSize(1240, 780).boundedTo(area.size() * 0.96));
+  place.setSize(place.size().expandedTo(minimumSizeHint()));
+  place.moveCenter(area.center());
+  setGeometry(Inside(place, area));
+  memory_.Restore(*this, screen_.maximised);
+  show();
   raise();
   activateWindow();
   FocusPage();
+}
+
+// The pages scroll where the window would be larger than the screen for them.
+void MainWindow::FitScreen() {
+  ensurePolished();
+  SettleLayouts(*this);
+  const QSize area = FreeArea(*this).size();
+  const QSize needed = minimumSizeHint();
+  const QSize room = area - (needed - pages_->minimumSizeHint());
+  for (int i = 0; i < pages_->count(); ++i) FitPage(*pages_->widget(i), room);
+  SettleLayouts(*this);
+  resize(size().boundedTo(area));
+}
+
+void MainWindow::setVisible(bool visible) {
+  if (visible && isHidden()) FitScreen();
+  if (!visible && isVisible()) memory_.Keep(*this);
+  QMainWindow::setVisible(visible);
+}
+
+// A page that needs more room later is fitted then.
+bool MainWindow::event(QEvent* event) {
+  const bool done = QMainWindow::event(event);
+  if (event->type() != QEvent::LayoutRequest || !isVisible()) return done;
+  const QSize needed = minimumSizeHint();
+  if (needed.boundedTo(FreeArea(*this).size()) == needed || needed == tooLarge_) return done;
+  FitScreen();
+  tooLarge_ = minimumSizeHint();
+  return done;
 }
 
 // Menus

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "shell/frmMain.h"
+#include "shell/qt/windowmemory.h"
 
 class QLabel;
 class QListWidget;
@@ -25,11 +26,13 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(frmMain& screen);
   ~MainWindow() override;
   Binder& Bindings() { return *binder_; }
+  void setVisible(bool visible) override;
   // The list in front; null on a page without one.
   GridView* CurrentList() const;
   void RefreshStatus();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   // Every key of this window goes past the shortcuts first.
@@ -51,6 +54,7 @@ class MainWindow : public QMainWindow {
   void FocusPage();
   void ShowSortMark(GridView& list);
   bool IsShortcut(QObject* watched, QEvent* event) const;
+  void FitScreen();
   void ShowFirst();
 
   frmMain& screen_;
@@ -64,6 +68,8 @@ class MainWindow : public QMainWindow {
   bool walkingTheBar_ = false;  // the page changes because the bar's current row did
   std::map<QAction*, const MenuNode*> actions_;
   QTimer statusTimer_;
+  QSize tooLarge_;  // what the window still needs though its pages scroll
+  WindowMemory memory_;
   std::unique_ptr<Binder>
       binder_;  // gone first: the lists let go of their tables while the rest stands
 };

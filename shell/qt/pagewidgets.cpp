@@ -17,6 +17,7 @@
 #include "shell/qt/qtext.h"
 #include "shell/qt/reportswidget.h"
 #include "shell/qt/todaywidget.h"
+#include "shell/qt/twopartrow.h"
 
 namespace lm {
 namespace {
@@ -153,8 +154,15 @@ QWidget* MakeListPage(const MainPage& page) {
   QHBoxLayout* top = nullptr;
   if (!page.Buttons().empty()) {
     top = MakeButtons(page.Buttons());
-    if (page.Grouping().choice) AddGrouping(*top, page.Grouping());
-    column->addLayout(top);
+    if (page.Grouping().choice) {
+      auto* grouping = new QHBoxLayout;
+      grouping->addStretch();
+      AddGrouping(*grouping, page.Grouping());
+      column->addLayout(new TwoPartRow(top, grouping, kSpacing));
+      top = grouping;
+    } else {
+      column->addLayout(top);
+    }
   }
   AddTabsAndFilter(page, *widget, *column, top);
   column->addWidget(MakeLists(page), 1);

@@ -11,6 +11,7 @@
 #include "core/format.h"
 #include "core/platform.h"
 #include "shell/printtable.h"
+#include "shell/qt/freearea.h"
 #include "shell/qt/liststyle.h"
 #include "shell/qt/qtext.h"
 
@@ -265,7 +266,7 @@ void PrintGrid(const Ledger& ledger, Grid& grid, const PrintHeading& heading, QW
   preview.setWindowTitle(ToQt(heading.title));
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                    [&](QPrinter* paper) { PaintGrid(*paper, ledger, grid, heading); });
-  preview.resize(1000, 720);
+  preview.resize(QSize(1000, 720).boundedTo(FreeArea(preview).size()));
   preview.exec();
 }
 

@@ -15,6 +15,7 @@
 #include "shell/qt/gridview.h"
 #include "shell/qt/pagewidgets.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/twopartrow.h"
 
 namespace lm {
 namespace {
@@ -83,12 +84,15 @@ QWidget* MakeStandardChoices(const ReportsPage& page) {
   report->setMaximumWidth(420);
   line->Add<QComboBox>(page.cboReportGroup, {})->setAccessibleName(QObject::tr("Group by"));
   line->AddButton(page, page.cmdRefreshReport);
-  line->addSpacing(kGap);
-  line->Add<QCheckBox>(page.chkHideEmptyRows, {})->setText(QObject::tr("Hide empty rows"));
-  line->Add<QCheckBox>(page.chkHideEmptyCols, {})->setText(QObject::tr("Hide empty colum&ns"));
   line->addStretch();
-  line->AddButton(page, page.cmdChart);
-  return line->Whole();
+  auto* shown = new Line;
+  shown->Add<QCheckBox>(page.chkHideEmptyRows, {})->setText(QObject::tr("Hide empty rows"));
+  shown->Add<QCheckBox>(page.chkHideEmptyCols, {})->setText(QObject::tr("Hide empty colum&ns"));
+  shown->addStretch();
+  shown->AddButton(page, page.cmdChart);
+  auto* widget = new QWidget;
+  widget->setLayout(new TwoPartRow(line, shown, kGap));
+  return widget;
 }
 
 QWidget* MakeGroupingChoices(const ReportsPage& page) {

@@ -7,15 +7,16 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
 
 #include "core/messagebox.h"
 #include "core/text.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/freearea.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/scrolling.h"
 #include "shell/qt/virtualkeys.h"
 
 namespace lm {
@@ -50,7 +51,9 @@ void SetPickerAnchor(QWidget& widget) {
 }
 
 ScreenDialog::ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent)
-    : QDialog(parent), screen_(screen) {
+    : QDialog(parent),
+      screen_(screen),
+      memory_(screen.ledger.programDirectory, ToQt(screen.Name())) {
   view.build(*this);
   popup_ = property("popup").toBool();
   if (popup_) setWindowFlags(Qt::Popup);
@@ -87,14 +90,37 @@ void ScreenDialog::closeEvent(QCloseEvent* event) {
   event->setAccepted(screen_.Closed());
 }
 
+void ScreenDialog::setVisible(bool visible) {
+  if (visible && isHidden() && !popup_) TakePlace();
+  if (!visible && isVisible() && !popup_) memory_.Keep(*this);
+  QDialog::setVisible(visible);
+}
+
+void ScreenDialog::TakePlace() {
+  const QSize area = FreeArea(*this).size();
+  if (!testAttribute(Qt::WA_Resized)) adjustSize();  // the view names no size of its own
+  if (FitDialog(*this, area)) resize(size().expandedTo(sizeHint()).boundedTo(area));
+  CentreWindow(*this);
+  memory_.Restore(*this);
+}
+
+// What comes into sight later may be too much for the screen, too.
+bool ScreenDialog::event(QEvent* event) {
+  const bool done = QDialog::event(event);
+  if (event->type() != QEvent::LayoutRequest || popup_ || !isVisible() || isMaximized())
+    return done;
+  const QRect area = FreeArea(*this);
+  const QSize needed = minimumSizeHint();
+  if (needed.boundedTo(area.size()) == needed || needed == tooLarge_) return done;
+  FitDialog(*this, area.size());
+  tooLarge_ = minimumSizeHint();
+  setGeometry(Inside(geometry(), area));
+  return done;
+}
+
 void ScreenDialog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (!popup_) {
-    if (!testAttribute(Qt::WA_Resized)) adjustSize();  // the view names no size of its own
-    CentreWindow(*this);
-    binder_->TakeFirstFocus();
-    return;
-  }
+  if (!popup_) return binder_->TakeFirstFocus();
   const QWidget* opener = parentWidget() ? parentWidget()->window() : nullptr;
   DropBelow(opener ? opener->property(kAnchor).value<QPointer<QWidget>>() : nullptr);
   // Arrows and figures work at once, and Enter takes the choice.
@@ -116,7 +142,7 @@ void ScreenDialog::paintEvent(QPaintEvent* event) {
 void ScreenDialog::DropBelow(const QWidget* anchor) {
   adjustSize();
   if (!anchor) return CentreWindow(*this);
-  const QRect available = anchor->screen()->availableGeometry();
+  const QRect available = FreeArea(*anchor);
   QPoint place = anchor->mapToGlobal(QPoint(anchor->width() - width(), anchor->height() + 2));
   if (place.y() + height() > available.bottom())
     place.setY(anchor->mapToGlobal(QPoint()).y() - height() - 2);

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/screen.h"
+#include "shell/qt/windowmemory.h"
 
 namespace lm {
 
@@ -39,8 +40,11 @@ class ScreenDialog : public QDialog {
   ScreenDialog(const ViewSpec& view, Screen& screen, QWidget* parent);
   ~ScreenDialog() override;
   Binder& Bindings() { return *binder_; }
+  // Comes where it was left, else over the main window, and never larger than the screen.
+  void setVisible(bool visible) override;
 
  protected:
+  bool event(QEvent* event) override;
   void reject() override;
   void closeEvent(QCloseEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -49,10 +53,13 @@ class ScreenDialog : public QDialog {
 
  private:
   bool MayCancel();
+  void TakePlace();
   void DropBelow(const QWidget* anchor);
 
   Screen& screen_;
   bool popup_ = false;
+  QSize tooLarge_;  // what the window still needs though all scrolls
+  WindowMemory memory_;
   std::unique_ptr<Binder> binder_;
 };
 

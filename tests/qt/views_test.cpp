@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTest>
 #include <functional>
 #include <memory>
 #include <set>
@@ -24,12 +26,15 @@
 #include "shell/frmMain.h"
 #include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
+#include "shell/qt/scrolling.h"
 #include "shell/qt/views.h"
 #include "shell/windows.h"
 #include "tests/qt/demo.h"
+#include "tests/qt/pretendedscreen.h"
 #include "tests/reports/chart_desk.h"
 
 namespace lm::test {
@@ -269,6 +274,93 @@ TEST(Views, OptionsBearTheCaptionsOfTheirDeclaration) {
       EXPECT_EQ(shown.toStdString(), caption.toStdString()) << option.name;
     }
   });
+}
+
+bool WhollyInSight(const QWidget& widget) {
+  return widget.visibleRegion().boundingRect() == widget.rect();
+}
+
+TEST(Views, ButtonsStayInSightOnASmallScreen) {
+  const PretendedScreen small(kSmallScreen);
+  Windows windows;
+  windows.ShowEach([&](Screen& screen, const ViewSpec& view) {
+    ScreenDialog dialog(view, screen, nullptr);
+    dialog.show();
+    QApplication::processEvents();
+    EXPECT_TRUE(small.screen.contains(dialog.geometry()))
+        << view.screen << " " << dialog.width() << " x " << dialog.height();
+    for (const Button* button : {screen.defaultButton, screen.cancelButton}) {
+      if (!button || !button->Visible()) continue;
+      EXPECT_TRUE(WhollyInSight(*dialog.Bindings().WidgetOf(*button)))
+          << view.screen << " " << button->Name();
+    }
+  });
+}
+
+TEST(Views, NothingScrollsOnALargeScreen) {
+  const PretendedScreen large(kLargeScreen);
+  Windows windows;
+  windows.ShowEach([](Screen& screen, const ViewSpec& view) {
+    ScreenDialog dialog(view, screen, nullptr);
+    dialog.show();
+    QApplication::processEvents();
+    EXPECT_EQ(dialog.findChild<ScrollBody*>(), nullptr) << view.screen;
+  });
+}
+
+TEST(Views, TheTabKeyBringsFieldsIntoSight) {
+  const PretendedScreen small({853, 300});
+  Windows windows;
+  for (const std::string name : {"frmSession", "frmAddExpenses", "frmPractice"})
+    windows.Show(name, [&](Screen& screen) {
+      ScreenDialog dialog(*FindView(name), screen, nullptr);
+      dialog.show();
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+      ASSERT_NE(dialog.findChild<ScrollBody*>(), nullptr) << name;
+      std::set<const QWidget*> reached;
+      while (reached.insert(dialog.focusWidget()).second) {
+        EXPECT_FALSE(dialog.focusWidget()->visibleRegion().isEmpty())
+            << name << " " << dialog.focusWidget()->objectName().toStdString();
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+      }
+      EXPECT_GT(reached.size(), 5u) << name;
+    });
+}
+
+TEST(Views, TheMainWindowFitsASmallScreenWithEachPage) {
+  const PretendedScreen small(kSmallScreen);
+  TestLedger test;
+  FillDemo(test);
+  WindowCatalogue windows;
+  AddWindows(windows);
+  frmMain screen(test, windows);
+  MainWindow window(screen);
+  screen.showWindow();
+  test.ledger.starting = false;
+  for (const auto& page : screen.Pages()) {
+    screen.ShowPage(page->Spec().page);
+    QApplication::processEvents();
+    EXPECT_TRUE(small.screen.contains(window.geometry()))
+        << page->Spec().caption << " " << window.x() << " " << window.y() << " " << window.width()
+        << " x " << window.height();
+    for (const PageButton& each : page->Buttons()) {
+      const QWidget* button = window.Bindings().WidgetOf(*each.button);
+      EXPECT_TRUE(!button->isVisible() || WhollyInSight(*button)) << each.button->Name();
+    }
+  }
+}
+
+TEST(Views, ALongMessageLeavesItsButtonsInSight) {
+  const PretendedScreen small(kSmallScreen);
+  MessageBoxText message;
+  for (int line = 0; line < 60; ++line) {
+    message.mainPrompt += "A line of the main prompt.\n";
+    message.minorPrompt += "A line of the minor prompt.\n";
+  }
+  message.offerStopTips = true;
+  frmMesgBox box(message);
+  box.show();
+  EXPECT_TRUE(small.screen.contains(box.geometry())) << box.height();
 }
 
 TEST(Views, MainWindowShowsEveryFieldAndCommand) {

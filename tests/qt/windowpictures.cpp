@@ -1,5 +1,6 @@
 // Saves a picture of every window, filled with sample data, into the folder that
-// LEDGERMINDER_PICTURES names. "dark" as argument takes a dark palette; QT_SCALE_FACTOR scales.
+// LEDGERMINDER_PICTURES names. "dark" as argument takes a dark palette; "853x533" a screen of that
+// size; QT_SCALE_FACTOR scales.
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
@@ -49,6 +50,7 @@
 #include "shell/qt/binder.h"
 #include "shell/qt/calendarprint.h"
 #include "shell/qt/chartpainting.h"
+#include "shell/qt/freearea.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
@@ -73,6 +75,21 @@ void Grab(QWidget& window, const QString& name) {
   for (int i = 0; i < 5; ++i) QApplication::processEvents();
   const QString file = qEnvironmentVariable("LEDGERMINDER_PICTURES") + "/" + name + suffix + ".png";
   if (!window.grab().save(file)) qFatal("cannot write %s", qPrintable(file));
+}
+
+// The offscreen platform's own screen is smaller than any of today.
+void UseScreenOf(const QStringList& arguments) {
+  QSize screen(1920, 1040);
+  for (const QString& argument : arguments) {
+    const QStringList sides = argument.split('x');
+    if (sides.size() == 2 && sides[0].toInt() > 0 && sides[1].toInt() > 0)
+      screen = {sides[0].toInt(), sides[1].toInt()};
+  }
+  PretendScreen(QRect(QPoint(), screen));
+}
+
+void ResizeMain(QWidget& window) {
+  window.resize(QSize(1240, 780).boundedTo(FreeArea(window).size()));
 }
 
 QPalette DarkPalette() {
@@ -207,7 +224,7 @@ void GrabMain(test::TestLedger& test) {
   frmMain screen(test, windows);
   MainWindow window(screen);
   screen.SetWindowTitle();
-  window.resize(1240, 780);
+  ResizeMain(window);
   for (const auto& each : screen.Pages()) {
     const PageSpec& page = each->Spec();
     screen.ShowPage(page.page);
@@ -264,7 +281,7 @@ void GrabToday(test::TestLedger& test) {
   const auto grab = [&](Ledger& ledger, const QSize& size, const QString& name) {
     frmMain screen(ledger, windows);
     MainWindow window(screen);
-    window.resize(size);
+    window.resize(size.boundedTo(FreeArea(window).size()));
     screen.ShowPage(Page::LMToday);
     Grab(window, name);
   };
@@ -441,7 +458,7 @@ void GrabPension(test::TestLedger& test) {
     frmMain screen(test, windows);
     MainWindow window(screen);
     screen.SetWindowTitle();
-    window.resize(1240, 780);
+    ResizeMain(window);
     screen.ShowPage(Page::Pension);
     auto& tabs = screen.PageOf<PensionPage>().tabForm;
     for (int tab = 0; tab < tabs.Count(); ++tab) {
@@ -533,6 +550,7 @@ int main(int argc, char** argv) {
   QApplication::setPalette(ReadablePalette(QApplication::palette()));
   if (application.devicePixelRatio() > 1)
     suffix += QString("-%1").arg(application.devicePixelRatio());
+  UseScreenOf(application.arguments());
   lm::test::TestLedger test;
   lm::test::FillDemo(test);
   GrabMain(test);
