@@ -99,42 +99,48 @@ QTabBar* TabBarOf(QWidget& widget) {
 }
 
 Binder::Binder(QWidget& view, Screen& screen) : view_(view), screen_(screen) {
+  Add(view);
+  ConnectShortcuts();
+  screen_.SetObserver(this);
+}
+
+void Binder::Add(QWidget& part) {
   std::unordered_map<std::string, QWidget*> widgets;
-  for (QWidget* widget : view.findChildren<QWidget*>())
+  for (QWidget* widget : part.findChildren<QWidget*>())
     widgets.try_emplace(ToUpper(FromQt(widget->objectName())), widget);
   const auto find = [&](const std::string& name) {
     const auto found = widgets.find(ToUpper(name));
     return found == widgets.end() ? nullptr : found->second;
   };
-  for (Field* field : screen.Fields())
-    if (QWidget* widget = find(field->Name())) bound_.push_back({field, widget, {}, {}});
-  for (QLabel* label : view.findChildren<QLabel*>())
+  std::vector<Bound*> added;
+  for (Field* field : screen_.Fields())
+    if (QWidget* widget = find(field->Name()))
+      added.push_back(&bound_.emplace_back(Bound{field, widget, {}, {}}));
+  for (QLabel* label : part.findChildren<QLabel*>())
     if (Bound* bound = Of(label->buddy())) bound->captions.push_back(label);
-  for (QWidget* widget : view.findChildren<QWidget*>())
+  for (QWidget* widget : part.findChildren<QWidget*>())
     if (QWidget* leader = find(FromQt(widget->property(kShownWith).toString())))
       if (Bound* bound = Of(leader)) bound->companions.push_back(widget);
-  for (Bound& bound : bound_) {
-    Show(bound);
-    Connect(bound);
-    NameForReaders(bound);
+  for (Bound* bound : added) {
+    Show(*bound);
+    Connect(*bound);
+    NameForReaders(*bound);
   }
-  for (const Screen::ListedGrid& listed : screen.Grids()) {
+  for (const Screen::ListedGrid& listed : screen_.Grids()) {
     auto* gridView = qobject_cast<GridView*>(find(listed.grid->Name()));
     if (!gridView) continue;
     grids_.push_back(gridView);
-    gridView->Bind(screen, *listed.grid);
+    gridView->Bind(screen_, *listed.grid);
     gridView->mayLeaveBoxes = [this] { return CommitBoxes(); };
     if (gridView->accessibleName().isEmpty())
       gridView->setAccessibleName(ToQt(listed.grid->Name().substr(2)));
   }
-  for (GridView* headings : view.findChildren<GridView*>())
-    if (Grid* grid = screen.FindGrid(FromQt(headings->HeadingsOf())).grid) {
+  for (GridView* headings : part.findChildren<GridView*>())
+    if (Grid* grid = screen_.FindGrid(FromQt(headings->HeadingsOf())).grid) {
       grids_.push_back(headings);
-      headings->Bind(screen, *grid);
+      headings->Bind(screen_, *grid);
     }
-  ConnectShortcuts();
   ShowDefaultButton();
-  screen_.SetObserver(this);
 }
 
 Binder::~Binder() {

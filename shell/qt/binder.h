@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 #include <functional>
+#include <list>
 #include <vector>
 
 #include "core/screen.h"
@@ -28,8 +29,10 @@ class Binder : public QObject, private ScreenObserver {
   // Both outlive the binder.
   Binder(QWidget& view, Screen& screen);
   ~Binder() override;
+  // Binds what stands in `part`, which has come into the view since.
+  void Add(QWidget& part);
 
-  // Null for a field or a list that the view does not show.
+  // Null for a field or a list that the view does not show, or not yet.
   QWidget* WidgetOf(const Field& field) const;
   GridView* ViewOf(const Grid& grid) const;
   // Hands over what was typed and not yet left. False when a field refused it.
@@ -83,8 +86,9 @@ class Binder : public QObject, private ScreenObserver {
 
   QWidget& view_;
   Screen& screen_;
-  std::vector<Bound> bound_;
-  std::vector<GridView*> grids_;
+  // Lists, since what a field does may add a part while they are walked through.
+  std::list<Bound> bound_;
+  std::list<GridView*> grids_;
   std::vector<QPointer<QWidget>> left_;  // text boxes that lost the focus and wait for their turn
   const Button* shownDefault_ = nullptr;
   bool showing_ = false;  // the view follows the screen; not an act of the user

@@ -67,7 +67,6 @@ MainWindow::MainWindow(frmMain& screen)
   column->setSpacing(12);
   column->addWidget(BuildHead());
   pages_ = new QStackedWidget;
-  for (const auto& page : screen.Pages()) pages_->addWidget(MakePageWidget(*page));
   column->addWidget(pages_, 1);
   across->addWidget(content, 1);
   setCentralWidget(central);
@@ -76,10 +75,9 @@ MainWindow::MainWindow(frmMain& screen)
   ApplyLineIcons(*this);
 
   binder_ = std::make_unique<Binder>(*this, screen);
-  BindLists();
-  for (const auto& page : screen.Pages())
-    for (const PageButton& each : page->Buttons())
-      if (!each.menu.empty()) DropMenu(each.menu, *each.button);
+  statusTimer_.setSingleShot(true);
+  statusTimer_.setInterval(kStatusDelay);
+  connect(&statusTimer_, &QTimer::timeout, this, &MainWindow::RefreshStatus);
   const auto showCaption = [this] { setWindowTitle(ToQt(screen_.Caption())); };
   showCaption();
   binder_->onCaptionChanged = showCaption;
@@ -90,7 +88,7 @@ MainWindow::MainWindow(frmMain& screen)
   screen_.layOut = [this](bool allPages) {
     if (allPages) {
       for (GridView* list : findChildren<GridView*>()) list->ReadLayout();
-      ShowKeys();
+      for (const auto& page : widgets_) ShowKeys(*page.first);
     }
     ShowPage();
   };
@@ -103,7 +101,6 @@ MainWindow::MainWindow(frmMain& screen)
       PrintGrid(ledger_, grid, {title, period}, this);
   };
   screen_.RefreshCommands();
-  ShowKeys();
   qApp->installEventFilter(this);
   ShowPage();
 }
@@ -267,15 +264,14 @@ void MainWindow::ShowShortcutBar() {
 }
 
 // The buttons tell which keys press them.
-void MainWindow::ShowKeys() {
-  for (const auto& page : screen_.Pages())
-    for (const PageButton& each : page->Buttons()) {
-      QWidget* button = binder_->WidgetOf(*each.button);
-      const QString keys = ToQt(page->KeysOf(*each.button));
-      if (button && each.button->ToolTip().empty())
-        button->setToolTip(keys.isEmpty() ? QString()
-                                          : tr("%1 (%2)").arg(ToQt(each.button->Text()), keys));
-    }
+void MainWindow::ShowKeys(const MainPage& page) {
+  for (const PageButton& each : page.Buttons()) {
+    QWidget* button = binder_->WidgetOf(*each.button);
+    const QString keys = ToQt(page.KeysOf(*each.button));
+    if (button && each.button->ToolTip().empty())
+      button->setToolTip(keys.isEmpty() ? QString()
+                                        : tr("%1 (%2)").arg(ToQt(each.button->Text()), keys));
+  }
 }
 
 // Pages
@@ -290,11 +286,22 @@ QWidget* MainWindow::BuildHead() {
   return title;
 }
 
-void MainWindow::BindLists() {
-  statusTimer_.setSingleShot(true);
-  statusTimer_.setInterval(kStatusDelay);
-  connect(&statusTimer_, &QTimer::timeout, this, &MainWindow::RefreshStatus);
-  for (GridView* list : findChildren<GridView*>()) {
+QWidget* MainWindow::WidgetOf(const MainPage& page) {
+  QWidget*& widget = widgets_[&page];
+  if (widget) return widget;
+  widget = MakePageWidget(page);
+  pages_->addWidget(widget);
+  ApplyLineIcons(*widget);
+  binder_->Add(*widget);
+  BindLists(*widget);
+  for (const PageButton& each : page.Buttons())
+    if (!each.menu.empty()) DropMenu(each.menu, *each.button);
+  ShowKeys(page);
+  return widget;
+}
+
+void MainWindow::BindLists(const QWidget& page) {
+  for (GridView* list : page.findChildren<GridView*>()) {
     Grid* grid = list->Shown();
     if (!grid) continue;
     list->onHeaderClicked = [this, list, grid](int col) {
@@ -324,9 +331,9 @@ GridView* MainWindow::CurrentList() const {
 
 void MainWindow::ShowPage() {
   ShowShortcutBar();
-  const int index = ColumnOf(screen_.CurrentPage()) - 1;
-  const bool another = pages_->currentIndex() != index;
-  pages_->setCurrentIndex(index);
+  QWidget* page = WidgetOf(screen_.FrontPage());
+  const bool another = pages_->currentWidget() != page;
+  pages_->setCurrentWidget(page);
   GridView* list = CurrentList();
   for (QWidget* part = list; part && part != pages_->currentWidget(); part = part->parentWidget())
     if (auto* stack = qobject_cast<QStackedWidget*>(part->parentWidget()))

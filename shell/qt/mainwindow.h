@@ -47,9 +47,11 @@ class MainWindow : public QMainWindow {
   QWidget* BuildShortcutBar();
   QWidget* BuildHead();
   void BuildStatusBar();
-  void BindLists();
+  // Built when the page is first shown.
+  QWidget* WidgetOf(const MainPage& page);
+  void BindLists(const QWidget& page);
   void ShowShortcutBar();
-  void ShowKeys();
+  void ShowKeys(const MainPage& page);
   void ShowPage();
   void FocusPage();
   void ShowSortMark(GridView& list);
@@ -67,6 +69,7 @@ class MainWindow : public QMainWindow {
   QLabel* typedDetails_ = nullptr;
   bool walkingTheBar_ = false;  // the page changes because the bar's current row did
   std::map<QAction*, const MenuNode*> actions_;
+  std::map<const MainPage*, QWidget*> widgets_;  // of the pages that were shown
   QTimer statusTimer_;
   QSize tooLarge_;  // what the window still needs though its pages scroll
   WindowMemory memory_;

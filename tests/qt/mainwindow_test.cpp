@@ -47,6 +47,10 @@ struct Running {
     window->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
+  // A page's widgets are there once it was shown.
+  void ShowEveryPage() {
+    for (const auto& page : screen->Pages()) screen->ShowPage(page->Spec().page);
+  }
   template <typename Widget>
   Widget* Find(const char* name) {
     return window->findChild<Widget*>(name);
@@ -56,6 +60,7 @@ struct Running {
 // A letter that a shortcut has with Alt never reaches the menu or box under whose letter it is.
 TEST(MainWindow, UnderlinesNoLetterThatAShortcutHas) {
   Running run;
+  run.ShowEveryPage();
   QStringList texts;
   std::set<int> ofMenus;
   for (const QAction* menu : run.window->menuBar()->actions()) {
@@ -77,8 +82,24 @@ TEST(MainWindow, UnderlinesNoLetterThatAShortcutHas) {
   }
 }
 
+TEST(MainWindow, APageShowsWhatWasToldBeforeItWasBuilt) {
+  Running run;
+  Field& button = run.screen->PageOf<SessionsPage>().cmdAddSession;
+  ASSERT_EQ(run.Find<QPushButton>("cmdAddSession"), nullptr);
+  button.SetEnabled(false);
+  button.SetToolTip("Not today");
+  run.screen->ShowPage(Page::Sessions);
+  const auto* shown = run.Find<QPushButton>("cmdAddSession");
+  EXPECT_FALSE(shown->isEnabled());
+  EXPECT_EQ(shown->toolTip(), "Not today");
+  run.screen->ShowPage(Page::Practices);
+  run.screen->ShowPage(Page::Sessions);
+  EXPECT_EQ(run.window->findChildren<QPushButton*>("cmdAddSession").size(), 1);
+}
+
 TEST(MainWindow, ButtonsTellTheirKeys) {
   Running run;
+  run.ShowEveryPage();
   EXPECT_EQ(run.Find<QPushButton>("cmdAddSession")->toolTip(), "Add Session (Ctrl+N)");
   EXPECT_EQ(run.Find<QPushButton>("cmdAddManySessions")->toolTip(),
             "Add Several Sessions (Ctrl+M)");

@@ -369,15 +369,15 @@ TEST(Views, MainWindowShowsEveryFieldAndCommand) {
   AddWindows(windows);
   frmMain screen(test, windows);
   MainWindow window(screen);
-  for (const Field* field : screen.Fields()) {
-    if (FindCommand(field->Name())) continue;  // menus are looked at with the main window
-    EXPECT_NE(window.Bindings().WidgetOf(*field), nullptr) << field->Name();
-  }
   test.ledger.starting = false;
   for (const auto& page : screen.Pages()) {
     screen.ShowPage(page->Spec().page);
     EXPECT_EQ(screen.PageGrid() != nullptr, window.CurrentList() != nullptr)
         << page->Spec().caption;
+  }
+  for (const Field* field : screen.Fields()) {
+    if (FindCommand(field->Name())) continue;  // menus are looked at with the main window
+    EXPECT_NE(window.Bindings().WidgetOf(*field), nullptr) << field->Name();
   }
 }
 
