@@ -38,12 +38,25 @@ namespace {
 
 constexpr int kBarIcon = 22;
 constexpr int kBarRow = 42;
+constexpr int kBarAir = 10;        // pixels above and below a row's words, at least
 constexpr int kStatusDelay = 150;  // ms; counting waits until the changes are over
 
 bool IsTextBox(const QWidget& widget) {
   return widget.inherits("QLineEdit") || widget.inherits("QPlainTextEdit") ||
          widget.inherits("QTextEdit");
 }
+
+// On a low screen the rows move together, so that all pages stay in sight.
+class PageBar : public QListWidget {
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QListWidget::resizeEvent(event);
+    const int room = viewport()->height() / std::max(count(), 1) - 2 * spacing();
+    const int words = fontMetrics().height();
+    const int height = std::clamp(room, words + kBarAir, std::max(kBarRow, words + 18));
+    for (int row = 0; row < count(); ++row) item(row)->setSizeHint(QSize(0, height));
+  }
+};
 
 }  // namespace
 
@@ -225,7 +238,7 @@ void MainWindow::RefreshMenu(QMenu& menu) {
 // Shortcut bar
 
 QWidget* MainWindow::BuildShortcutBar() {
-  bar_ = new QListWidget;
+  bar_ = new PageBar;
   bar_->setObjectName("fgMenu");
   bar_->setAccessibleName(tr("Pages"));
   bar_->setFrameShape(QFrame::NoFrame);

@@ -336,6 +336,9 @@ TEST(Views, TheMainWindowFitsASmallScreenWithEachPage) {
   frmMain screen(test, windows);
   MainWindow window(screen);
   screen.showWindow();
+  QApplication::processEvents();
+  const auto* bar = window.findChild<QListWidget*>("fgMenu");
+  EXPECT_TRUE(bar->viewport()->rect().contains(bar->visualItemRect(bar->item(bar->count() - 1))));
   test.ledger.starting = false;
   for (const auto& page : screen.Pages()) {
     screen.ShowPage(page->Spec().page);
