@@ -280,6 +280,11 @@ std::string FormatDate(Date date, std::string_view pattern) {
   return FormatMoment(date, pattern, KindOf(pattern).twelveHours);
 }
 
+std::string DayText(std::string_view cell) {
+  const auto date = CellDate(cell);
+  return date ? FormatDate(*date, "ddd d mmm yyyy") : "";
+}
+
 std::string Format(std::string_view text, std::string_view pattern) {
   if (pattern.empty()) return std::string(text);
   if (IsNumeric(text)) return Format(NumericValue(text), pattern);

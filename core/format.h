@@ -40,6 +40,9 @@ std::string Format(std::string_view text, std::string_view pattern);
 std::string HoursText(Double days);
 constexpr std::string_view kHoursFormat = "[h]:nn";
 
+// The text of a date as a sentence names it: "Tue 3 Feb 2026"; "" for what is no date.
+std::string DayText(std::string_view cell);
+
 // The pattern "0.00", by which every money field of a window is written.
 std::string Money(Double value);
 std::string Money(Single value);

@@ -198,6 +198,12 @@ class GridRules {
   // and the editor stays open.
   virtual std::optional<std::string> Accept(int row, int col, std::string_view text);
   virtual void Edited(int /*row*/, int /*col*/) {}
+  // Why this row is locked, "" when it is not.
+  virtual std::string LockedBy(int /*row*/) { return {}; }
+  virtual void LockPressed(int /*row*/) {}  // shows the record that locks it
+  // A cell to type into among others that are not: it wears a pencil, or a padlock while its row is
+  // locked.
+  virtual bool InvitesTyping(int /*row*/, int /*col*/) { return false; }
   virtual void Opened(int /*row*/) {}  // double click, or Enter on a row
   virtual void AddPressed() {}         // the list's own add
   virtual void DeletePressed(int /*row*/) {}

@@ -142,7 +142,7 @@ constexpr ColumnSpec kInvoices[] = {
 constexpr ColumnSpec kPensionA[] = {
     Hidden("ID", "ID"),
     List("PRACTICE", "Practice", Lookup::Practices, kPracticeWidth),
-    Day("MONTH", "Month"),
+    Month(),
     Text("SESSIONS", "Sessions"),
     Number("AMOUNT", "Amount"),
     Number("PENSIONABLE", "Pensionable"),
@@ -156,7 +156,7 @@ constexpr ColumnSpec kPensionA[] = {
 
 constexpr ColumnSpec kPensionB[] = {
     Hidden("ID", "ID"),
-    Day("MONTH", "Month"),
+    Month(),
     Number("AMOUNT", "Amount"),
     Number("PENSIONABLE", "Pensionable"),
     Number("CONTRIBUTION", "My Contrib."),

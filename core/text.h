@@ -46,6 +46,8 @@ std::string RemoveAny(std::string_view text, std::string_view characters);
 std::vector<std::string_view> Split(std::string_view text, char separator);
 
 std::string Join(const std::vector<std::string>& pieces, std::string_view separator);
+// "a", "a and b", "a, b and c"; "" for none.
+std::string Enumerated(const std::vector<std::string>& parts);
 
 // Comparisons and look-ups that ignore case.
 bool EqualsIgnoreCase(std::string_view a, std::string_view b);

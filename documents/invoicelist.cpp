@@ -44,6 +44,12 @@ void InvoiceListRules::Edited(int row, int /*col*/) {
   MarkEdited(ledger_, ledger_.fgInvoices, row);
 }
 
+// It keeps its sessions and cannot be deleted; its cells stay open.
+std::string InvoiceListRules::LockedBy(int row) {
+  if (!IsInvoice(row) || ledger_.fgInvoices.TextMatrix(row, "SDATE").empty()) return "";
+  return "Sent on " + ledger_.fgInvoices.DisplayText(row, "SDATE");
+}
+
 void InvoiceListRules::Opened(int row) {
   if (IsInvoice(row)) OpenInvoice(ledger_, ledger_.fgInvoices.TextMatrix(row, "ID"));
 }

@@ -6,6 +6,7 @@
 #include "core/change.h"
 #include "core/dates.h"
 #include "core/files.h"
+#include "core/format.h"
 #include "core/formatting.h"
 #include "core/messagebox.h"
 #include "core/platform.h"
@@ -74,6 +75,17 @@ bool AddToNewInvoice(Ledger& ledger, int session, const std::string& practiceId)
   return true;
 }
 
+// "Riverside Surgery, Tue 3 Feb 2026, £384.00"; what is empty is left out.
+std::string WhatItIs(const Ledger& ledger, int row) {
+  const Grid& invoices = ledger.fgInvoices;
+  std::vector<std::string> parts{
+      PracticeName(ledger, invoices.TextMatrix(row, "PRACTICE")),
+      DayText(invoices.TextMatrix(row, "IDATE")),
+      Format(CurrencyOf(invoices.TextMatrix(row, "AMOUNT")), "£#,##0.00"_w)};
+  std::erase(parts, "");
+  return Join(parts, ", ");
+}
+
 }  // namespace
 
 int InvoiceRow(const Ledger& ledger, std::string_view id) {
@@ -109,7 +121,7 @@ bool DeleteInvoice(Ledger& ledger, const std::string& id, std::string_view sent)
     return false;
   }
   if (!Ask(ledger, "Delete invoice " + invoices.TextMatrix(row, "NUMBER") + "?",
-           "Its sessions become uninvoiced.", "Delete Invoice"))
+           WhatItIs(ledger, row) + ".\\nIts sessions become uninvoiced.", "Delete Invoice"))
     return false;
   const Change change(ledger, "Delete Invoice");
   Grid& sessions = ledger.fgSessions;

@@ -9,6 +9,7 @@
 #include "core/platform.h"
 #include "core/rows.h"
 #include "core/text.h"
+#include "pension/locks.h"
 #include "records/batchpreview.h"
 #include "records/practices.h"
 #include "records/sessionrules.h"
@@ -34,12 +35,10 @@ std::vector<Practice> PracticesWithType(const Ledger& ledger, const MonthSession
 
 // A form that the form of a later month has taken up cannot be overwritten.
 bool IsFree(Ledger& ledger, const FormRow& old, std::string_view title, std::string_view heading) {
-  const PensionForm* takenUpBy = old.form.takenUpBy;
-  const Month received = takenUpBy ? Month::OfCell(old.Cell("RCVDFROMPRACTICE")) : Month();
-  if (!received || RowOfForm(ledger, *takenUpBy, received) < 0) return true;
-  const std::string month = received.Text("mmm yyyy");
+  if (RowTakenUpBy(ledger, old) < 0) return true;
+  const std::string month = Month::OfCell(old.Cell("RCVDFROMPRACTICE")).Text("mmm yyyy");
   const std::string name(old.form.name);
-  const std::string other(takenUpBy->name);
+  const std::string other(old.form.takenUpBy->name);
   ShowMessage(ledger, heading,
               "This " + name +
                   " has already been received back from the Practice and included on " + other +

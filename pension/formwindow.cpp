@@ -1,5 +1,7 @@
 #include "pension/formwindow.h"
 
+#include <algorithm>
+
 #include "core/change.h"
 #include "core/format.h"
 #include "core/messagebox.h"
@@ -43,6 +45,14 @@ class FormWindow::DetailRules : public GridRules {
     return EnterAmount(window_.ledger, text);
   }
   void Edited(int row, int) override { window_.FigureEdited(row); }
+  // The dates of the form say it too, but not on the line.
+  std::string LockedBy(int row) override {
+    const std::string& sent = window_.cSentToHA.Text();
+    return window_.IsFigureToType(row) && !sent.empty() ? "Sent to the HA on " + sent : "";
+  }
+  bool InvitesTyping(int row, int col) override {
+    return col == ValueCol() && window_.IsFigureToType(row);
+  }
   void Opened(int row) override {
     if (MayEdit(row, ValueCol())) window_.RequestCellEdit(window_.fgDetails, row, ValueCol());
   }
@@ -66,8 +76,13 @@ FormWindow::FormWindow(Ledger& theLedger, const PensionForm& form, std::vector<s
     MarkNotes();
     return true;
   };
-  BindDate({cSentToHA, cmdSentToHA, "Sent To HA"});
+  BindDate({cSentToHA, cmdSentToHA, "Sent To HA"}, [this] {
+    ShowTypedOver();
+    return true;
+  });
   MakeDetails();
+  const auto typedOver = [](const FormFigure& figure) { return figure.editable; };
+  lblTypedOver.SetVisible(std::ranges::any_of(form_.figures, typedOver));
   AddGrid(fgDetails, detailRules_.get());
 
   cmdOk.SetText("&OK");
@@ -106,6 +121,7 @@ bool FormWindow::Open(int row) {
   SetCaption(caption);
   MarkNotes();
   ShowFigures();
+  ShowTypedOver();
   Filled();
   return true;
 }
@@ -158,7 +174,16 @@ void FormWindow::CellClicked(Grid& grid, int row, int col) {
 // ---- Changing it
 
 bool FormWindow::MayEditLine(int row) const {
-  return fgDetails.TextMatrix(row, "EDIT") == "Y" && cSentToHA.Text().empty();
+  return IsFigureToType(row) && cSentToHA.Text().empty();
+}
+
+bool FormWindow::IsFigureToType(int row) const { return fgDetails.TextMatrix(row, "EDIT") == "Y"; }
+
+void FormWindow::ShowTypedOver() {
+  const bool sent = !cSentToHA.Text().empty();
+  lblTypedOver.SetText(sent ? "The figures are locked, since the form was sent to the HA on " +
+                                  cSentToHA.Text() + "."
+                            : "Figures with a pencil may be typed over.");
 }
 
 void FormWindow::FigureEdited(int row) {

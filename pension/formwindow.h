@@ -33,6 +33,7 @@ class FormWindow : public Screen {
   LabelField lblMonth{this, "lblMonth"};
   TextField cSentToHA{this, "cSentToHA"};
   Button cmdSentToHA{this, "cmdSentToHA"};
+  LabelField lblTypedOver{this, "lblTypedOver"};
   TextField cNotes{this, "cNotes"};
 
   Grid fgDetails{"fgDetails"};
@@ -66,6 +67,8 @@ class FormWindow : public Screen {
   void ShowFigures();
   void MarkNotes();
   bool MayEditLine(int row) const;
+  bool IsFigureToType(int row) const;
+  void ShowTypedOver();
   void FigureEdited(int row);
   int Row() const;
   void TakeFields();

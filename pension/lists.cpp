@@ -57,6 +57,19 @@ class FormListRules : public GridRules {
     MarkEdited(ledger_, table_, row);
   }
 
+  std::string LockedBy(int row) override {
+    return IsRecord(table_, row) ? FormLockText(ledger_, {form_, table_, row}) : "";
+  }
+
+  void LockPressed(int row) override {
+    if (LockedBy(row).empty()) return;
+    const int other = RowTakenUpBy(ledger_, {form_, table_, row});
+    if (other >= 0 && form_.takenUpBy->open)
+      form_.takenUpBy->open(ledger_, other);
+    else
+      Opened(row);
+  }
+
   void Opened(int row) override {
     if (!IsRecord(table_, row)) return;
     if (form_.open)

@@ -5,6 +5,7 @@
 
 #include "core/messagebox.h"
 #include "core/platform.h"
+#include "core/text.h"
 #include "pension/forms.h"
 
 namespace lm {
@@ -90,6 +91,29 @@ bool MaySetReceivedDate(Ledger& ledger, const PensionForm& form, std::string_vie
           monthForm + " for the month of " + month + ". You can then enter the " + name +
           " as returned this month, and then recreate the " + monthForm + " for the month.");
   return false;
+}
+
+int RowTakenUpBy(const Ledger& ledger, const FormRow& record) {
+  const PensionForm* takenUpBy = record.form.takenUpBy;
+  const Month received = takenUpBy ? Month::OfCell(record.Cell("RCVDFROMPRACTICE")) : Month();
+  return received ? RowOfForm(ledger, *takenUpBy, received) : -1;
+}
+
+std::string FormLockText(const Ledger& ledger, const FormRow& record) {
+  if (RowTakenUpBy(ledger, record) >= 0)
+    return "On " + std::string(record.form.takenUpBy->name) + " for " +
+           Month::OfCell(record.Cell("RCVDFROMPRACTICE")).Text("mmm yyyy");
+  const auto lockedBy = [&](const SentLock::Step& step) {
+    if (record.Cell(step.date).empty()) return std::string();
+    std::string words =
+        std::string(step.words) + " on " + record.cells.DisplayText(record.row, step.date);
+    words.front() = ToUpper(words.substr(0, 1)).front();
+    return words;
+  };
+  std::string text = lockedBy(kStepToHA[0]);
+  for (const SentLock::Step& step : record.form.sent->steps)
+    if (text.empty()) text = lockedBy(step);
+  return text;
 }
 
 }  // namespace lm

@@ -2,6 +2,7 @@
 // and the windows. Texts differ a little between the two, so each asks for its own.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/ledger.h"
@@ -23,5 +24,11 @@ bool MayChangeReceivedDate(Ledger& ledger, const PensionForm& form, std::string_
 // A date (dd/mm/yyyy, "" for none) that shall be set.
 bool MaySetReceivedDate(Ledger& ledger, const PensionForm& form, std::string_view newDate,
                         AskedFrom from);
+
+// Why the figures of a form or the form itself are locked: "On Form B for Feb 2026", or else the
+// last step that it has gone, "Sent to the HA on 03/02/2026". "" when it is not.
+std::string FormLockText(const Ledger& ledger, const FormRow& record);
+// Row of the form that has taken this one up, in the table of that form; -1 when none has.
+int RowTakenUpBy(const Ledger& ledger, const FormRow& record);
 
 }  // namespace lm

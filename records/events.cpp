@@ -2,6 +2,7 @@
 
 #include "core/change.h"
 #include "core/dates.h"
+#include "core/format.h"
 #include "core/messagebox.h"
 #include "core/rows.h"
 
@@ -12,8 +13,12 @@ bool EndsBeforeItStarts(std::string_view startDate, std::string_view endDate) {
   return start && end && *end < *start;
 }
 
-bool AskDeleteEvent(Ledger& ledger, const std::string& title) {
-  return Ask(ledger, "Delete event '" + title + "'?");
+bool AskDeleteEvent(Ledger& ledger, const std::string& title, std::string_view startDate,
+                    std::string_view endDate) {
+  std::string days = DayText(startDate);
+  const std::string end = DayText(endDate);
+  if (!days.empty() && !end.empty() && end != days) days += " to " + end;
+  return Ask(ledger, "Delete event '" + title + "'?", days);
 }
 
 bool DeleteEventOfRow(Ledger& ledger, int row) {
@@ -26,7 +31,9 @@ bool DeleteEventOfRow(Ledger& ledger, int row) {
     ShowMessage(ledger, "Delete Event", "Select an ungrouped row.");
     return false;
   }
-  if (!AskDeleteEvent(ledger, events.TextMatrix(row, "TITLE"))) return false;
+  if (!AskDeleteEvent(ledger, events.TextMatrix(row, "TITLE"), events.TextMatrix(row, "SDATE"),
+                      events.TextMatrix(row, "EDATE")))
+    return false;
   const Change change(ledger, "Delete Event");
   events.RemoveItem(row);
   return true;

@@ -15,8 +15,9 @@ constexpr std::string_view kEventEndsEarly = "The end date cannot be earlier tha
 // Whether an end comes before a start, by the texts of both; a missing or damaged one does not.
 bool EndsBeforeItStarts(std::string_view startDate, std::string_view endDate);
 
-// Whether the user means it.
-bool AskDeleteEvent(Ledger& ledger, const std::string& title);
+// Whether the user means it; the texts of its days, "" for none, tell it from others of its title.
+bool AskDeleteEvent(Ledger& ledger, const std::string& title, std::string_view startDate,
+                    std::string_view endDate);
 // Asks and removes the event; false after its message when no event is selected, or when the user
 // thought better of it.
 bool DeleteEventOfRow(Ledger& ledger, int row);

@@ -89,7 +89,7 @@ void frmEvent::Ok() {
 // A new event is in no table yet: there is only the window to close.
 void frmEvent::Delete() {
   const bool gone = cID.Text().empty()
-                        ? AskDeleteEvent(ledger, cTitle.Text())
+                        ? AskDeleteEvent(ledger, cTitle.Text(), cSDate.Text(), cEDate.Text())
                         : DeleteEventOfRow(ledger, RecordRow(ledger.fgEvents, cID.Text()));
   if (gone) Close();
 }

@@ -8,6 +8,7 @@
 #include "core/platform.h"
 #include "core/rows.h"
 #include "entry/checks.h"
+#include "records/sessionlock.h"
 #include "records/sessionrules.h"
 #include "records/windows.h"
 
@@ -81,6 +82,10 @@ void SessionListRules::Edited(int row, int col) {
   if (timed || key == "RATE" || key == "SESS_TYPE") GridRecalculation(ledger_, row);
   MarkEdited(ledger_, ledger_.fgSessions, row);
 }
+
+std::string SessionListRules::LockedBy(int row) { return SessionLockText(ledger_, row); }
+
+void SessionListRules::LockPressed(int row) { OpenSessionLock(ledger_, row); }
 
 void SessionListRules::Opened(int row) {
   if (const std::string id = IdToOpen(row); !id.empty()) OpenSession(ledger_, id);

@@ -13,6 +13,8 @@ class SessionListRules : public GridRules {
   Picker PickerOf(int row, int col) override;
   std::optional<std::string> Accept(int row, int col, std::string_view text) override;
   void Edited(int row, int col) override;
+  std::string LockedBy(int row) override;
+  void LockPressed(int row) override;
   void Opened(int row) override;
   void AddPressed() override;
   void DeletePressed(int row) override;

@@ -8,6 +8,7 @@
 #include "core/ledger.h"
 #include "core/numbers.h"
 #include "core/rows.h"
+#include "core/text.h"
 
 namespace lm {
 namespace {
@@ -44,16 +45,6 @@ std::unordered_set<std::string> SessionsWithUnsavedItems(const Ledger& ledger) {
 void Name(const Named& named, int count, std::vector<std::string>& parts) {
   if (count == 1) parts.emplace_back(named.one);
   if (count > 1) parts.push_back(Format(PlainText(count), "#,##0") + " " + std::string(named.many));
-}
-
-// "a", "a and b", "a, b and c".
-std::string Enumerated(const std::vector<std::string>& parts) {
-  std::string text;
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    if (i > 0) text += i + 1 == parts.size() ? " and " : ", ";
-    text += parts[i];
-  }
-  return text;
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ TEST(Formatting, WhatTheCellsShow) {
       {"fgPractices", "BRANCHOF", "7", "Riverside"},
       {"fgPractices", "BRANCHOF", "99", ""},
       {"fgPensionA", "PRACTICE", "7", "Riverside"},
-      {"fgPensionA", "MONTH", "01/02/2026", "Sun 01 Feb 2026"},
+      {"fgPensionA", "MONTH", "01/02/2026", "Feb 2026"},
       {"fgPensionPayments", "MONTH", "01/02/2026", "Sun 01 Feb 2026"},
       {"fgPensionSolo", "MONTH", "01/02/2026", "Feb 2026"},
       {"fgPensionC", "SESSIONS", "1234", "1,234"},

@@ -3,7 +3,9 @@
 #include "documents/invoices.h"
 
 #include "core/rows.h"
+#include "core/text.h"
 #include "documents/invoicelist.h"
+#include "records/practices.h"
 #include "tests/documents/invoice_desk.h"
 
 namespace lm {
@@ -239,6 +241,21 @@ TEST(InvoiceList, WhatMayBeTyped) {
   }
   EXPECT_EQ(StateOfRow(desk, invoices, 2), RowState::Edited);
   EXPECT_EQ(EditCell(invoices, rules, 2, 0, "x"), EditOutcome::NotAllowed) << "the marker";
+}
+
+TEST(InvoiceList, ASentOneSaysSoAndTheQuestionTellsWhichOneGoes) {
+  Invoiced desk;
+  InvoiceListRules rules(desk);
+  EXPECT_EQ(rules.LockedBy(2), "");
+  rules.DeletePressed(2);  // No
+  ASSERT_EQ(desk.shown.messages.size(), 1u);
+  EXPECT_EQ(desk.shown.messages[0].minorPrompt, PracticeName(desk, "1") + ", Tue 3 Feb 2026, " +
+                                                    std::string("£300.30"_w) +
+                                                    ".\r\nIts sessions become uninvoiced.");
+  desk.Sent("1", "03/02/2026");
+  EXPECT_EQ(rules.LockedBy(2), "Sent on 03/02/2026");
+  EXPECT_EQ(rules.LockedBy(0), "");
+  EXPECT_EQ(rules.LockedBy(99), "");
 }
 
 TEST(InvoiceList, GroupRowsAreNoInvoices) {

@@ -137,8 +137,20 @@ TEST_F(WindowOfFormB, OnlyFourLinesAreEditedAndOnlyUntilTheFormIsSent) {
   EXPECT_EQ(window->fgDetails.TextMatrix(kAvc + 1, "VALUE"), "77");
   EXPECT_EQ(Type(*window, kAvc, "77.00"), EditOutcome::Unchanged) << "as it shows";
 
-  window->Enter(window->cSentToHA, "today");
+  GridRules& rules = *window->FindGrid("fgDetails").rules;
+  const int value = window->fgDetails.ColIndex("VALUE");
+  EXPECT_TRUE(rules.InvitesTyping(kAvc + 1, value));
+  EXPECT_FALSE(rules.InvitesTyping(kAvc + 1, value + 1));
+  EXPECT_FALSE(rules.InvitesTyping(2, value)) << "worked out";
+  EXPECT_EQ(rules.LockedBy(kAvc + 1), "");
+  EXPECT_EQ(window->lblTypedOver.Text(), "Figures with a pencil may be typed over.");
+
+  window->Enter(window->cSentToHA, "9/5/2024");
   EXPECT_EQ(Type(*window, kAvc, "1"), EditOutcome::NotAllowed) << "typed and not stored counts";
+  EXPECT_EQ(rules.LockedBy(kAvc + 1), "Sent to the HA on 09/05/2024");
+  EXPECT_EQ(rules.LockedBy(2), "") << "never typed over";
+  EXPECT_EQ(window->lblTypedOver.Text(),
+            "The figures are locked, since the form was sent to the HA on 09/05/2024.");
   EXPECT_TRUE(window->Enter(window->cNotes, "a note still"));
   window->Enter(window->cSentToHA, "");
   EXPECT_EQ(Type(*window, kAvc, "1"), EditOutcome::Accepted);

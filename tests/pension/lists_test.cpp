@@ -82,6 +82,41 @@ TEST_F(PensionLists, AFormOnAFormBKeepsItsDate) {
   EXPECT_EQ(Type(ledger.fgPensionA, open, "RCVDFROMPRACTICE", "10/05/2024"), EditOutcome::Accepted);
 }
 
+TEST_F(PensionLists, ALockedFormSaysWhy) {
+  desk.AddRow(ledger.fgPensionB, {"MONTH=01/04/2024"});
+  const int row = desk.AddFormA("1", "01/03/2024", "100");
+  const auto rules = PensionListRules(ledger, ledger.fgPensionA);
+  const struct {
+    const char *key, *date, *text;
+  } kSteps[] = {
+      {"NOTES", "none", ""},
+      {"SENTTOPRACTICE", "02/05/2024", "Sent to the Practice on 2/5/24"},
+      {"RCVDFROMPRACTICE", "09/05/2024", "Received back from the Practice on 9/5/24"},
+      {"SENTTOHA", "10/05/2024", "Sent to the HA on 10/5/24"},
+      {"RCVDFROMPRACTICE", "09/04/2024", "On Form B for Apr 2024"},
+  };
+  for (const auto& [key, date, text] : kSteps) {
+    ledger.fgPensionA.SetTextMatrix(row, key, date);
+    EXPECT_EQ(rules->LockedBy(row), text);
+  }
+  EXPECT_EQ(rules->LockedBy(0), "");
+  EXPECT_EQ(rules->LockedBy(row + 1), "");
+  std::string window;
+  desk.shown.modal.push_back([&](Screen& screen) {
+    window = screen.Name();
+    screen.Close();
+  });
+  rules->LockPressed(row);
+  EXPECT_EQ(window, "frmPensionB");
+  ledger.fgPensionA.SetTextMatrix(row, "RCVDFROMPRACTICE", "");
+  desk.shown.modal.push_back([&](Screen& screen) {
+    window = screen.Name();
+    screen.Close();
+  });
+  rules->LockPressed(row);
+  EXPECT_EQ(window, "frmPensionA");
+}
+
 TEST_F(PensionLists, Payments) {
   const auto rules = PensionListRules(ledger, payments);
   const int first = AddPayment(ledger);

@@ -86,7 +86,7 @@ TEST_F(Events, DeletedFromTheWindowAndTheList) {
   frmEvent opened(test);
   ASSERT_TRUE(opened.Open("4"));
   opened.Press(opened.cmdDelete);  // No
-  EXPECT_EQ(test.shown.TakeMessage(), "Delete event 'Course'?");
+  EXPECT_EQ(test.OneMessage(), (Prompts{"Delete event 'Course'?", "Mon 9 Feb 2026"}));
   EXPECT_FALSE(opened.Closed());
   test.shown.answers = {Answer::Yes};
   opened.Press(opened.cmdDelete);

@@ -55,6 +55,37 @@ TEST_F(SessionList, OnlyTheNotesOfALockedSessionAreOpen) {
   EXPECT_FALSE(rules.MayEdit(row, sessions.ColIndex("NOTES")));
 }
 
+TEST_F(SessionList, ALockedSessionSaysOnWhatItStandsAndOpensIt) {
+  t.AddRow(ledger.fgInvoices, {"ID=2", "NUMBER=INV-00002"});
+  FormatTables(ledger);
+  sessions.SetTextMatrix(row, "ID", "7");
+  const struct {
+    const char *invoice, *forms, *text, *opened;
+  } kCases[] = {
+      {"", "", "", ""},
+      {"2", "", "On INV-00002", "frmInvoice 2"},
+      {"2", "A", "On INV-00002 and Form A", "frmInvoice 2"},
+      {"2", "A,B", "On INV-00002, Form A and Form B", "frmInvoice 2"},
+      {"", "SOLO", "On Form SOLO", "frmPensionSOLO 1 022026"},
+      {"", "A,B", "On Form A and Form B", "frmPensionA 1 022026"},
+      {"99", "", "On an invoice", ""},  // which is gone: the session itself opens
+  };
+  for (const auto& [invoice, forms, text, opened] : kCases) {
+    sessions.SetTextMatrix(row, "INVOICE", invoice);
+    sessions.SetTextMatrix(row, "FORMS", forms);
+    EXPECT_EQ(rules.LockedBy(row), text);
+    t.shown.opened.clear();
+    rules.LockPressed(row);
+    EXPECT_EQ(t.shown.opened.empty() ? "" : t.shown.opened.front(), opened) << text;
+  }
+  for (const int none : {-1, 0, sessions.Rows()}) {
+    EXPECT_EQ(rules.LockedBy(none), "");
+    rules.LockPressed(none);
+  }
+  sessions.SetRowOutlineLevel(row, 1);
+  EXPECT_EQ(rules.LockedBy(row), "") << "a group";
+}
+
 TEST_F(SessionList, TypedTextIsReadOrRefusedWithItsMessage) {
   const struct {
     const char *key, *typed;
