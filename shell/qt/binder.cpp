@@ -313,6 +313,9 @@ void Binder::Press(Field& field) {
 void Binder::FieldChanged(Field& field) {
   if (Bound* bound = Of(field)) Show(*bound);
   if (screen_.defaultButton != shownDefault_) ShowDefaultButton();
+  // What may be typed into a list can hang on a box beside it.
+  if (field.Kind() == FieldKind::Text)
+    for (GridView* grid : grids_) grid->viewport()->update();
 }
 
 // Only when it is another: a button in focus is the default meanwhile.

@@ -29,6 +29,7 @@ constexpr int kTextMargin = 4;  // pixels between a cell's edge and its text
 constexpr int kExpanderWidth = 22;
 constexpr int kLevelIndent = 14;
 constexpr int kNarrowestEditor = 104;
+constexpr int kPadlock = 12;
 constexpr int kPicture = 16, kLargePicture = 24;
 constexpr double kTitleSize = 1.2;  // of a section's title, to the other texts
 constexpr int kTallRow = 40;        // from which on a picture is drawn large
@@ -119,6 +120,13 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     place.setTop(seen.top());
     place.setHeight(std::min(view_->verticalHeader()->defaultSectionSize(), seen.height()));
   }
+  if (view_->InvitesTyping(row, index.column())) {
+    const QString sign = view_->LockOf(row).isEmpty() ? "edit" : "padlock";
+    LineIcon(sign, cell.palette.color(QPalette::Text))
+        .paint(painter, PicturePlace(option.rect, true), Qt::AlignCenter,
+               option.state & QStyle::State_Selected ? QIcon::Selected : QIcon::Normal);
+    place.setLeft(option.rect.left() + kExpanderWidth);
+  }
   if (tick) place.setLeft(PaintTick(*painter, cell, text.isEmpty()));
   const bool selected = option.state & QStyle::State_Selected;
   const auto colours = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
@@ -148,10 +156,28 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 void GridDelegate::PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const {
   const Grid& grid = *view_->Shown();
-  PaintChangeMark(
-      painter, rect.adjusted(0, 0, -2, -1), StateOfRow(view_->screen_->ledger, grid, gridRow),
-      ToQColor(grid.CellColour(CellSetting::flexcpBackColor, gridRow, 0)), view_->Style().base);
+  const RowState state = StateOfRow(view_->screen_->ledger, grid, gridRow);
+  QRect mark = rect.adjusted(0, 0, -2, -1);
+  if (!view_->LockOf(gridRow).isEmpty()) {
+    QRect lock = mark;
+    // Of a row that is not saved both signs have their half.
+    if (state != RowState::Saved) {
+      mark.setHeight(mark.height() / 2);
+      lock.setTop(mark.bottom() + 1);
+    }
+    PaintPadlock(painter, lock);
+  }
+  PaintChangeMark(painter, mark, state,
+                  ToQColor(grid.CellColour(CellSetting::flexcpBackColor, gridRow, 0)),
+                  view_->Style().base);
   PaintLines(painter, rect);
+}
+
+void GridDelegate::PaintPadlock(QPainter& painter, const QRect& room) const {
+  const int side = std::min({room.width(), room.height(), kPadlock});
+  QRect place(0, 0, side, side);
+  place.moveCenter(room.center());
+  LineIcon("padlock", view_->Style().text).paint(&painter, place);
 }
 
 void GridDelegate::PaintSwatch(QPainter& painter, const QRect& rect, int gridRow, int col) const {

@@ -52,6 +52,7 @@ class GridDelegate : public QStyledItemDelegate {
   QWidget* TextEditor(QWidget* parent, int row, int col, Qt::Alignment alignment) const;
   void KeepReadable(QStyleOptionViewItem& option) const;
   void PaintMarker(QPainter& painter, const QRect& rect, int gridRow) const;
+  void PaintPadlock(QPainter& painter, const QRect& room) const;
   void PaintSwatch(QPainter& painter, const QRect& rect, int gridRow, int col) const;
   // Where the cell's text begins behind the box; a box alone stands in the middle.
   int PaintTick(QPainter& painter, const QStyleOptionViewItem& cell, bool alone) const;

@@ -138,7 +138,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = GridRow(index);
   const int col = index.column();
   if (row < 0 || row >= grid_->Rows()) return {};
-  if (HasMarker() && col == 0) return {};
+  if (HasMarker() && col == 0)
+    return role == Qt::ToolTipRole && lockOf ? QVariant(lockOf(row)) : QVariant();
   switch (role) {
     case Qt::DisplayRole:
       return ToQt(ShownText(row, col));
@@ -148,6 +149,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       if (spokenText) return spokenText(row, col);
       return PictureOf(row, col).isEmpty() ? QVariant() : tr("More about this line");
+    case Qt::AccessibleDescriptionRole:
+      return spokenNote ? QVariant(spokenNote(row, col)) : QVariant();
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(AlignmentOf(row, col));
     case Qt::CheckStateRole: {

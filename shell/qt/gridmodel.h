@@ -49,6 +49,10 @@ class GridModel : public QAbstractTableModel, private GridObserver {
   // Layout changes that the view itself makes are not read back.
   void IgnoreLayout(bool ignore) { ignoreLayout_ = ignore; }
 
+  // Why a row is locked, "" when it is not; nothing set: none is.
+  std::function<QString(int gridRow)> lockOf;
+  // What readers of the screen hear beside a cell's text.
+  std::function<QString(int gridRow, int col)> spokenNote;
   // What screen readers hear of a cell, in place of its text.
   std::function<QString(int gridRow, int col)> spokenText;
 

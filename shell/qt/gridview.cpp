@@ -60,11 +60,18 @@ GridView::GridView(QWidget* parent)
   });
   connect(header, &QHeaderView::sectionResized, this,
           [this](int col, int, int pixels) { HeaderSized(col, pixels); });
+  header->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint& place) {
+    if (onHeaderMenu && Shown())
+      onHeaderMenu(header->logicalIndexAt(place), header->mapToGlobal(place));
+  });
   connect(header, &QHeaderView::sectionMoved, this, &GridView::HeaderMoved);
   // The text of a tall block stays in sight, and so stands elsewhere in it.
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
     if (Shown() && Shown()->MergeCells() != MergeSetting::Never) viewport()->update();
   });
+  model_->lockOf = [this](int row) { return LockOf(row); };
+  model_->spokenNote = [this](int row, int col) { return NoteOf(row, col); };
   connect(model_, &QAbstractItemModel::modelReset, this, &GridView::ReadLayout);
   connect(model_, &GridModel::cursorMoved, this, &GridView::ReadCursor);
 }
@@ -166,6 +173,7 @@ void GridView::ReadColumns() {
     if (header->sectionResizeMode(col) != mode) header->setSectionResizeMode(col, mode);
     if (!stretches) header->resizeSection(col, ColumnWidth(col));
   }
+  GiveRoomToLast();
   if (!fillsRoom_) header->setFixedHeight(HeaderHeight());
 }
 
@@ -253,14 +261,18 @@ void GridView::ReadCursor() {
 int GridView::ColumnWidth(int col) {
   const int twips = Shown()->ColWidth(col);
   const bool marker = model_->HasMarker() && col == 0;
-  if (twips > 0) return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : 0);
+  if (twips > 0)
+    return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : RoomForHeading(col));
   const std::string& key = Shown()->ColKey(col);
   int& width = measured_[key.empty() ? Shown()->TextMatrix(CaptionRow(*Shown()), col) : key];
   width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));
   return width;
 }
 
-int GridView::sizeHintForColumn(int col) const {
+int GridView::sizeHintForColumn(int col) const { return WidestText(col, kMeasuredRows); }
+
+// With its padding, over the first rows.
+int GridView::WidestText(int col, int rows) const {
   QFont bold = style_.font;
   bold.setBold(true);
   const QFontMetrics metrics(style_.font), boldMetrics(bold);
@@ -269,7 +281,7 @@ int GridView::sizeHintForColumn(int col) const {
   // The sums of groups come later.
   if (Shown()->ColFormat(col).find('#') != std::string::npos)
     widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
-  for (int shown = 0; shown < std::min(model_->rowCount(), kMeasuredRows); ++shown) {
+  for (int shown = 0; shown < std::min(model_->rowCount(), rows); ++shown) {
     const int row = model_->GridRow(model_->index(shown, 0));
     if (IsGroup(row) && col >= model_->TitleColumn(row) && col < model_->TitleEnd(row)) continue;
     const QString text = model_->index(shown, col).data().toString();
@@ -299,6 +311,7 @@ void GridView::HeaderSized(int col, int pixels) {
   model_->IgnoreLayout(true);
   Shown()->SetColWidth(col, PixelsToTwips(pixels, logicalDpiX()));
   model_->IgnoreLayout(false);
+  GiveRoomToLast();
   horizontalHeader()->setFixedHeight(HeaderHeight());
 }
 
@@ -355,8 +368,8 @@ void GridView::EditCellAt(int gridRow, int col, const std::optional<QString>& ty
   const QModelIndex cell = model_->index(shown, col);
   setCurrentIndex(cell);
   scrollTo(cell);
-  if (!(model_->flags(cell) & Qt::ItemIsEditable) || !screen_->OpenCell(*Shown(), gridRow, col))
-    return;
+  if (!(model_->flags(cell) & Qt::ItemIsEditable)) return;
+  if (!screen_->OpenCell(*Shown(), gridRow, col)) return TellLock(cell);
   setFocus();
   delegate_->StartWith(typed);
   edit(model_->index(model_->ModelRow(gridRow), col));
@@ -422,7 +435,14 @@ bool GridView::HandleKey(const QKeyEvent& event) {
 }
 
 bool GridView::OpenedMenu(const QKeyEvent& event) {
-  if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier) return false;
+  if (event.key() != Qt::Key_F10) return false;
+  if (event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) && onHeaderMenu) {
+    const int col = std::max(currentIndex().column(), model_->FirstColumn());
+    const QPoint below(columnViewportPosition(col), horizontalHeader()->height());
+    onHeaderMenu(col, horizontalHeader()->mapToGlobal(below));
+    return true;
+  }
+  if (event.modifiers() != Qt::ShiftModifier) return false;
   const QPoint place = visualRect(currentIndex()).bottomLeft();
   QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, viewport()->mapToGlobal(place));
   contextMenuEvent(&menu);
@@ -473,6 +493,8 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const int row = model_->GridRow(index);
   if (event->button() != Qt::LeftButton || row < 0 || choice_) return;
   if (model_->IsPressed(row, index.column())) return;
+  if (model_->HasMarker() && index.column() == 0 && !LockOf(row).isEmpty())
+    return rules_->LockPressed(row);
   if (editsInPlace_)
     EditCellAt(row, index.column());
   else if (!IsGroup(row))
@@ -528,6 +550,7 @@ void GridView::changeEvent(QEvent* event) {
 
 void GridView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  GiveRoomToLast();
   if (model_->IsRead() && Named(wrappedColumn_) >= 0) ReadRows();
 }
 

@@ -58,6 +58,8 @@ class GridView : public QTableView {
   // The user's acts on headers; without them a header neither sorts nor moves.
   std::function<void(int col)> onHeaderClicked;
   std::function<void(int from, int to)> onColumnMoved;
+  // The menu of a header, -1 for the room beside the columns; `place` is one of the screen.
+  std::function<void(int col, const QPoint& place)> onHeaderMenu;
   // What stands in the middle while the list is empty, where that is no single text.
   std::function<QString()> whenEmpty;
   // Asked before a click does anything: false when a box beside the list holds a refused text.
@@ -67,6 +69,10 @@ class GridView : public QTableView {
 
   // Opens the cell for typing when the rules allow, with `typed` in place of its text if given.
   void EditCellAt(int gridRow, int col, const std::optional<QString>& typed = {});
+  // As wide as its heading and its widest text, which stays its width; nothing for a hidden one.
+  void FitColumn(int col);
+  // Why the row is locked; "" when it is not.
+  QString LockOf(int gridRow) const;
   // Stores what the open editor holds. False when it was refused: the editor is still open then.
   bool CommitEditor();
 
@@ -81,6 +87,8 @@ class GridView : public QTableView {
   const QString& HeadingsOf() const { return headingsOf_; }
   void SetHeadingsOf(const QString& grid);
   void SetFillsWidth(bool fills) { horizontalHeader()->setStretchLastSection(fills); }
+  // The last column in sight takes what room the others leave, and never less than its own width.
+  void LetLastTakeRoom() { lastTakesRoom_ = true; }
   void ReadStyle();
 
  protected:
@@ -99,7 +107,8 @@ class GridView : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   int sizeHintForColumn(int column) const override;
-  // Shift+F10 opens the menu of the cell, as the menu key does. True when it was that key.
+  // Shift+F10 opens the menu of the cell, as the menu key does, with Ctrl that of its header. True
+  // when it was that key.
   bool OpenedMenu(const QKeyEvent& event);
   // The header, and which columns are shown how wide.
   virtual void ReadColumns();
@@ -121,6 +130,9 @@ class GridView : public QTableView {
   void ReadCursor();
   int ColumnWidth(int col);
   int HeaderHeight() const;
+  int WidestText(int col, int rows) const;
+  int RoomForHeading(int col) const;
+  void GiveRoomToLast();
   void HeaderSized(int col, int pixels);
   void HeaderMoved(int col, int from, int to);
   int CurrentRow() const { return model_->GridRow(currentIndex()); }
@@ -128,6 +140,9 @@ class GridView : public QTableView {
   void ToggleGroup(int gridRow);
   void SetGroupOpen(int gridRow, bool open);
   void OpenRow(int gridRow);
+  bool InvitesTyping(int gridRow, int col) const;
+  QString NoteOf(int gridRow, int col) const;
+  void TellLock(const QModelIndex& cell);
   bool HandleKey(const QKeyEvent& event);
 
   GridModel* model_;
@@ -144,6 +159,7 @@ class GridView : public QTableView {
   bool hidesWhenEmpty_ = false;
   bool sections_ = false;
   bool fillsRoom_ = false;
+  bool lastTakesRoom_ = false;
   QString headingsOf_;
   QString wrappedColumn_, typedColumn_;
   QString emptyText_;

@@ -12,6 +12,7 @@ namespace {
 constexpr std::string_view kWhite = "16777215";
 constexpr std::string_view kBlack = "0";
 constexpr std::string_view kDefaultLines = "14609391";
+constexpr std::string_view kDefaultFont = "Arial";  // in its place that of the windows
 constexpr double kSmallestFont = 6, kLargestFont = 36;
 constexpr int kTwipsPerInch = 1440;
 
@@ -64,7 +65,7 @@ ListStyle ListStyleOf(const OptionText& option, const QPalette& palette) {
       ColourOf(option(optColourGridLines), kDefaultLines, MixedColour(style.base, plainText, 0.12));
 
   const std::string fontName = option(optFontName);
-  if (!fontName.empty()) style.font.setFamily(ToQt(fontName));
+  if (!fontName.empty() && fontName != kDefaultFont) style.font.setFamily(ToQt(fontName));
   const double size = Val(option(optFontSize));
   if (size > 0) style.font.setPointSizeF(std::clamp(size, kSmallestFont, kLargestFont));
 

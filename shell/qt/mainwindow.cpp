@@ -18,6 +18,7 @@
 #include "core/options.h"
 #include "core/rows.h"
 #include "core/shortcuts.h"
+#include "core/tables.h"
 #include "shell/pages/calendarpage.h"
 #include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
@@ -25,6 +26,7 @@
 #include "shell/qt/freearea.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
+#include "shell/qt/headermenu.h"
 #include "shell/qt/icons.h"
 #include "shell/qt/pagewidgets.h"
 #include "shell/qt/printing.h"
@@ -321,6 +323,12 @@ void MainWindow::BindLists(const QWidget& page) {
       screen_.HeaderClicked(*grid, col);
       ShowSortMark(*list);
     };
+    if (FindTable(grid->Name())) {
+      list->LetLastTakeRoom();
+      list->onHeaderMenu = [list](int col, const QPoint& place) {
+        ShowHeaderMenu(*list, col, place);
+      };
+    }
     list->onColumnMoved = [this, grid](int from, int to) { screen_.ColumnMoved(*grid, from, to); };
     const auto later = [this] { statusTimer_.start(); };
     connect(list->model(), &QAbstractItemModel::modelReset, this, [this, list, later] {
@@ -328,6 +336,9 @@ void MainWindow::BindLists(const QWidget& page) {
       later();
     });
     connect(list->model(), &QAbstractItemModel::dataChanged, this, later);
+    connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this, list] {
+      if (list == CurrentList()) ShowLock();
+    });
   }
 }
 
@@ -367,6 +378,10 @@ void MainWindow::FocusPage() {
 void MainWindow::BuildStatusBar() {
   rowCount_ = new QLabel;
   statusBar()->addWidget(rowCount_);
+  lockSign_ = new QLabel;
+  lock_ = new QLabel;
+  statusBar()->addWidget(lockSign_);
+  statusBar()->addWidget(lock_);
   auto* status = new QLabel;
   status->setObjectName("lblStatus");
   status->setIndent(16);
@@ -394,6 +409,8 @@ void MainWindow::RefreshStatus() {
                      : shown == 1 ? tr("1 row shown")
                                   : tr("%1 rows shown").arg(shown));
 
+  ShowLock();
+
   const UnsavedWords unsaved = DescribeUnsaved(ledger_);
   const auto show = [this](QLabel& label, bool waits, const QString& text, int option) {
     const QString colour = StandingOut(ToQColor(ValInt(GetOption(ledger_, option))),
@@ -411,6 +428,18 @@ void MainWindow::RefreshStatus() {
        optEditedRowColour);
   show(*typedDetails_, !ledger_.typedDetails.empty(), tr("My Details, not saved"),
        optEditedRowColour);
+}
+
+void MainWindow::ShowLock() {
+  const GridView* list = CurrentList();
+  const QString lock = list && list->Shown() ? list->LockOf(list->Shown()->Row()) : QString();
+  constexpr int kSign = 14;
+  lockSign_->setPixmap(LineIcon("padlock", palette().color(QPalette::WindowText))
+                           .pixmap(QSize(kSign, kSign), devicePixelRatioF()));
+  lock_->setText(lock);
+  lock_->setAccessibleName(tr("Locked. %1").arg(lock));
+  lockSign_->setVisible(!lock.isEmpty());
+  lock_->setVisible(!lock.isEmpty());
 }
 
 // Keys and closing

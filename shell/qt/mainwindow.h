@@ -50,6 +50,8 @@ class MainWindow : public QMainWindow {
   // Built when the page is first shown.
   QWidget* WidgetOf(const MainPage& page);
   void BindLists(const QWidget& page);
+  // Why the row where the cursor stands is locked.
+  void ShowLock();
   void ShowShortcutBar();
   void ShowKeys(const MainPage& page);
   void ShowPage();
@@ -64,6 +66,8 @@ class MainWindow : public QMainWindow {
   QListWidget* bar_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QLabel* rowCount_ = nullptr;
+  QLabel* lockSign_ = nullptr;
+  QLabel* lock_ = nullptr;
   QLabel* newRows_ = nullptr;
   QLabel* editedRows_ = nullptr;
   QLabel* typedDetails_ = nullptr;

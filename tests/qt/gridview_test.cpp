@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "core/options.h"
 #include "core/tables.h"
@@ -31,14 +32,17 @@ class Rules : public GridRules {
   }
   void Edited(int row, int col) override { edited.emplace_back(row, col); }
   void Opened(int row) override { opened.push_back(row); }
+  std::string LockedBy(int row) override { return row == lockedRow ? "On a form" : ""; }
+  void LockPressed(int row) override { locksPressed.push_back(row); }
   void AddPressed() override { ++added; }
   void DeletePressed(int row) override { deleted.push_back(row); }
 
   bool mayEdit = true;
+  int lockedRow = -1;
   int asked = 0;
   int added = 0;
   std::vector<std::pair<int, int>> edited;
-  std::vector<int> opened, deleted;
+  std::vector<int> opened, deleted, locksPressed;
 };
 
 class ListScreen : public Screen {
@@ -94,6 +98,29 @@ struct ShownList {
     return view.viewport()->findChild<QLineEdit*>();
   }
 };
+
+TEST(GridView, ALockedRowWearsAPadlockThatSaysWhyAndOpensWhatLocksIt) {
+  ShownList list;
+  const QRect marker = list.view.visualRect(list.Cell(1, 0));
+  const QImage before = list.view.viewport()->grab(marker).toImage();
+  list.screen.rules.lockedRow = 3;
+  list.view.viewport()->update();
+  EXPECT_NE(list.view.viewport()->grab(marker).toImage(), before);
+  EXPECT_EQ(list.Cell(1, 0).data(Qt::ToolTipRole).toString(), "On a form");
+  EXPECT_EQ(list.Cell(1, 2).data(Qt::AccessibleDescriptionRole).toString(), "Locked. On a form");
+  EXPECT_EQ(list.Cell(0, 2).data(Qt::AccessibleDescriptionRole).toString(), "");
+
+  for (const int row : {0, 1})
+    QTest::mouseDClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(row, 0));
+  EXPECT_EQ(list.screen.rules.locksPressed, std::vector<int>{3});
+  EXPECT_EQ(list.screen.rules.opened, std::vector<int>{2}) << "the row without a lock";
+
+  list.screen.rules.mayEdit = false;
+  list.view.EditCellAt(2, 2);
+  EXPECT_FALSE(QToolTip::isVisible()) << "no lock, nothing to say";
+  list.view.EditCellAt(3, 2);
+  EXPECT_EQ(QToolTip::text(), "Locked. On a form");
+}
 
 TEST(GridView, ShowsTheVisibleRowsAndColumnsAsTheGridDisplaysThem) {
   ShownList list;
