@@ -107,6 +107,8 @@ bool Terminal::OpenRecord(std::string_view window, std::string_view id) {
   return catalogue && ledger && catalogue->Open(*ledger, window, {"open", std::string(id)});
 }
 
+void Terminal::ShowGuide(std::string_view heading) { Emit({{"guide", heading}}); }
+
 std::vector<std::string> Terminal::RunningProcesses() {
   // Other runs of the command line work in directories of their own; only the desktop program is
   // an instance beside this one.

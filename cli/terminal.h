@@ -66,6 +66,7 @@ class Terminal : public MessagePort,
   void ShowModal(Screen& screen) override;
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool) override {}
+  void ShowGuide(std::string_view heading) override;
   void Show(int, std::string_view) override {}
   bool Cancelled() override { return false; }
   void Hide() override {}

@@ -41,7 +41,6 @@ void ShowTip(Ledger& ledger, std::string_view mainPrompt, std::string_view text)
   message.icon = Icon::Tip;
   message.title = "LedgerMinder Tip";
   message.sound = false;
-  message.offerStopTips = true;
   ledger.platform.messages.ShowTip(message, [&ledger] { SetOption(ledger, optShowTips, "FALSE"); });
 }
 

@@ -32,14 +32,13 @@ struct MessageBoxText {
   std::string link;                  // "" hides it
   std::optional<Answer> unattended;  // what a run without a user answers; else the safe button
   bool sound = true;
-  bool offerStopTips = false;  // a tip's check box "chkStopShowingTips"
 };
 
 class MessagePort {
  public:
   virtual ~MessagePort() = default;
   virtual Answer Show(const MessageBoxText& message) = 0;
-  // Without waiting. stopTips is called when the user ticks the box and closes the tip.
+  // Without waiting. stopTips is called when the user closes the tip and wants no others.
   virtual void ShowTip(const MessageBoxText& message, std::function<void()> stopTips) = 0;
 };
 
@@ -59,6 +58,9 @@ class WindowPort {
   // "frmPensionA". False when there is no such window yet, or the record is gone.
   virtual bool OpenRecord(std::string_view window, std::string_view id) = 0;
   virtual void BusyPointer(bool on) = 0;
+  // Opens the user guide beside the window in front and does not wait: at a heading as links in it
+  // write it, or with "" at its top.
+  virtual void ShowGuide(std::string_view heading) = 0;
 };
 
 class ProgressPort {

@@ -63,6 +63,7 @@ constexpr ShortcutAction kActions[] = {
     {kEdit, 39, "Redo (second key)", 90, kShiftBit | kCtrlBit},
     {kEdit, 40, "Find", 70, kCtrlBit},
     {kEdit, 41, "Filter list", 70, kShiftBit | kCtrlBit},
+    {kOther, 42, "Show user guide", 112, 0},
 };
 
 constexpr KeyName kKeyNames[] = {

@@ -9,6 +9,7 @@
 #include "core/shortcuts.h"
 #include "core/text.h"
 #include "shell/frmMain.h"
+#include "shell/guidetopics.h"
 #include "shell/pages/mainpage.h"
 #include "shell/ungroupedlists.h"
 
@@ -61,6 +62,11 @@ void frmMain::SetHandlers() {
   handlers_["mnuViewShortcutBar"] = {[this] { ToggleShortcutBar(); }, nullptr,
                                      [this] { return shortcutBarVisible_; }};
   handlers_["mnuCalculator"] = {[this] { StartCalculator(); }};
+  handlers_["mnuUserGuide"] = {[this] {
+    const std::string_view place =
+        ledger.openScreens.empty() ? FrontPage().Spec().caption : ledger.openScreens.back()->Name();
+    ledger.platform.windows.ShowGuide(GuideHeading(place));
+  }};
   handlers_["mnuLedgerMinderWebsite"] = {[this] { OpenLink(ledger, kWebsite); }};
 }
 

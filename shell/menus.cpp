@@ -62,6 +62,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuRateComparison", "&Rate Comparison...", -1, "frmRateCompare"},
     {"mnuCalculator", "&Calculator..."},
     // Help
+    {"mnuUserGuide", "&User Guide", 42},
     {"mnuGettingStarted", "&Getting Started", -1, "frmGettingStarted"},
     {"mnuLedgerMinderWebsite", "LedgerMinder &Website"},
     {"mnuHelpAbout", "&About LedgerMinder", -1, "frmAbout"},
@@ -173,6 +174,7 @@ constexpr MenuLine kMenuBar[] = {
     {1, "mnuRateComparison"},
     {1, "mnuCalculator"},
     {0, "mnuHelp", "&Help"},
+    {1, "mnuUserGuide"},
     {1, "mnuGettingStarted"},
     {1, "mnuLedgerMinderWebsite"},
     {1, kSeparator},

@@ -1,15 +1,17 @@
 #include "shell/qt/desktop.h"
 
-#include <QAccessible>
 #include <QApplication>
-#include <QTimer>
 
+#include "core/messagebox.h"
 #include "core/options.h"
 #include "core/screen.h"
 #include "shell/native.h"
+#include "shell/qt/frmHelp.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/progresswindow.h"
+#include "shell/qt/qtext.h"
+#include "shell/qt/tipstrip.h"
 #include "shell/qt/views.h"
 #include "shell/webfetch.h"
 
@@ -47,25 +49,6 @@ class OrdinaryPointer {
   std::vector<QCursor> cursors_;
 };
 
-// Calls back, once, when a window has come onto the screen.
-class ShowWatch : public QObject {
- public:
-  ShowWatch(QWidget& window, std::function<void()> shown)
-      : QObject(&window), shown_(std::move(shown)) {
-    window.installEventFilter(this);
-  }
-  bool eventFilter(QObject* window, QEvent* event) override {
-    if (event->type() != QEvent::Show) return false;
-    window->removeEventFilter(this);
-    QMetaObject::invokeMethod(window, std::move(shown_), Qt::QueuedConnection);
-    deleteLater();
-    return false;
-  }
-
- private:
-  std::function<void()> shown_;
-};
-
 }  // namespace
 
 Answer DesktopMessages::Show(const MessageBoxText& message) {
@@ -77,34 +60,8 @@ Answer DesktopMessages::Show(const MessageBoxText& message) {
 }
 
 void DesktopMessages::ShowTip(const MessageBoxText& message, std::function<void()> stopTips) {
-  tips_.push_back({message, std::move(stopTips)});
-  if (tips_.size() == 1) ShowNextTip();
-}
-
-// The tip of the first page comes before the main window does. It waits, for it would end up behind
-// it, where nobody could close it and let the next one come.
-void DesktopMessages::ShowNextTip() {
-  QWidget* main = MainWindowWidget();
-  if (main && !main->isVisible()) {
-    new ShowWatch(*main, [this] { ShowNextTip(); });
-    return;
-  }
-  auto* box = new frmMesgBox(tips_.front().message, TopWindow());
-  box->setAttribute(Qt::WA_DeleteOnClose);
-  // It must not take the keys from under somebody who types.
-  box->setAttribute(Qt::WA_ShowWithoutActivating);
-  QObject::connect(box, &QDialog::finished, box, [this, box] {
-    const Tip shown = std::move(tips_.front());
-    tips_.pop_front();
-    if (box->StopTips()) {
-      tips_.clear();
-      if (shown.stopTips) shown.stopTips();
-    }
-    if (!tips_.empty()) ShowNextTip();
-  });
-  box->show();
-  QAccessibleEvent alert(box, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  if (TipStrip* tips = MainWindowTips())
+    tips->Add(ToQt(message.mainPrompt), ToQt(message.minorPrompt), std::move(stopTips));
 }
 
 Date DesktopClock::Now() { return native::LocalTime(); }
@@ -128,6 +85,12 @@ void DesktopWindows::BusyPointer(bool on) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
   else
     QApplication::restoreOverrideCursor();
+}
+
+void DesktopWindows::ShowGuide(std::string_view heading) {
+  ShowGuideBeside(TopWindow(), ToQt(heading)).openLink = [this](const QString& address) {
+    if (ledger_) OpenLink(*ledger_, FromQt(address));
+  };
 }
 
 DesktopProgress::DesktopProgress() = default;

@@ -3,7 +3,6 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
-#include <deque>
 #include <functional>
 #include <memory>
 
@@ -23,17 +22,8 @@ class Ledger;
 class DesktopMessages : public MessagePort {
  public:
   Answer Show(const MessageBoxText& message) override;
-  // One at a time: a tip waits until the one before it is closed.
+  // In the strip of the main window; nowhere while there is none.
   void ShowTip(const MessageBoxText& message, std::function<void()> stopTips) override;
-
- private:
-  struct Tip {
-    MessageBoxText message;
-    std::function<void()> stopTips;
-  };
-  void ShowNextTip();
-
-  std::deque<Tip> tips_;  // the front one is shown
 };
 
 class DesktopClock : public ClockPort {
@@ -46,6 +36,7 @@ class DesktopWindows : public WindowPort {
   void ShowModal(Screen& screen) override;
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool on) override;  // nested
+  void ShowGuide(std::string_view heading) override;
 
   // Where OpenRecord finds its windows; both outlive this.
   void SetCatalogue(Ledger& ledger, const WindowCatalogue& catalogue);

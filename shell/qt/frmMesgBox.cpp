@@ -1,7 +1,6 @@
 #include "shell/qt/frmMesgBox.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -172,12 +171,6 @@ void frmMesgBox::AddTexts(const MessageBoxText& message, QVBoxLayout& column) {
             [](const QString& target) { QDesktopServices::openUrl(QUrl::fromUserInput(target)); });
     column.addWidget(link);
   }
-  if (message.offerStopTips) {
-    chkStopShowingTips_ = new QCheckBox(tr("&Stop showing tips"));
-    chkStopShowingTips_->setObjectName("chkStopShowingTips");
-    column.addSpacing(6);
-    column.addWidget(chkStopShowingTips_);
-  }
 }
 
 void frmMesgBox::AddButtons(const MessageBoxText& message, QVBoxLayout& column) {
@@ -201,10 +194,6 @@ void frmMesgBox::AddButtons(const MessageBoxText& message, QVBoxLayout& column) 
     }
   }
   column.addLayout(row);
-}
-
-bool frmMesgBox::StopTips() const {
-  return chkStopShowingTips_ && chkStopShowingTips_->isChecked();
 }
 
 void frmMesgBox::showEvent(QShowEvent* event) {

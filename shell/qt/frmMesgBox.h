@@ -1,11 +1,10 @@
-// The one window for all messages and, shown without waiting, for the tips.
+// The one window for all messages. Tips have a strip of their own.
 #pragma once
 
 #include <QDialog>
 
 #include "core/platform.h"
 
-class QCheckBox;
 class QPushButton;
 class QVBoxLayout;
 
@@ -26,7 +25,6 @@ class frmMesgBox : public QDialog {
   explicit frmMesgBox(const MessageBoxText& message, QWidget* parent = nullptr);
 
   Answer Pressed() const { return pressed_; }
-  bool StopTips() const;
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -39,7 +37,6 @@ class frmMesgBox : public QDialog {
   Answer safe_;
   Answer pressed_;
   QPushButton* enterButton_ = nullptr;
-  QCheckBox* chkStopShowingTips_ = nullptr;
 };
 
 // Middle of the window over the middle of the main window, or of the screen when that is not shown.

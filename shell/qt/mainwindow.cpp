@@ -24,7 +24,6 @@
 #include "shell/qt/binder.h"
 #include "shell/qt/calendarprint.h"
 #include "shell/qt/freearea.h"
-#include "shell/qt/frmMesgBox.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/headermenu.h"
 #include "shell/qt/icons.h"
@@ -32,6 +31,7 @@
 #include "shell/qt/printing.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/scrolling.h"
+#include "shell/qt/tipstrip.h"
 #include "shell/qt/virtualkeys.h"
 #include "shell/unsavedwords.h"
 
@@ -81,6 +81,8 @@ MainWindow::MainWindow(frmMain& screen)
   column->setContentsMargins(18, 14, 18, 12);
   column->setSpacing(12);
   column->addWidget(BuildHead());
+  tips_ = new TipStrip(ledger_.programDirectory);
+  column->addWidget(tips_);
   pages_ = new QStackedWidget;
   column->addWidget(pages_, 1);
   across->addWidget(content, 1);
@@ -115,6 +117,9 @@ MainWindow::MainWindow(frmMain& screen)
     else
       PrintGrid(ledger_, grid, {title, period}, this);
   };
+  connect(tips_, &TipStrip::tipClosed, this, [this] {
+    if (tips_->isAncestorOf(focusWidget())) FocusPage();
+  });
   screen_.RefreshCommands();
   qApp->installEventFilter(this);
   ShowPage();
@@ -469,11 +474,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   return !binder_->CommitPending() || screen_.ShortcutPressed(VirtualKey(key), ShiftBits(key));
 }
 
-// A tip leaves the focus here, so here is where it is sent away without the mouse.
+// A tip takes no focus, so here is where it is sent away without the mouse.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-  auto* tip = event->key() == Qt::Key_Escape ? findChild<frmMesgBox*>() : nullptr;
-  if (tip)
-    tip->close();
+  if (event->key() == Qt::Key_Escape)
+    tips_->CloseTip();
   else
     QMainWindow::keyPressEvent(event);
 }

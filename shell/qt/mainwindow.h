@@ -18,6 +18,7 @@ namespace lm {
 
 class Binder;
 class GridView;
+class TipStrip;
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -64,6 +65,7 @@ class MainWindow : public QMainWindow {
   frmMain& screen_;
   Ledger& ledger_;
   QListWidget* bar_ = nullptr;
+  TipStrip* tips_ = nullptr;
   QStackedWidget* pages_ = nullptr;
   QLabel* rowCount_ = nullptr;
   QLabel* lockSign_ = nullptr;

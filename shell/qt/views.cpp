@@ -9,7 +9,9 @@
 #include <QPushButton>
 
 #include "core/messagebox.h"
+#include "core/platform.h"
 #include "core/text.h"
+#include "shell/guidetopics.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/freearea.h"
 #include "shell/qt/frmMesgBox.h"
@@ -36,6 +38,10 @@ void LevelButtons(const QWidget& dialog) {
                       tallest);
     button->setMinimumSize(button->minimumSize().expandedTo(words + kButtonAir));
   }
+}
+
+bool IsHelpKey(const QKeyEvent& key) {
+  return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier;
 }
 
 }  // namespace
@@ -139,6 +145,20 @@ void ScreenDialog::paintEvent(QPaintEvent* event) {
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
+void ScreenDialog::keyPressEvent(QKeyEvent* event) {
+  IsHelpKey(*event) ? ShowGuide() : QDialog::keyPressEvent(event);
+}
+
+// A window that drops below another closes first: a click on the guide would close both.
+void ScreenDialog::ShowGuide() {
+  WindowPort& windows = screen_.ledger.platform.windows;
+  const std::string_view heading = GuideHeading(screen_.Name());
+  if (!popup_) return windows.ShowGuide(heading);
+  screen_.CloseRequested();
+  QMetaObject::invokeMethod(
+      qApp, [&windows, heading] { windows.ShowGuide(heading); }, Qt::QueuedConnection);
+}
+
 void ScreenDialog::DropBelow(const QWidget* anchor) {
   adjustSize();
   if (!anchor) return CentreWindow(*this);
@@ -157,6 +177,10 @@ void ScreenDialog::DropBelow(const QWidget* anchor) {
 bool ScreenDialog::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
   const auto& key = static_cast<const QKeyEvent&>(*event);
+  if (IsHelpKey(key)) {
+    ShowGuide();
+    return true;
+  }
   if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
     const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
     if (enter) button->click();

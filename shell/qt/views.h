@@ -49,11 +49,13 @@ class ScreenDialog : public QDialog {
   void closeEvent(QCloseEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   bool MayCancel();
   void TakePlace();
+  void ShowGuide();
   void DropBelow(const QWidget* anchor);
 
   Screen& screen_;

@@ -192,7 +192,7 @@ TEST(Shortcuts, DefaultsInStoredOrder) {
   test::TestLedger test;
   SetDefaultShortcuts(test);
   const Grid& grid = test.ledger.fgShortcuts;
-  ASSERT_EQ(grid.Rows() - grid.FixedRows(), 42);
+  ASSERT_EQ(grid.Rows() - grid.FixedRows(), 43);
   EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 5, "IDENTIFIER"), "5");
   EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 6, "IDENTIFIER"), "36");
   EXPECT_EQ(grid.TextMatrix(grid.FixedRows() + 7, "IDENTIFIER"), "6");
@@ -218,12 +218,13 @@ TEST(Shortcuts, ATableOfAnEarlierVersionGetsTheLaterActionsBehindItsOwn) {
   grid.SetTextMatrix(grid.FixedRows(), "KEY", "90");  // Save Backup by Ctrl+Z
   grid.SetTextMatrix(grid.FixedRows(), "KEYSHIFT", "2");
   AddMissingShortcuts(test);
-  EXPECT_EQ(grid.Rows() - grid.FixedRows(), 42);
+  EXPECT_EQ(grid.Rows() - grid.FixedRows(), 43);
   EXPECT_EQ(FindShortcut(test, 'Z', kCtrlBit), 0);
   EXPECT_EQ(FindShortcut(test, 'Y', kCtrlBit), 38);
   EXPECT_EQ(FindShortcut(test, 'F', kCtrlBit), 40);
+  EXPECT_EQ(FindShortcut(test, KeyCode("F1"), 0), 42);
   AddMissingShortcuts(test);
-  EXPECT_EQ(grid.Rows() - grid.FixedRows(), 42);
+  EXPECT_EQ(grid.Rows() - grid.FixedRows(), 43);
 }
 
 TEST(Shortcuts, FoundByKeyAndBitsTheFirstRowWins) {

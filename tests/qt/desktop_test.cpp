@@ -91,47 +91,6 @@ TEST(MessageBox, ALongTextLeavesTheButtonsOnTheScreen) {
   EXPECT_GE(label->height(), 200 * label->fontMetrics().lineSpacing()) << "all of it is there";
 }
 
-std::vector<frmMesgBox*> ShownTips() {
-  QApplication::processEvents();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  std::vector<frmMesgBox*> shown;
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (auto* box = qobject_cast<frmMesgBox*>(window); box && box->isVisible())
-      shown.push_back(box);
-  return shown;
-}
-
-TEST(MessageBox, TipsComeOneAtATimeAndCanBeStopped) {
-  DesktopMessages messages;
-  MessageBoxText tip = Box(Buttons::Ok);
-  tip.offerStopTips = true;
-  int stopped = 0;
-  for (int i = 0; i < 3; ++i) messages.ShowTip(tip, [&] { ++stopped; });
-  for (const bool tick : {false, true}) {
-    const auto shown = ShownTips();
-    ASSERT_EQ(shown.size(), 1u);
-    shown[0]->findChild<QCheckBox*>("chkStopShowingTips")->setChecked(tick);
-    shown[0]->findChild<QPushButton*>("cmdOk")->click();
-  }
-  EXPECT_EQ(stopped, 1);
-  EXPECT_TRUE(ShownTips().empty()) << "the third is not shown any more";
-}
-
-TEST(MessageBox, ATipOfTheStartWaitsForTheMainWindow) {
-  DesktopMessages messages;
-  QMainWindow window;
-  for (int i = 0; i < 2; ++i) messages.ShowTip(Box(Buttons::Ok), nullptr);
-  EXPECT_TRUE(ShownTips().empty()) << "it would stand behind the window";
-  window.show();
-  for (int i = 0; i < 2; ++i) {
-    const auto shown = ShownTips();
-    ASSERT_EQ(shown.size(), 1u);
-    EXPECT_EQ(shown[0]->parentWidget(), &window);
-    shown[0]->close();
-  }
-  EXPECT_TRUE(ShownTips().empty());
-}
-
 ProgressWindow* ShownProgress() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (auto* progress = qobject_cast<ProgressWindow*>(window); progress && progress->isVisible())

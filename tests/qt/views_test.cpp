@@ -360,7 +360,6 @@ TEST(Views, ALongMessageLeavesItsButtonsInSight) {
     message.mainPrompt += "A line of the main prompt.\n";
     message.minorPrompt += "A line of the minor prompt.\n";
   }
-  message.offerStopTips = true;
   frmMesgBox box(message);
   box.show();
   EXPECT_TRUE(small.screen.contains(box.geometry())) << box.height();

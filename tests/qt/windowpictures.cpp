@@ -3,6 +3,7 @@
 // size; QT_SCALE_FACTOR scales.
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QPalette>
 #include <QPdfWriter>
 #include <QStyleFactory>
@@ -51,13 +52,16 @@
 #include "shell/qt/calendarprint.h"
 #include "shell/qt/chartpainting.h"
 #include "shell/qt/freearea.h"
+#include "shell/qt/frmHelp.h"
 #include "shell/qt/frmMesgBox.h"
 #include "shell/qt/frmSplashScreen.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/printing.h"
 #include "shell/qt/progresswindow.h"
+#include "shell/qt/qtext.h"
 #include "shell/qt/readablepalette.h"
+#include "shell/qt/tipstrip.h"
 #include "shell/qt/views.h"
 #include "shell/windows.h"
 #include "tests/connections/feeds.h"
@@ -232,6 +236,20 @@ void GrabMain(test::TestLedger& test) {
     Grab(window,
          QString("main-%1").arg(QString::fromLatin1(page.icon.data(), int(page.icon.size()))));
   }
+  TipStrip* tips = MainWindowTips();
+  for (const char* each : {"Welcome to LedgerMinder", "Current Sessions"}) {
+    screen.ShowPage(Page::Sessions);
+    tips->Add(each,
+              "To begin using LedgerMinder first enter the details of the practices you work at, "
+              "then enter some sessions, then you can create pension forms and invoices. To enter "
+              "some practice details, click the 'Practices' icon in the shortcuts bar.",
+              nullptr);
+  }
+  Grab(window, "main-tip");
+  window.resize(850, 500);
+  Grab(window, "main-tip-small");
+  window.resize(1240, 780);
+  for (int i = 0; i < 2; ++i) tips->CloseTip();
   GrabCalendar(test, screen, window);
   GrabReports(test, screen, window);
   screen.ShowPage(Page::Sessions);
@@ -391,6 +409,16 @@ void GrabRecords(test::TestLedger& test) {
   importing.lblStatus.SetText("Calendar importing complete.");
   GrabScreen(importing, "frmImportCalendar");
   GrabImportWizard(test);
+  frmHelp guide(nullptr);
+  guide.resize(980, 660);
+  guide.show();
+  for (const char* heading : {"", "dates-times-and-amounts", "invoices", "templates", "finding"}) {
+    guide.GoTo(heading);
+    Grab(guide, QString("frmHelp-%1").arg(heading));
+  }
+  guide.findChild<QLineEdit*>("txtSearch")->setFocus();
+  guide.findChild<QLineEdit*>("txtSearch")->insert("surgery");
+  Grab(guide, "frmHelp-search");
   frmAbout about(test);
   GrabScreen(about, "frmAbout");
   about.Choose(about.tabTab, 1);
@@ -514,14 +542,6 @@ void GrabBoxes() {
   box.icon = Icon::Question;
   frmMesgBox question(box);
   Grab(question, "frmMesgBox-question");
-  MessageBoxText tip;
-  tip.title = "LedgerMinder Tip";
-  tip.mainPrompt = "Sessions Page";
-  tip.minorPrompt = "Double click a session to open it.";
-  tip.icon = Icon::Tip;
-  tip.offerStopTips = true;
-  frmMesgBox tipBox(tip);
-  Grab(tipBox, "frmMesgBox-tip");
   MessageBoxText error;
   error.title = "LedgerMinder";
   error.mainPrompt = "The rate must be blank or a number.";

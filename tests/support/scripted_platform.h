@@ -41,6 +41,7 @@ class ScriptedPlatform : public MessagePort,
   std::vector<std::string> progress;  // "12 Loading Preferences..."
   std::string lastOpened;
   std::vector<std::string> opened;  // links, files and records: "frmInvoice 12"
+  std::vector<std::string> guides;  // headings at which the guide was opened
   bool opens = true;                // whether links, files and the calculator open
   // The main prompt of the last message, "" when none was shown since the last call.
   std::string TakeMessage();
@@ -77,6 +78,7 @@ class ScriptedPlatform : public MessagePort,
   void ShowModal(Screen& screen) override;
   bool OpenRecord(std::string_view window, std::string_view id) override;
   void BusyPointer(bool on) override { busy += on ? 1 : -1; }
+  void ShowGuide(std::string_view heading) override { guides.emplace_back(heading); }
   void Show(int percent, std::string_view text) override;
   bool Cancelled() override { return cancelAfter >= 0 && cancelAfter-- == 0; }
   void Hide() override { progress.emplace_back("hide"); }
