@@ -56,6 +56,7 @@ class Script {
   void DoDoubleClick(Words words);
   void DoDrag(Words words);
   void DoSort(Words words);
+  void DoFoot(Words words);
   void DoMoveColumn(Words words);
   void DoChart(Words words);
   void DoShow(Words words);

@@ -9,6 +9,13 @@
 #include "core/text.h"
 
 namespace lm {
+namespace {
+
+std::string InSentence(std::string_view name) {
+  return name.starts_with("Form") ? std::string(name) : ToLower(name);
+}
+
+}  // namespace
 
 void RecordList::FilterBy(TabField& tabs, std::function<RowTest(int tab)> shownOn) {
   tabs_ = &tabs;
@@ -153,17 +160,19 @@ void RecordList::Reveal(int row) {
 }
 
 std::string RecordList::Period() const {
-  std::string period = tabs_ ? tabs_->Text() : "";
-  if (filter_.IsOn()) period += (period.empty() ? "" : ", ") + Quoted(filter_.Text());
+  std::string period = TabText();
+  if (filter_.IsOn()) period += (period.empty() ? "" : ", ") + Quoted(Words());
   return period;
 }
 
 std::string RecordList::EmptyText() const {
   if (!filter_.IsOn()) return std::string(texts_.whenEmpty);
-  const std::string record(FindTable(table_.Name())->record);
-  return "No " + (record.starts_with("Form ") ? record : ToLower(record)) + " matches " +
-         Quoted(filter_.Text()) + ". Escape clears the filter.";
+  return "No " + OneRecord() + " matches " + Quoted(Words()) + ". Escape clears the filter.";
 }
+
+std::string RecordList::OneRecord() const { return InSentence(FindTable(table_.Name())->record); }
+
+std::string RecordList::ManyRecords() const { return InSentence(texts_.name); }
 
 // A table without IDs knows its records by what they hold; equal ones are kept together.
 std::string RecordList::IdentityOf(int row) const {

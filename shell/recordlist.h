@@ -23,6 +23,9 @@ struct SortState {
   bool descending = false;
 };
 
+// The tab that hides nothing.
+constexpr std::string_view kTabOfAll = "All";
+
 // What stands beside the list of a page to group it.
 struct GroupControls {
   ComboField* choice = nullptr;
@@ -54,7 +57,13 @@ class RecordList {
   Grid& Table() const { return table_; }
   // The tab that filters it and the words; "" for a list with neither.
   std::string Period() const;
+  // The tab and the words for themselves.
+  std::string TabText() const { return tabs_ ? tabs_->Text() : ""; }
+  const std::string& Words() const { return filter_.Text(); }
   const Texts& ShownTexts() const { return texts_; }
+  // "session" and "sessions", "Form A" and "Forms A".
+  std::string OneRecord() const;
+  std::string ManyRecords() const;
   // What it says while no record is in sight.
   std::string EmptyText() const;
 

@@ -86,6 +86,15 @@ void MainPage::RecordsChanged(const ChangedRecords& changed) {
   if (InFront()) Rebuild();
 }
 
+void MainPage::ShowAll() const {
+  if (filter_) {
+    filter_->SetText("");
+    for (const auto& list : lists_) list->Narrow("");
+  }
+  const int all = tabs_ ? EntryNamed(*tabs_, kTabOfAll) : -1;
+  if (all >= 0) window.Choose(*tabs_, all);
+}
+
 void MainPage::RefreshButtons() {
   for (const PageButton& each : buttons_)
     each.button->SetEnabled(window.HasWindow(each.window) && (!each.enabled || each.enabled()));

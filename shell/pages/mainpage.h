@@ -93,6 +93,8 @@ class MainPage {
   const CommandHandler* InFrontHandler(std::string_view command) const;
   // The same for a command that this page carries out from everywhere.
   const CommandHandler* HandlerFromEverywhere(std::string_view command) const;
+  // All records of its lists in sight: the tab that hides none, and no words.
+  void ShowAll() const;
   // The keys that press one of its buttons: "Ctrl+N"; "" for none.
   std::string KeysOf(const Button& button) const;
   // The right-button menu of one of its grids; "" for none. Entries that the page does not offer
@@ -110,7 +112,7 @@ class MainPage {
 
   RecordList& AddList(Grid& table, RecordList::Texts texts, GridRules* rules = nullptr);
   void AddButton(PageButton button, std::string_view caption, std::function<void()> press);
-  void SetTabs(const TabField& tabs) { tabs_ = &tabs; }
+  void SetTabs(TabField& tabs) { tabs_ = &tabs; }
   // The box whose words narrow all lists of the page.
   void SetFilter(TextField& box);
   void SetGrouping(const GroupControls& controls) { grouping_ = controls; }
@@ -140,7 +142,7 @@ class MainPage {
 
   PageSpec spec_;
   std::vector<PageButton> buttons_;
-  const TabField* tabs_ = nullptr;
+  TabField* tabs_ = nullptr;
   TextField* filter_ = nullptr;
   GroupControls grouping_;
   std::vector<std::unique_ptr<RecordList>> lists_;

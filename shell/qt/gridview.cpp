@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QTimerEvent>
 
@@ -31,6 +33,26 @@ int WidestLine(const QFontMetrics& metrics, const QString& text) {
   return widest;
 }
 
+// Two headings beside each other keep their distance, the first one at the right of its column, the
+// second at the left.
+class HeadingEdges : public QProxyStyle {
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    constexpr int kEdge = 5;
+    return metric == PM_HeaderMargin ? kEdge : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
+
+QStyle* HeadingStyle() {
+  static const QPointer<QStyle> style = [] {
+    auto* made = new HeadingEdges;
+    made->setParent(qApp);
+    return made;
+  }();
+  return style;
+}
+
 }  // namespace
 
 GridView::GridView(QWidget* parent)
@@ -50,6 +72,7 @@ GridView::GridView(QWidget* parent)
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 
   QHeaderView* header = horizontalHeader();
+  header->setStyle(HeadingStyle());
   header->setMinimumSectionSize(4);
   header->setSectionsMovable(true);
   header->setSectionsClickable(true);
@@ -262,7 +285,7 @@ int GridView::ColumnWidth(int col) {
   const int twips = Shown()->ColWidth(col);
   const bool marker = model_->HasMarker() && col == 0;
   if (twips > 0)
-    return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : RoomForHeading(col));
+    return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : RoomForWords(col));
   const std::string& key = Shown()->ColKey(col);
   int& width = measured_[key.empty() ? Shown()->TextMatrix(CaptionRow(*Shown()), col) : key];
   width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));

@@ -131,7 +131,7 @@ class GridView : public QTableView {
   int ColumnWidth(int col);
   int HeaderHeight() const;
   int WidestText(int col, int rows) const;
-  int RoomForHeading(int col) const;
+  int RoomForWords(int col) const;
   void GiveRoomToLast();
   void HeaderSized(int col, int pixels);
   void HeaderMoved(int col, int from, int to);

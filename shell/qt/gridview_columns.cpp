@@ -10,15 +10,18 @@
 namespace lm {
 namespace {
 
-constexpr int kWidestFit = 640;   // pixels of a column that shall fit a long note
-constexpr int kHeadingRoom = 16;  // pixels beside a word of a heading
+constexpr int kWidestFit = 640;     // pixels of a column that shall fit a long note
+constexpr int kWidestChoice = 200;  // of one that shall show its choices
+constexpr int kHeadingRoom = 16;    // pixels beside a word of a heading
 
-bool HasShippedWidth(const Grid& grid, int col) {
+// Null when the user has given the column a width.
+const ColumnSpec* ShippedColumn(const Grid& grid, int col) {
   const TableSpec* table = FindTable(grid.Name());
-  if (!table) return false;
-  return std::ranges::any_of(table->columns, [&](const ColumnSpec& column) {
-    return EqualsIgnoreCase(column.key, grid.ColKey(col)) && column.width == grid.ColWidth(col);
-  });
+  if (!table) return nullptr;
+  for (const ColumnSpec& column : table->columns)
+    if (EqualsIgnoreCase(column.key, grid.ColKey(col)))
+      return column.width == grid.ColWidth(col) ? &column : nullptr;
+  return nullptr;
 }
 
 }  // namespace
@@ -29,15 +32,19 @@ void GridView::FitColumn(int col) {
   Shown()->SetColWidth(col, PixelsToTwips(widest, logicalDpiX()));
 }
 
-// A column that the user has not sized does not cut the words of its heading. In pixels.
-int GridView::RoomForHeading(int col) const {
-  if (!HasShippedWidth(*Shown(), col)) return 0;
+// A column that the user has not sized cuts neither the words of its heading nor, where it is
+// chosen from a list, the usual choices. In pixels.
+int GridView::RoomForWords(int col) const {
+  const ColumnSpec* column = ShippedColumn(*Shown(), col);
+  if (!column) return 0;
   const QFontMetrics metrics(style_.font);
   int widest = 0;
   const QString caption = ToQt(Shown()->TextMatrix(CaptionRow(*Shown()), col));
   for (const QString& word : caption.split(QRegularExpression("\\s")))
-    widest = std::max(widest, metrics.horizontalAdvance(word));
-  return widest + kHeadingRoom;
+    widest = std::max(widest, metrics.horizontalAdvance(word) + kHeadingRoom);
+  if (column->lookup != Lookup::None)
+    widest = std::max(widest, std::min(sizeHintForColumn(col), kWidestChoice));
+  return widest;
 }
 
 void GridView::GiveRoomToLast() {

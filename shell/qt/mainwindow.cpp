@@ -23,6 +23,7 @@
 #include "shell/pages/mainpage.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/calendarprint.h"
+#include "shell/qt/footband.h"
 #include "shell/qt/freearea.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/headermenu.h"
@@ -381,8 +382,6 @@ void MainWindow::FocusPage() {
 // Status bar
 
 void MainWindow::BuildStatusBar() {
-  rowCount_ = new QLabel;
-  statusBar()->addWidget(rowCount_);
   lockSign_ = new QLabel;
   lock_ = new QLabel;
   statusBar()->addWidget(lockSign_);
@@ -402,18 +401,8 @@ void MainWindow::BuildStatusBar() {
 }
 
 void MainWindow::RefreshStatus() {
-  GridView* list = CurrentList();
-  if (list && !screen_.FrontPage().ListOf(*list->Shown())) list = nullptr;  // no list of records
-  int shown = 0;
-  if (list) {
-    const Grid& grid = *list->Shown();
-    for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
-      shown += !grid.RowHidden(row) && !grid.IsSubtotal(row);
-  }
-  rowCount_->setText(!list        ? QString()
-                     : shown == 1 ? tr("1 row shown")
-                                  : tr("%1 rows shown").arg(shown));
-
+  if (const GridView* list = CurrentList())
+    if (auto* foot = list->parentWidget()->findChild<FootBand*>()) foot->Refresh();
   ShowLock();
 
   const UnsavedWords unsaved = DescribeUnsaved(ledger_);

@@ -67,7 +67,6 @@ class MainWindow : public QMainWindow {
   QListWidget* bar_ = nullptr;
   TipStrip* tips_ = nullptr;
   QStackedWidget* pages_ = nullptr;
-  QLabel* rowCount_ = nullptr;
   QLabel* lockSign_ = nullptr;
   QLabel* lock_ = nullptr;
   QLabel* newRows_ = nullptr;

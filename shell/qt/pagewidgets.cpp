@@ -12,6 +12,7 @@
 #include "shell/pages/mainpage.h"
 #include "shell/qt/calendarwidget.h"
 #include "shell/qt/filterbox.h"
+#include "shell/qt/footband.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/mydetailswidget.h"
 #include "shell/qt/qtext.h"
@@ -111,11 +112,22 @@ GridView* MakeList(const RecordList& list) {
   return view;
 }
 
+QWidget* MakeListWithFoot(const MainPage& page, const RecordList& list) {
+  auto* widget = new QWidget;
+  QVBoxLayout* column = MakeColumn(widget);
+  column->setSpacing(0);
+  GridView* view = MakeList(list);
+  column->addWidget(view, 1);
+  column->addWidget(new FootBand(
+      *view, [&list] { return FootOf(list); }, [&page] { page.ShowAll(); }));
+  return widget;
+}
+
 // Of several lists the main window shows the one in front.
 QWidget* MakeLists(const MainPage& page) {
-  if (page.Lists().size() == 1) return MakeList(*page.Lists().front());
+  if (page.Lists().size() == 1) return MakeListWithFoot(page, *page.Lists().front());
   auto* stack = new QStackedWidget;
-  for (const auto& list : page.Lists()) stack->addWidget(MakeList(*list));
+  for (const auto& list : page.Lists()) stack->addWidget(MakeListWithFoot(page, *list));
   return stack;
 }
 

@@ -258,6 +258,7 @@ void GrabMain(test::TestLedger& test) {
   screen.Enter(page.cboGroupSessions, "Practice");
   screen.HeaderClicked(test.ledger.fgSessions, test.ledger.fgSessions.ColIndex("SDATE"));
   test.ledger.fgSessions.Select(4, 4);
+  window.RefreshStatus();
   Grab(window, "main-sessions-grouped");
   QPdfWriter paper(qEnvironmentVariable("LEDGERMINDER_PICTURES") + "/printed-sessions.pdf");
   paper.setPageOrientation(QPageLayout::Landscape);
@@ -276,6 +277,7 @@ void GrabMain(test::TestLedger& test) {
   frmFind nothingYet(screen);
   GrabScreen(nothingYet, "frmFind-empty");
   screen.Enter(page.txtFilterSessions, "riverside feb");
+  window.RefreshStatus();
   Grab(window, "main-sessions-filtered");
   screen.Enter(page.txtFilterSessions, "nothing of the kind");
   Grab(window, "main-sessions-nothing");
