@@ -5,9 +5,21 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/shortcuts.h"
+#include "core/text.h"
 #include "shell/printtable.h"
 
 namespace lm {
+namespace {
+
+// "Ctrl+Delete" for "Ctrl+{DELETE}".
+std::string InWords(const std::string& keys) {
+  const std::size_t open = keys.find('{'), close = keys.find('}');
+  if (open == std::string::npos || close == std::string::npos || close < open + 2) return keys;
+  return keys.substr(0, open) + keys[open + 1] + ToLower(keys.substr(open + 2, close - open - 2)) +
+         keys.substr(close + 1);
+}
+
+}  // namespace
 
 MainPage::MainPage(frmMain& theWindow, const PageSpec& spec)
     : window(theWindow), ledger(theWindow.ledger), spec_(spec) {}
@@ -131,7 +143,7 @@ std::string MainPage::KeysOf(const Button& button) const {
     for (const auto& [name, handler] : *handlers) {
       const CommandSpec* command = handler.presses == &button ? FindCommand(name) : nullptr;
       const std::string keys = command ? ShortcutText(ledger, command->shortcut) : "";
-      if (!keys.empty()) return keys;
+      if (!keys.empty()) return InWords(keys);
     }
   return "";
 }

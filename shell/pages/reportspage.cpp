@@ -133,6 +133,8 @@ ReportsPage::ReportsPage(frmMain& theWindow) : MainPage(theWindow, kSpec) {
             [this] { ShowChart(ledger, fgReports, shownReport_, shownPeriod_); });
   AddButton({&cmdTaxYear_Previous, "left"}, "", [this] { MoveTaxYear(-1); });
   AddButton({&cmdTaxYear_Next, "right"}, "", [this] { MoveTaxYear(+1); });
+  cmdTaxYear_Previous.SetToolTip("The tax year before");
+  cmdTaxYear_Next.SetToolTip("The tax year after");
   AddButton({&cmdRefreshTaxReport, "refresh"}, "Refresh", [this] { RefreshTaxReport(); });
   for (CheckField* box : {&chkHideEmptyRows, &chkHideEmptyCols})
     box->onEntered = [this] {

@@ -122,6 +122,7 @@ void Binder::Add(QWidget& part) {
     if (QWidget* leader = find(FromQt(widget->property(kShownWith).toString())))
       if (Bound* bound = Of(leader)) bound->companions.push_back(widget);
   for (Bound* bound : added) {
+    bound->spoken = bound->widget->accessibleName();
     Show(*bound);
     Connect(*bound);
     NameForReaders(*bound);
@@ -132,8 +133,6 @@ void Binder::Add(QWidget& part) {
     grids_.push_back(gridView);
     gridView->Bind(screen_, *listed.grid);
     gridView->mayLeaveBoxes = [this] { return CommitBoxes(); };
-    if (gridView->accessibleName().isEmpty())
-      gridView->setAccessibleName(ToQt(listed.grid->Name().substr(2)));
   }
   for (GridView* headings : part.findChildren<GridView*>())
     if (Grid* grid = screen_.FindGrid(FromQt(headings->HeadingsOf())).grid) {
@@ -379,6 +378,7 @@ void Binder::ShowText(const Bound& bound) {
     ShowTabs(static_cast<const TabField&>(field), *bar);
   } else if (auto* label = qobject_cast<QLabel*>(bound.widget)) {
     ShowLabel(bound, *label);
+    SayValue(bound);
   }
 }
 
@@ -413,17 +413,25 @@ void Binder::ShowTabs(const TabField& tabs, QTabBar& bar) const {
   bar.setCurrentIndex(tabs.Selected());
 }
 
-void Binder::NameForReaders(const Bound& bound) const {
-  if (!bound.widget->accessibleName().isEmpty()) return;
-  QString name;
+// What has words of its own needs no name.
+void Binder::NameForReaders(Bound& bound) {
+  QString& name = bound.spoken;
   for (const QLabel* caption : bound.captions)
     if (name.isEmpty()) name = PlainCaption(caption->text());
-  if (const auto* button = qobject_cast<const QAbstractButton*>(bound.widget);
-      button && name.isEmpty())
-    name = PlainCaption(button->text());
+  if (qobject_cast<QLabel*>(bound.widget)) return SayValue(bound);
+  const auto* button = qobject_cast<const QAbstractButton*>(bound.widget);
+  if (name.isEmpty() && button && !button->text().isEmpty()) return;
   if (name.isEmpty()) name = bound.widget->toolTip();
-  if (name.isEmpty()) name = ToQt(bound.field->Name());
+  if (name.isEmpty() && TabBarOf(*bound.widget)) name = tr("Tabs");
   bound.widget->setAccessibleName(name);
+}
+
+// A label says what it is and what it shows.
+void Binder::SayValue(const Bound& bound) {
+  const QString value = ToQt(bound.field->Text()).simplified();
+  bound.widget->setAccessibleName(bound.spoken.isEmpty() || value.isEmpty()
+                                      ? bound.spoken + value
+                                      : tr("%1: %2").arg(bound.spoken, value));
 }
 
 void Binder::CaptionChanged() {

@@ -57,6 +57,7 @@ class Binder : public QObject, private ScreenObserver {
     QWidget* widget = nullptr;
     std::vector<QLabel*> captions;     // the labels that name it; hidden with it
     std::vector<QWidget*> companions;  // frames and lists that are shown with it, as they name it
+    QString spoken{};                  // what readers of the screen call it
   };
 
   void FieldChanged(Field& field) override;
@@ -68,7 +69,8 @@ class Binder : public QObject, private ScreenObserver {
   void Connect(Bound& bound);
   void ConnectTabs(Bound& bound, QTabBar& bar);
   void ConnectShortcuts();
-  void NameForReaders(const Bound& bound) const;
+  static void NameForReaders(Bound& bound);
+  static void SayValue(const Bound& bound);
   void Show(const Bound& bound);
   void ShowDefaultButton();
   void ShowText(const Bound& bound);

@@ -138,6 +138,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = GridRow(index);
   const int col = index.column();
   if (row < 0 || row >= grid_->Rows()) return {};
+  if (!grid_->ColVisible(col)) return {};  // readers of the screen would say it
   if (HasMarker() && col == 0)
     return role == Qt::ToolTipRole && lockOf ? QVariant(lockOf(row)) : QVariant();
   switch (role) {
@@ -180,6 +181,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (!grid_ || orientation != Qt::Horizontal || grid_->FixedRows() == 0) return {};
+  if (section >= grid_->Cols() || !grid_->ColVisible(section)) return {};
   const int captions = CaptionRow(*grid_);
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
     return ToQt(grid_->TextMatrix(captions, section));

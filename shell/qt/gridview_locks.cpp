@@ -1,6 +1,7 @@
-// What a list says of its locked rows and of the cells that may be typed over.
+// What a list says of its new, edited and locked rows and of the cells that may be typed over.
 #include <QToolTip>
 
+#include "core/rows.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/qtext.h"
 
@@ -14,10 +15,20 @@ bool GridView::InvitesTyping(int gridRow, int col) const {
   return rules_ && rules_->InvitesTyping(gridRow, col);
 }
 
+// What the colours and signs of a row say.
 QString GridView::NoteOf(int gridRow, int col) const {
+  QStringList notes;
+  if (model_->HasMarker() && gridRow >= 0 && !IsGroup(gridRow)) {
+    const RowState state = StateOfRow(screen_->ledger, *Shown(), gridRow);
+    if (state == RowState::New) notes << tr("New, not saved");
+    if (state == RowState::Edited) notes << tr("Edited, not saved");
+  }
   const QString lock = LockOf(gridRow);
-  if (!lock.isEmpty()) return tr("Locked. %1").arg(lock);
-  return InvitesTyping(gridRow, col) ? tr("May be typed over") : QString();
+  if (!lock.isEmpty())
+    notes << tr("Locked. %1").arg(lock);
+  else if (InvitesTyping(gridRow, col))
+    notes << tr("May be typed over");
+  return notes.join(QStringLiteral(". "));
 }
 
 void GridView::TellLock(const QModelIndex& cell) {

@@ -383,6 +383,7 @@ void MainWindow::FocusPage() {
 
 void MainWindow::BuildStatusBar() {
   lockSign_ = new QLabel;
+  lockSign_->setAccessibleName(tr("Padlock"));
   lock_ = new QLabel;
   statusBar()->addWidget(lockSign_);
   statusBar()->addWidget(lock_);

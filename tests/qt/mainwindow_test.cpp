@@ -98,6 +98,7 @@ TEST(MainWindow, ButtonsTellTheirKeys) {
   Running run;
   run.ShowEveryPage();
   EXPECT_EQ(run.Find<QPushButton>("cmdAddSession")->toolTip(), "Add Session (Ctrl+N)");
+  EXPECT_EQ(run.Find<QPushButton>("cmdDeleteSession")->toolTip(), "Delete Session (Ctrl+Delete)");
   EXPECT_EQ(run.Find<QPushButton>("cmdAddManySessions")->toolTip(),
             "Add Several Sessions (Ctrl+M)");
   EXPECT_EQ(run.Find<QPushButton>("cmdViewInvoice")->toolTip(), "View Invoice (Ctrl+O)");
