@@ -13,6 +13,7 @@
 #include "core/format.h"
 #include "core/options.h"
 #include "core/optiontable.h"
+#include "core/rows.h"
 #include "core/tables.h"
 #include "core/text.h"
 #include "documents/mergefields.h"
@@ -24,6 +25,7 @@
 #include "shell/entry.h"
 #include "shell/listfoot.h"
 #include "shell/pages/mainpage.h"
+#include "shell/severalrows.h"
 
 namespace lm {
 namespace {
@@ -94,22 +96,23 @@ std::string_view NameOf(EditOutcome outcome) {
 
 const std::vector<Script::Action>& Script::Actions() {
   static const std::vector<Action> actions{
-      {"load", 0, &Script::DoLoad},      {"open", 1, &Script::DoOpen},
-      {"set", 2, &Script::DoSet},        {"press", 1, &Script::DoPress},
-      {"select", 2, &Script::DoSelect},  {"cell", 4, &Script::DoCell},
-      {"click", 3, &Script::DoClick},    {"menu", 3, &Script::DoMenu},
-      {"cells", 1, &Script::DoCells},    {"hover", 3, &Script::DoHover},
-      {"drag", 5, &Script::DoDrag},      {"doubleclick", 3, &Script::DoDoubleClick},
-      {"sort", 2, &Script::DoSort},      {"movecolumn", 3, &Script::DoMoveColumn},
-      {"foot", 1, &Script::DoFoot},      {"show", 1, &Script::DoShow},
-      {"dump", 1, &Script::DoDump},      {"option", 1, &Script::DoOption},
-      {"answer", 0, &Script::DoAnswers}, {"parse", 1, &Script::DoParse},
-      {"digest", 0, &Script::DoDigest},  {"words", 1, &Script::DoWords},
-      {"format", 2, &Script::DoFormat},  {"merge", 1, &Script::DoMerge},
-      {"save", 0, &Script::DoSave},      {"undo", 0, &Script::DoUndo},
-      {"redo", 0, &Script::DoRedo},      {"path", 1, &Script::DoPath},
-      {"colour", 1, &Script::DoColour},  {"chart", 0, &Script::DoChart},
-      {"serve", 2, &Script::DoServe},    {"outlook", 0, &Script::DoOutlook},
+      {"load", 0, &Script::DoLoad},       {"open", 1, &Script::DoOpen},
+      {"set", 2, &Script::DoSet},         {"press", 1, &Script::DoPress},
+      {"select", 2, &Script::DoSelect},   {"cell", 4, &Script::DoCell},
+      {"click", 3, &Script::DoClick},     {"menu", 3, &Script::DoMenu},
+      {"cells", 1, &Script::DoCells},     {"hover", 3, &Script::DoHover},
+      {"drag", 5, &Script::DoDrag},       {"doubleclick", 3, &Script::DoDoubleClick},
+      {"sort", 2, &Script::DoSort},       {"movecolumn", 3, &Script::DoMoveColumn},
+      {"foot", 1, &Script::DoFoot},       {"selectrows", 2, &Script::DoSelectRows},
+      {"show", 1, &Script::DoShow},       {"dump", 1, &Script::DoDump},
+      {"option", 1, &Script::DoOption},   {"answer", 0, &Script::DoAnswers},
+      {"parse", 1, &Script::DoParse},     {"digest", 0, &Script::DoDigest},
+      {"words", 1, &Script::DoWords},     {"format", 2, &Script::DoFormat},
+      {"merge", 1, &Script::DoMerge},     {"save", 0, &Script::DoSave},
+      {"undo", 0, &Script::DoUndo},       {"redo", 0, &Script::DoRedo},
+      {"path", 1, &Script::DoPath},       {"colour", 1, &Script::DoColour},
+      {"chart", 0, &Script::DoChart},     {"serve", 2, &Script::DoServe},
+      {"outlook", 0, &Script::DoOutlook},
   };
   return actions;
 }
@@ -307,6 +310,19 @@ void Script::DoSort(Words words) {
   RequireLoaded();
   Grid& grid = *NamedGrid(words[0]).grid;
   main_->HeaderClicked(grid, NamedColumn(grid, words[1]));
+}
+
+void Script::DoSelectRows(Words words) {
+  RequireLoaded();
+  Grid& grid = *NamedGrid(words[0]).grid;
+  main_->BringToFront(grid);
+  RecordList* list = main_->FrontPage().ListOf(grid);
+  if (!list) throw ScriptError("no list of records: " + words[0]);
+  std::vector<int> rows;
+  for (const std::string& word : words.subspan(1)) rows.push_back(NamedRow(grid, word));
+  grid.Select(rows.back(), std::max(grid.Col(), grid.FixedCols()));
+  list->SelectRows(std::move(rows));
+  terminal_.Emit({{"selected", words[0]}, {"text", Utf8(SelectionText(*list))}});
 }
 
 void Script::DoFoot(Words words) {

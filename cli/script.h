@@ -57,6 +57,7 @@ class Script {
   void DoDrag(Words words);
   void DoSort(Words words);
   void DoFoot(Words words);
+  void DoSelectRows(Words words);
   void DoMoveColumn(Words words);
   void DoChart(Words words);
   void DoShow(Words words);

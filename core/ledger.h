@@ -17,6 +17,7 @@
 namespace lm {
 
 struct Platform;
+class MessagePort;
 class Screen;
 
 class Ledger {
@@ -28,6 +29,7 @@ class Ledger {
   Ledger& operator=(const Ledger&) = delete;
 
   Platform& platform;
+  MessagePort* answering = nullptr;  // takes the messages while it stands in for the user
 
   // Record tables, in the order of the data file.
   Grid fgPractices{"fgPractices"};

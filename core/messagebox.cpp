@@ -23,7 +23,8 @@ Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view
   message.unattended = unattended;
   message.sound =
       icon != Icon::Done && icon != Icon::Tip && !OptionIsTrue(ledger, optSilentMessages);
-  return ledger.platform.messages.Show(message);
+  MessagePort& port = ledger.answering ? *ledger.answering : ledger.platform.messages;
+  return port.Show(message);
 }
 
 bool Ask(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt,

@@ -225,6 +225,12 @@ std::vector<FoundRecords> RecordSearch::Find(const std::vector<SearchWord>& word
   return found;
 }
 
+const SearchedKind* KindOf(const Ledger& ledger, const Grid& table) {
+  for (const SearchedKind& kind : Kinds())
+    if (&(ledger.*kind.table) == &table) return &kind;
+  return nullptr;
+}
+
 FoundLine LineOf(const Ledger& ledger, const SearchedKind& kind, int row) {
   const Grid& table = ledger.*kind.table;
   const auto shown = [&](std::string_view key) {

@@ -58,5 +58,7 @@ struct SearchedKind {
 };
 
 FoundLine LineOf(const Ledger& ledger, const SearchedKind& kind, int row);
+// Null for a table that is not searched.
+const SearchedKind* KindOf(const Ledger& ledger, const Grid& table);
 
 }  // namespace lm

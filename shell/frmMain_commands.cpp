@@ -103,14 +103,19 @@ const MenuNode* frmMain::ContextMenuNamed(std::string_view name) const {
 std::vector<MenuEntry> frmMain::ContextMenu(const Grid& grid) {
   std::vector<MenuEntry> entries;
   const MainPage& page = FrontPage();
-  const MenuNode* menu = ContextMenuNamed(page.MenuOf(grid));
-  if (!menu) return entries;
   RefreshCommands();
-  for (const MenuNode& node : menu->children) {
-    const Offer offer = page.OfferOf(node.name);
-    entries.push_back(
-        {node.command, offer != Offer::Hidden, offer == Offer::Enabled && node.command->Enabled()});
-  }
+  const auto add = [&](std::string_view name) {
+    const MenuNode* menu = ContextMenuNamed(name);
+    if (!menu) return;
+    for (const MenuNode& node : menu->children) {
+      const Offer offer = page.OfferOf(node.name);
+      entries.push_back({node.command, offer != Offer::Hidden,
+                         offer == Offer::Enabled && node.command->Enabled()});
+    }
+  };
+  add(page.MenuOf(grid));
+  const RecordList* list = page.ListOf(grid);
+  if (list && list->SelectedRows().size() > 1) add("mnuPopSeveral");
   return entries;
 }
 

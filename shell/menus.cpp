@@ -87,6 +87,9 @@ constexpr CommandSpec kCommands[] = {
     {"mnuPopCal_RemoveFromInvoice", "&Remove From Invoice"},
     {"mnuPopCal_ConfigureCalendarView", "Configure Calendar &View"},
     {"mnuPopInv_DeleteInvoice", "&Delete Invoice"},
+    {"mnuPopInv_MarkSent", "Mark As &Sent..."},
+    {"mnuPopInv_MarkPaid", "Mark As &Paid..."},
+    {"mnuPopCopyRows", "&Copy Rows"},
     {"mnuPopOpenDocument", "Open Document", 16},
     {"mnuPopRecreateAndOpenDocument", "Recreate then Open", 17},
 };
@@ -217,6 +220,11 @@ constexpr MenuLine kContextMenus[] = {
     {1, "mnuPopRecreateAndOpenDocument"},
     {1, kSeparator},
     {1, "cmdDeletePensionForm"},
+    // Behind the list's own while several rows are selected.
+    {0, "mnuPopSeveral", "", kHidden},
+    {1, "mnuPopInv_MarkSent"},
+    {1, "mnuPopInv_MarkPaid"},
+    {1, "mnuPopCopyRows"},
     {0, "mnuPopDocument", "", kHidden},
     {1, "mnuPopOpenDocument"},
     {1, "mnuPopRecreateAndOpenDocument"},

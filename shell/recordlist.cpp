@@ -58,12 +58,23 @@ int RecordList::SelectedRecord(std::string_view mainPrompt, std::string_view min
   return -1;
 }
 
+std::vector<int> RecordList::SelectedRows() const {
+  std::vector<int> rows;
+  for (const int row : several_)
+    if (IsRecord(table_, row) && table_.RowVisible(row)) rows.push_back(row);
+  std::ranges::sort(rows);
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  if (std::ranges::binary_search(rows, table_.Row())) return rows;
+  return OnRecord() ? std::vector{SelectedRow()} : std::vector<int>();
+}
+
 bool RecordList::OnRecord() const { return IsRecord(table_, SelectedRow()); }
 
 void RecordList::HeaderClicked(int col) {
   const std::string key = table_.ColKey(col);
   if (key.empty() || key == kGroupMonthKey) return;
   sorting_ = {key, sorting_.key == key && !sorting_.descending};
+  several_.clear();
   const RedrawOff redrawOff(table_);
   if (!grouping_) return SortAsClicked();
   const Ungrouped ungrouped(*grouping_);
@@ -86,6 +97,7 @@ void RecordList::ColumnMoved(int from, int to) {
 // The order within the groups, and the one left when they go, is the one that the header shows.
 void RecordList::ChooseGroup() {
   if (ledger_.starting) return;
+  several_.clear();
   const RedrawOff redrawOff(table_);
   grouping_->Remove();
   SortAsClicked();
@@ -126,6 +138,7 @@ void RecordList::Narrow(std::string_view typed) {
 }
 
 void RecordList::Refresh() {
+  several_.clear();
   const bool grouped = grouping_ && grouping_->IsOn();
   const ListFilter::OnlyHiding hiding(filter_, !grouped);
   RowTest shown;
@@ -140,6 +153,7 @@ void RecordList::Refresh() {
 }
 
 void RecordList::RecordsChanged(const TableChange& change, bool inSight) {
+  if (change.removed || !change.added.empty()) several_.clear();
   for (const int row : change.added) Keep(row);
   for (const int row : change.edited)
     if (change.edited.size() == 1 || row == table_.Row()) Keep(row);

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "core/change.h"
 #include "core/screen.h"
@@ -71,6 +72,10 @@ class RecordList {
   int SelectedRow() const;
   // The selected record's row; -1 after the message when no record is selected.
   int SelectedRecord(std::string_view mainPrompt, std::string_view minorPrompt) const;
+  // The selected rows of records in ascending order, of which the cursor's is one: it alone, unless
+  // several were selected since the list was last changed.
+  void SelectRows(std::vector<int> rows) { several_ = std::move(rows); }
+  std::vector<int> SelectedRows() const;
   // True when a record is selected, and no group.
   bool OnRecord() const;
 
@@ -115,6 +120,7 @@ class RecordList {
   GroupControls controls_;
   std::optional<ListGrouping> grouping_;
   SortState sorting_;
+  std::vector<int> several_;
   std::unordered_set<std::string> kept_;  // identities of records
 };
 

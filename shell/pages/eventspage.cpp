@@ -33,8 +33,7 @@ void EventsPage::AddButtons() {
     const int row = list_.SelectedRecord("Edit Event", "There is no event selected to edit.");
     if (row >= 0) rules_.Opened(row);
   });
-  AddButton({&cmdDeleteEvent, "delete"}, "Delete Event",
-            [this] { rules_.DeletePressed(list_.SelectedRow()); });
+  AddButton({&cmdDeleteEvent, "delete"}, "Delete Event", [this] { DeleteSelected(list_); });
   SetItemButtons(cmdAddEvent, cmdEditEvent, cmdDeleteEvent);
 }
 

@@ -30,8 +30,7 @@ ExpensesPage::ExpensesPage(frmMain& theWindow)
   AddButton({&cmdAddExpense, "plus", "frmAddExpenses"}, "Add Expense",
             [this] { rules_.AddPressed(); });
   AddButton({&cmdEditExpense, "edit"}, "Edit Expense", [this] { EditSelected(); });
-  AddButton({&cmdDeleteExpense, "delete"}, "Delete Expense",
-            [this] { rules_.DeletePressed(list_.SelectedRow()); });
+  AddButton({&cmdDeleteExpense, "delete"}, "Delete Expense", [this] { DeleteSelected(list_); });
   SetItemButtons(cmdAddExpense, cmdEditExpense, cmdDeleteExpense);
   FromEverywhere("mnuNewExpense", Pressing(cmdAddExpense));
   AddTip({"General Expenses",

@@ -1,6 +1,8 @@
 #include "shell/pages/invoicespage.h"
 
 #include "documents/invoices.h"
+#include "entry/frmPopupCalendar.h"
+#include "shell/severalrows.h"
 
 namespace lm {
 namespace {
@@ -40,8 +42,7 @@ void InvoicesPage::AddButtons() {
   AddButton({&cmdViewInvoice_Options, "down", "", nullptr, "mnuPopDocument"}, "",
             [this] { OpenDocument(false); });
   cmdViewInvoice_Options.SetToolTip("Open or recreate the invoice's document");
-  AddButton({&cmdDeleteInvoice, "delete"}, "Delete Invoice",
-            [this] { rules_.DeletePressed(list_.SelectedRow()); });
+  AddButton({&cmdDeleteInvoice, "delete"}, "Delete Invoice", [this] { DeleteSelected(list_); });
   SetItemButtons(cmdAddInvoice, cmdEditInvoice, cmdDeleteInvoice);
 }
 
@@ -51,9 +52,17 @@ void InvoicesPage::AddCommands() {
   OnCommand("mnuPopInv_DeleteInvoice", Pressing(cmdDeleteInvoice));
 
   SetListMenu("mnuPopInvoices");
+  OnCommand("mnuPopInv_MarkSent", {[this] { Mark("SDATE", "Invoice Sent"); }});
+  OnCommand("mnuPopInv_MarkPaid", {[this] { Mark("PAYDATE", "Payment Received"); }});
+  for (const char* entry : {"mnuPopInv_MarkSent", "mnuPopInv_MarkPaid"}) OfferEntry(entry);
   for (const char* entry : {"cmdEditInvoice", "mnuPopOpenDocument", "mnuPopRecreateAndOpenDocument",
                             "mnuPopInv_DeleteInvoice"})
     OfferEntry(entry, [this] { return EnabledIf(list_.OnRecord()); });
+}
+
+void InvoicesPage::Mark(std::string_view key, std::string_view caption) {
+  frmPopupCalendar calendar(ledger, caption);
+  if (const auto day = calendar.PickFrom("")) MarkInvoices(ledger, list_, key, *day);
 }
 
 void InvoicesPage::OpenDocument(bool recreate) {

@@ -24,6 +24,7 @@ class InvoicesPage : public MainPage {
  private:
   void AddButtons();
   void AddCommands();
+  void Mark(std::string_view key, std::string_view caption);
   void OpenDocument(bool recreate);
 
   InvoiceListRules rules_{ledger};

@@ -4,9 +4,11 @@
 
 #include "core/messagebox.h"
 #include "core/options.h"
+#include "core/platform.h"
 #include "core/shortcuts.h"
 #include "core/text.h"
 #include "shell/printtable.h"
+#include "shell/severalrows.h"
 
 namespace lm {
 namespace {
@@ -22,7 +24,13 @@ std::string InWords(const std::string& keys) {
 }  // namespace
 
 MainPage::MainPage(frmMain& theWindow, const PageSpec& spec)
-    : window(theWindow), ledger(theWindow.ledger), spec_(spec) {}
+    : window(theWindow), ledger(theWindow.ledger), spec_(spec) {
+  OnCommand("mnuPopCopyRows", {[this] {
+              const Grid* grid = GridInFront();
+              if (const RecordList* list = grid ? ListOf(*grid) : nullptr) CopySelected(*list);
+            }});
+  OfferEntry("mnuPopCopyRows");
+}
 
 // Content
 
@@ -96,6 +104,18 @@ void MainPage::RecordsChanged(const ChangedRecords& changed) {
     if (const TableChange* change = changed.Of(list->Table()))
       list->RecordsChanged(*change, InFront());
   if (InFront()) Rebuild();
+}
+
+void MainPage::DeleteSelected(RecordList& list) {
+  GridRules* rules = window.RulesOf(list.Table());
+  if (list.SelectedRows().size() > 1)
+    DeleteSeveral(ledger, list, *rules);
+  else
+    rules->DeletePressed(list.SelectedRow());
+}
+
+void MainPage::CopySelected(const RecordList& list) const {
+  if (!list.SelectedRows().empty()) ledger.platform.system.SetClipboard(CopiedRows(list));
 }
 
 void MainPage::ShowAll() const {

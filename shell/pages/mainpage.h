@@ -93,6 +93,9 @@ class MainPage {
   const CommandHandler* InFrontHandler(std::string_view command) const;
   // The same for a command that this page carries out from everywhere.
   const CommandHandler* HandlerFromEverywhere(std::string_view command) const;
+  // What is selected in the list: a single record by its own rules, several with one question.
+  void DeleteSelected(RecordList& list);
+  void CopySelected(const RecordList& list) const;
   // All records of its lists in sight: the tab that hides none, and no words.
   void ShowAll() const;
   // The keys that press one of its buttons: "Ctrl+N"; "" for none.

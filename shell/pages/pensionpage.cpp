@@ -85,8 +85,7 @@ void PensionPage::AddButtons() {
   AddButton({&cmdViewPensionForm_Options, "down", "", onForms, "mnuPopDocument"}, "",
             [this] { OpenDocument(false); });
   cmdViewPensionForm_Options.SetToolTip("Open or recreate the form's document");
-  AddButton({&cmdDeletePensionForm, "delete"}, "",
-            [this] { Rules().DeletePressed(List().SelectedRow()); });
+  AddButton({&cmdDeletePensionForm, "delete"}, "", [this] { DeleteSelected(List()); });
   SetItemButtons(cmdAddPensionForm, cmdEditPensionForm, cmdDeletePensionForm);
 }
 

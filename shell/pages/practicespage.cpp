@@ -20,8 +20,7 @@ PracticesPage::PracticesPage(frmMain& theWindow)
     const int row = list_.SelectedRecord("Edit Practice", "There is no practice selected to edit.");
     if (row >= 0) rules_.Opened(row);
   });
-  AddButton({&cmdDeletePractice, "delete"}, "Delete Practice",
-            [this] { rules_.DeletePressed(list_.SelectedRow()); });
+  AddButton({&cmdDeletePractice, "delete"}, "Delete Practice", [this] { DeleteSelected(list_); });
   SetItemButtons(cmdAddPractice, cmdEditPractice, cmdDeletePractice);
 
   SetListMenu("mnuPopPractices");

@@ -3,6 +3,7 @@
 #include "core/messagebox.h"
 #include "documents/invoices.h"
 #include "records/windows.h"
+#include "shell/severalrows.h"
 
 namespace lm {
 namespace {
@@ -46,8 +47,7 @@ void SessionsPage::AddButtons() {
     const int row = list_.SelectedRecord("Copy Session", "There is no session selected to copy.");
     if (row >= 0) rules_.CopyPressed(row);
   });
-  AddButton({&cmdDeleteSession, "delete"}, "Delete Session",
-            [this] { rules_.DeletePressed(list_.SelectedRow()); });
+  AddButton({&cmdDeleteSession, "delete"}, "Delete Session", [this] { DeleteSelected(list_); });
   SetItemButtons(cmdAddSession, cmdEditSession, cmdDeleteSession);
 }
 
@@ -59,7 +59,7 @@ void SessionsPage::AddCommands() {
   OnCommand("mnuPopEditSession", Pressing(cmdEditSession));
   OnCommand("mnuPopCal_CopySession", Pressing(cmdCopySession));
   OnCommand("mnuPopDeleteSession", Pressing(cmdDeleteSession));
-  OnCommand("mnuPopCal_AddToInvoice", {[this] { Invoice(AddSessionToInvoice); }});
+  OnCommand("mnuPopCal_AddToInvoice", {[this] { AddToInvoice(); }});
   OnCommand("mnuPopCal_RemoveFromInvoice", {[this] { Invoice(RemoveSessionFromInvoice); }});
 
   SetListMenu("mnuPopCalendar");
@@ -74,6 +74,11 @@ void SessionsPage::AddCommands() {
   };
   OfferEntry("mnuPopCal_AddToInvoice", onSession(false));
   OfferEntry("mnuPopCal_RemoveFromInvoice", onSession(true));
+}
+
+void SessionsPage::AddToInvoice() {
+  if (list_.SelectedRows().size() > 1) return PutOnInvoices(ledger, list_);
+  Invoice(AddSessionToInvoice);
 }
 
 void SessionsPage::Invoice(bool (*change)(Ledger& ledger, const std::string& id)) {

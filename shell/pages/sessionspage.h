@@ -27,6 +27,7 @@ class SessionsPage : public MainPage {
   void AddButtons();
   void AddCommands();
   void AddTips();
+  void AddToInvoice();
   void Invoice(bool (*change)(Ledger& ledger, const std::string& id));
   void ShowCurrentTip();
 

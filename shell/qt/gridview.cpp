@@ -425,7 +425,10 @@ bool GridView::HandleKey(const QKeyEvent& event) {
       if (rules_) rules_->AddPressed();
       return rules_ != nullptr;
     case Qt::Key_Delete:
-      if (rules_ && row >= 0) rules_->DeletePressed(row);
+      if (onDelete && row >= 0)
+        onDelete();
+      else if (rules_ && row >= 0)
+        rules_->DeletePressed(row);
       return rules_ && row >= 0;
     case Qt::Key_F2:
       if (row >= 0) EditCellAt(row, col);
@@ -473,6 +476,10 @@ bool GridView::OpenedMenu(const QKeyEvent& event) {
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
+  if (onCopy && event->matches(QKeySequence::Copy)) {
+    onCopy();
+    return event->accept();
+  }
   if (Shown() && (OpenedMenu(*event) || HandleKey(*event)))
     event->accept();
   else
@@ -535,7 +542,11 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
   const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
   if (byMouse) {
     const QModelIndex index = indexAt(event->pos());
-    if (index.isValid()) setCurrentIndex(index);
+    // On one of several selected rows the menu is for all of them.
+    if (index.isValid() && selectionModel()->isSelected(index))
+      selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    else if (index.isValid())
+      setCurrentIndex(index);
   }
   const std::vector<MenuEntry> entries = screen_->ContextMenu(*Shown());
   if (entries.empty()) return;
@@ -563,6 +574,16 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   reading_ = true;
   Shown()->Select(model_->GridRow(current), current.column());
   reading_ = false;
+}
+
+void GridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  if (!onSelected) return;
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    for (int row = range.top(); row <= range.bottom(); ++row)
+      rows.push_back(model_->GridRow(model_->index(row, 0)));
+  onSelected(std::move(rows));
 }
 
 void GridView::changeEvent(QEvent* event) {

@@ -60,6 +60,11 @@ class GridView : public QTableView {
   std::function<void(int from, int to)> onColumnMoved;
   // The menu of a header, -1 for the room beside the columns; `place` is one of the screen.
   std::function<void(int col, const QPoint& place)> onHeaderMenu;
+  // Several rows may be selected: which, those that the user deletes, and those that he copies.
+  std::function<void(std::vector<int> gridRows)> onSelected;
+  std::function<void()> onDelete;
+  std::function<void()> onCopy;
+  void LetSelectSeveral() { setSelectionMode(ExtendedSelection); }
   // What stands in the middle while the list is empty, where that is no single text.
   std::function<QString()> whenEmpty;
   // Asked before a click does anything: false when a box beside the list holds a refused text.
@@ -106,6 +111,7 @@ class GridView : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   int sizeHintForColumn(int column) const override;
   // Shift+F10 opens the menu of the cell, as the menu key does, with Ctrl that of its header. True
   // when it was that key.

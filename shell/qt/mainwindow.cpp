@@ -34,6 +34,7 @@
 #include "shell/qt/scrolling.h"
 #include "shell/qt/tipstrip.h"
 #include "shell/qt/virtualkeys.h"
+#include "shell/severalrows.h"
 #include "shell/unsavedwords.h"
 
 namespace lm {
@@ -337,6 +338,7 @@ void MainWindow::BindLists(const QWidget& page) {
     }
     list->onColumnMoved = [this, grid](int from, int to) { screen_.ColumnMoved(*grid, from, to); };
     const auto later = [this] { statusTimer_.start(); };
+    LetSelectSeveral(*list);
     connect(list->model(), &QAbstractItemModel::modelReset, this, [this, list, later] {
       ShowSortMark(*list);
       later();
@@ -352,6 +354,19 @@ void MainWindow::ShowSortMark(GridView& list) {
   if (!list.Shown()) return;
   const SortState sort = screen_.SortOf(*list.Shown());
   list.SetSortMark(sort.key.empty() ? -1 : list.Shown()->ColIndex(sort.key), sort.descending);
+}
+
+void MainWindow::LetSelectSeveral(GridView& list) {
+  MainPage* page = screen_.PageWith(*list.Shown());
+  RecordList* records = page ? page->ListOf(*list.Shown()) : nullptr;
+  if (!records) return;
+  list.LetSelectSeveral();
+  list.onSelected = [this, records](std::vector<int> rows) {
+    records->SelectRows(std::move(rows));
+    ShowSelection();
+  };
+  list.onDelete = [page, records] { page->DeleteSelected(*records); };
+  list.onCopy = [page, records] { page->CopySelected(*records); };
 }
 
 GridView* MainWindow::CurrentList() const {
@@ -382,6 +397,9 @@ void MainWindow::FocusPage() {
 // Status bar
 
 void MainWindow::BuildStatusBar() {
+  selection_ = new QLabel;
+  selection_->setObjectName("lblSelection");
+  statusBar()->addWidget(selection_);
   lockSign_ = new QLabel;
   lockSign_->setAccessibleName(tr("Padlock"));
   lock_ = new QLabel;
@@ -404,6 +422,7 @@ void MainWindow::BuildStatusBar() {
 void MainWindow::RefreshStatus() {
   if (const GridView* list = CurrentList())
     if (auto* foot = list->parentWidget()->findChild<FootBand*>()) foot->Refresh();
+  ShowSelection();
   ShowLock();
 
   const UnsavedWords unsaved = DescribeUnsaved(ledger_);
@@ -423,6 +442,14 @@ void MainWindow::RefreshStatus() {
        optEditedRowColour);
   show(*typedDetails_, !ledger_.typedDetails.empty(), tr("My Details, not saved"),
        optEditedRowColour);
+}
+
+void MainWindow::ShowSelection() {
+  const GridView* list = CurrentList();
+  const RecordList* records =
+      list && list->Shown() ? screen_.FrontPage().ListOf(*list->Shown()) : nullptr;
+  selection_->setText(records ? ToQt(SelectionText(*records)) : QString());
+  selection_->setVisible(!selection_->text().isEmpty());
 }
 
 void MainWindow::ShowLock() {

@@ -53,6 +53,8 @@ class MainWindow : public QMainWindow {
   void BindLists(const QWidget& page);
   // Why the row where the cursor stands is locked.
   void ShowLock();
+  void LetSelectSeveral(GridView& list);
+  void ShowSelection();
   void ShowShortcutBar();
   void ShowKeys(const MainPage& page);
   void ShowPage();
@@ -67,6 +69,7 @@ class MainWindow : public QMainWindow {
   QListWidget* bar_ = nullptr;
   TipStrip* tips_ = nullptr;
   QStackedWidget* pages_ = nullptr;
+  QLabel* selection_ = nullptr;
   QLabel* lockSign_ = nullptr;
   QLabel* lock_ = nullptr;
   QLabel* newRows_ = nullptr;

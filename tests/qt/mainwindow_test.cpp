@@ -215,6 +215,42 @@ TEST(MainWindow, StatusBarCounts) {
   EXPECT_TRUE(all.contains("Edited, not saved: a session")) << all.toStdString();
 }
 
+TEST(MainWindow, SeveralRowsAreSelectedByKeysAndMouse) {
+  Running run;
+  run.screen->ShowPage(Page::Sessions);
+  auto& page = run.screen->PageOf<SessionsPage>();
+  run.screen->Enter(page.tabSessions, "All");
+  QApplication::processEvents();
+  GridView& list = *run.window->CurrentList();
+  const RecordList& records = *page.ListOf(run.test.ledger.fgSessions);
+  const auto* told = run.Find<QLabel>("lblSelection");
+  list.setFocus();
+  list.setCurrentIndex(list.model()->index(2, 3));
+  EXPECT_EQ(records.SelectedRows().size(), 1u);
+  EXPECT_FALSE(told->isVisible());
+  QTest::keyClick(&list, Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(records.SelectedRows().size(), 2u);
+  EXPECT_TRUE(told->text().startsWith("2 sessions selected, ")) << FromQt(told->text());
+  const auto click = [&](int row, Qt::KeyboardModifiers keys, Qt::MouseButton button) {
+    QTest::mouseClick(list.viewport(), button, keys,
+                      list.visualRect(list.model()->index(row, 3)).center());
+  };
+  click(6, Qt::ControlModifier, Qt::LeftButton);
+  EXPECT_EQ(records.SelectedRows().size(), 3u);
+  click(2, Qt::NoModifier, Qt::RightButton);
+  EXPECT_EQ(records.SelectedRows().size(), 3u) << "the menu is for all of them";
+  QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(std::count(run.test.shown.clipboard.begin(), run.test.shown.clipboard.end(), '\n'), 4);
+  QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(records.SelectedRows().size(), 12u);
+  QTest::keyClick(&list, Qt::Key_Delete);  // the safe answer is No
+  EXPECT_EQ(run.test.shown.TakeMessage(), "Delete 12 sessions?");
+  EXPECT_EQ(list.model()->rowCount(), 12);
+  click(4, Qt::NoModifier, Qt::LeftButton);
+  EXPECT_EQ(records.SelectedRows().size(), 1u);
+  EXPECT_FALSE(told->isVisible());
+}
+
 TEST(MainWindow, TheFootOfAListBringsAllOfItIntoSight) {
   Running run;
   run.screen->ShowPage(Page::Sessions);
