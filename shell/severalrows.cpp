@@ -1,7 +1,6 @@
 #include "shell/severalrows.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "core/change.h"
 #include "core/format.h"
@@ -56,8 +55,8 @@ std::string Described(const Ledger& ledger, const Grid& table, int row) {
 
 std::string FirstOnes(const Ledger& ledger, const Grid& table, const RowNumbers& rows) {
   std::string text;
-  for (const int row : rows | std::views::take(kNamed))
-    text += (text.empty() ? "" : "\\n") + Described(ledger, table, row);
+  for (std::size_t i = 0; i < std::min(rows.size(), kNamed); ++i)
+    text += (i == 0 ? "" : "\\n") + Described(ledger, table, rows[i]);
   if (rows.size() > kNamed)
     text += "\\nand " + Format(static_cast<int>(rows.size() - kNamed), "#,##0") + " more";
   return text;
@@ -124,7 +123,7 @@ void DeleteSeveral(Ledger& ledger, const RecordList& list, GridRules& rules) {
     const Change change(ledger, "Delete " + std::string(list.ShownTexts().name));
     const RedrawOff redrawOff(table);
     const YesToAll yes(ledger);
-    for (const int row : rows | std::views::reverse) rules.DeletePressed(row);
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) rules.DeletePressed(*row);
     refusal = yes.LastRefusal();
   }
   const int gone = before - table.Rows();

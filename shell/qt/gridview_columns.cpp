@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kWidestFit = 640;     // pixels of a column that shall fit a long note
 constexpr int kWidestChoice = 200;  // of one that shall show its choices
+constexpr int kSpare = 12;          // of a column's padding, where many stand beside each other
 constexpr int kHeadingRoom = 16;    // pixels beside a word of a heading
 
 // Null when the user has given the column a width.
@@ -43,7 +44,7 @@ int GridView::RoomForWords(int col) const {
   for (const QString& word : caption.split(QRegularExpression("\\s")))
     widest = std::max(widest, metrics.horizontalAdvance(word) + kHeadingRoom);
   if (column->lookup != Lookup::None)
-    widest = std::max(widest, std::min(sizeHintForColumn(col), kWidestChoice));
+    widest = std::max(widest, std::min(sizeHintForColumn(col) - kSpare, kWidestChoice));
   return widest;
 }
 
