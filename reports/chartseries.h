@@ -10,6 +10,7 @@
 // are gathered as "Others".
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +20,9 @@
 namespace lm {
 
 enum class ChartType { Columns, Stacked, Percent, Lines, Areas, Pie };
-constexpr int kChartTypes = 6;
+constexpr std::array<std::string_view, 6> kChartTypeNames{
+    "Clustered columns", "Stacked columns", "Stacked to 100 %", "Lines", "Areas", "Pie"};
+constexpr int kChartTypes = static_cast<int>(kChartTypeNames.size());
 
 enum class ChartGroup { Practice, Date };
 

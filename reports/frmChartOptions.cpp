@@ -9,12 +9,11 @@ frmChartOptions::frmChartOptions(Ledger& theLedger, ChartChoice choice,
     : Screen(theLedger, "frmChartOptions", "Chart Options"),
       choice_(choice),
       chosen_(std::move(chosen)) {
-  picChartType.SetItems({{"Clustered columns", "0"},
-                         {"Stacked columns", "1"},
-                         {"Stacked to 100 %", "2"},
-                         {"Lines", "3"},
-                         {"Areas", "4"},
-                         {"Pie", "5"}});
+  std::vector<ComboItem> types;
+  for (int type = 0; type < kChartTypes; ++type)
+    types.push_back(
+        {std::string(kChartTypeNames[static_cast<std::size_t>(type)]), std::to_string(type)});
+  picChartType.SetItems(types);
   picChartType.SetSelected(static_cast<int>(choice.type));
   picChartType.onEntered = [this] {
     choice_.type = static_cast<ChartType>(picChartType.Selected());

@@ -416,22 +416,25 @@ void Binder::ShowTabs(const TabField& tabs, QTabBar& bar) const {
 // What has words of its own needs no name.
 void Binder::NameForReaders(Bound& bound) {
   QString& name = bound.spoken;
+  const auto* button = qobject_cast<const QAbstractButton*>(bound.widget);
+  if (name.isEmpty() && button && !button->text().isEmpty()) return;
   for (const QLabel* caption : bound.captions)
     if (name.isEmpty()) name = PlainCaption(caption->text());
   if (qobject_cast<QLabel*>(bound.widget)) return SayValue(bound);
-  const auto* button = qobject_cast<const QAbstractButton*>(bound.widget);
-  if (name.isEmpty() && button && !button->text().isEmpty()) return;
   if (name.isEmpty()) name = bound.widget->toolTip();
   if (name.isEmpty() && TabBarOf(*bound.widget)) name = tr("Tabs");
   bound.widget->setAccessibleName(name);
+  // On Linux the name of a combo box is its value, and a label beside it tells what it is.
+  if (qobject_cast<QComboBox*>(bound.widget) && bound.captions.empty())
+    bound.widget->setAccessibleDescription(name);
 }
 
-// A label says what it is and what it shows.
+// A label says what it is and what it shows; one that shows nothing is silent. Each name that is
+// set is told to those who listen, so only another one is.
 void Binder::SayValue(const Bound& bound) {
-  const QString value = ToQt(bound.field->Text()).simplified();
-  bound.widget->setAccessibleName(bound.spoken.isEmpty() || value.isEmpty()
-                                      ? bound.spoken + value
-                                      : tr("%1: %2").arg(bound.spoken, value));
+  QString said = ToQt(bound.field->Text()).simplified();
+  if (!said.isEmpty() && !bound.spoken.isEmpty()) said = tr("%1: %2").arg(bound.spoken, said);
+  if (bound.widget->accessibleName() != said) bound.widget->setAccessibleName(said);
 }
 
 void Binder::CaptionChanged() {

@@ -2,14 +2,13 @@
 
 #include <QCoreApplication>
 #include <QPainter>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <memory>
 
 #include "shell/frmMain.h"
 #include "shell/qt/calendargrid.h"
 #include "shell/qt/calendarwidget.h"
-#include "shell/qt/freearea.h"
+#include "shell/qt/printpreview.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -58,15 +57,8 @@ bool PaintCalendar(QPagedPaintDevice& paper, frmMain& screen, const CalendarPage
 }
 
 void PrintCalendar(frmMain& screen, const CalendarPage& page, QWidget* parent) {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageOrientation(QPageLayout::Landscape);
-  printer.setDocName(ToQt(page.Title()));
-  QPrintPreviewDialog preview(&printer, parent);
-  preview.setWindowTitle(ToQt(page.Title()));
-  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                   [&](QPrinter* paper) { PaintCalendar(*paper, screen, page); });
-  preview.resize(QSize(1000, 720).boundedTo(FreeArea(preview).size()));
-  preview.exec();
+  ShowPrintPreview(
+      ToQt(page.Title()), [&](QPrinter& paper) { PaintCalendar(paper, screen, page); }, parent);
 }
 
 }  // namespace lm

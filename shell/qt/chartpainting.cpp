@@ -5,13 +5,12 @@
 #include <QImage>
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <algorithm>
 
 #include "reports/chartfile.h"
-#include "shell/qt/freearea.h"
 #include "shell/qt/liststyle.h"
+#include "shell/qt/printpreview.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -126,16 +125,10 @@ bool PaintChart(QPagedPaintDevice& paper, const Chart& chart, const ChartTitles&
 }
 
 void PrintChart(const frmChart& screen, QWidget* parent) {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageOrientation(QPageLayout::Landscape);
   const ChartTitles titles = screen.Titles();
-  printer.setDocName(ToQt(titles.main));
-  QPrintPreviewDialog preview(&printer, parent);
-  preview.setWindowTitle(ToQt(titles.main));
-  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                   [&](QPrinter* paper) { PaintChart(*paper, screen.Shown(), titles); });
-  preview.resize(QSize(1000, 720).boundedTo(FreeArea(preview).size()));
-  preview.exec();
+  ShowPrintPreview(
+      ToQt(titles.main), [&](QPrinter& paper) { PaintChart(paper, screen.Shown(), titles); },
+      parent);
 }
 
 }  // namespace lm

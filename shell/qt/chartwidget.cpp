@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "reports/chartmarks.h"
+#include "reports/chartsummary.h"
 #include "shell/qt/chartpainting.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/liststyle.h"
@@ -73,6 +74,7 @@ void ChartWidget::AttachTo(Screen& screen) {
 
 void ChartWidget::Show() {
   Mark(std::nullopt, {});
+  setAccessibleDescription(ToQt(ChartSummary(screen_->Shown())));
   LayOut();
 }
 
@@ -151,7 +153,7 @@ void ChartWidget::Mark(std::optional<ChartPart> part, const QPoint& place) {
   update();
   if (!marked_) {
     QToolTip::hideText();
-    return;
+    return setAccessibleName(tr("Chart"));
   }
   const QString text = ToQt(PartText(screen_->Shown(), *marked_));
   QToolTip::showText(mapToGlobal(place), text, this);

@@ -40,7 +40,8 @@ void FootBand::Refresh() {
   QStringList sums;
   for (const FootSum& sum : foot_.sums)
     sums << ToQt(sum.caption) + QStringLiteral(" ") + ToQt(sum.text);
-  setAccessibleName(tr("Sums: %1").arg(sums.join(QStringLiteral(", "))));
+  setAccessibleName(sums.isEmpty() ? QString()
+                                   : tr("Sums: %1").arg(sums.join(QStringLiteral(", "))));
   setToolTip(sums.join(u'\n'));
   updateGeometry();
   Arrange();

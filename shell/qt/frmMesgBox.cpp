@@ -26,17 +26,18 @@ struct IconSpec {
   int number;
   const char* objectName;
   const char* drawing;
+  const char* spoken;
   QColor (*colour)();
 };
 
 constexpr IconSpec kIcons[] = {
-    {0, "picCritical", "critical", DangerColour},
-    {1, "picExclamation", "exclamation", WarningColour},
-    {4, "picExclamation", "exclamation", WarningColour},
-    {2, "picInformation", "information", AccentColour},
-    {3, "picQuestion", "question", AccentColour},
-    {5, "picCompleted", "completed", GoodColour},
-    {6, "picTip", "tip", WarningColour},
+    {0, "picCritical", "critical", "Error", DangerColour},
+    {1, "picExclamation", "exclamation", "Warning", WarningColour},
+    {4, "picExclamation", "exclamation", "Warning", WarningColour},
+    {2, "picInformation", "information", "Information", AccentColour},
+    {3, "picQuestion", "question", "Question", AccentColour},
+    {5, "picCompleted", "completed", "Done", GoodColour},
+    {6, "picTip", "tip", "Tip", WarningColour},
 };
 
 const IconSpec& IconOf(Icon icon) {
@@ -129,6 +130,8 @@ frmMesgBox::frmMesgBox(const MessageBoxText& message, QWidget* parent)
     : QDialog(parent), safe_(SafeAnswer(message.buttons)), pressed_(safe_) {
   setObjectName("frmMesgBox");
   setWindowTitle(ToQt(message.title));
+  // Heard when it comes up: none of its texts takes the focus.
+  setAccessibleDescription(ToQt(message.mainPrompt + " " + message.minorPrompt).simplified());
 
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(20, 20, 20, 16);
@@ -138,6 +141,7 @@ frmMesgBox::frmMesgBox(const MessageBoxText& message, QWidget* parent)
   const IconSpec& spec = IconOf(message.icon);
   auto* picture = new QLabel;
   picture->setObjectName(spec.objectName);
+  picture->setAccessibleName(tr(spec.spoken));
   picture->setPixmap(LineIcon(spec.drawing, spec.colour())
                          .pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
 

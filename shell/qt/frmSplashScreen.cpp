@@ -43,6 +43,7 @@ frmSplashScreen::frmSplashScreen(std::string_view version)
   imgProgressBarIndicator_->setTextVisible(false);
   imgProgressBarIndicator_->setFixedHeight(8);
   auto* picture = new QLabel;
+  picture->setAccessibleName(ToQt(kProductName));
   picture->setPixmap(QIcon(":/icons/ledgerminder.svg").pixmap(QSize(64, 64), devicePixelRatioF()));
 
   auto* titles = new QVBoxLayout;

@@ -287,7 +287,11 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   editor_ =
       list.empty() ? TextEditor(parent, editRow_, editCol_, alignment) : ListEditor(parent, list);
   editor_->setFont(view_->Style().font);
-  editor_->setAccessibleName(ToQt(view_->Shown()->TextMatrix(0, editCol_)));
+  const QString heading =
+      view_->model()->headerData(editCol_, Qt::Horizontal).toString().simplified();
+  QWidget& typed = editor_->focusProxy() ? *editor_->focusProxy() : *editor_;
+  typed.setAccessibleName(heading);
+  typed.setAccessibleDescription(heading);  // on Linux the name of a combo box is its value
   return editor_;
 }
 

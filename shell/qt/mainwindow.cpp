@@ -435,6 +435,7 @@ void MainWindow::RefreshStatus() {
     label.setTextFormat(Qt::RichText);
     label.setText(
         QStringLiteral("<span style=\"color:%1\">&#9632;</span>&nbsp;%2").arg(colour, text));
+    label.setAccessibleName(text);  // without the square
   };
   show(*newRows_, !unsaved.added.empty(), tr("New, not saved: %1").arg(ToQt(unsaved.added)),
        optNewRowColour);

@@ -1,8 +1,8 @@
 #include "shell/qt/printing.h"
 
 #include <QFontMetrics>
+#include <QObject>
 #include <QPainter>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <algorithm>
 #include <numeric>
@@ -11,8 +11,8 @@
 #include "core/format.h"
 #include "core/platform.h"
 #include "shell/printtable.h"
-#include "shell/qt/freearea.h"
 #include "shell/qt/liststyle.h"
+#include "shell/qt/printpreview.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -259,15 +259,9 @@ int PaintGrid(QPagedPaintDevice& paper, const Ledger& ledger, const Grid& grid,
 }
 
 void PrintGrid(const Ledger& ledger, Grid& grid, const PrintHeading& heading, QWidget* parent) {
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setPageOrientation(QPageLayout::Landscape);
-  printer.setDocName(ToQt(heading.title));
-  QPrintPreviewDialog preview(&printer, parent);
-  preview.setWindowTitle(ToQt(heading.title));
-  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                   [&](QPrinter* paper) { PaintGrid(*paper, ledger, grid, heading); });
-  preview.resize(QSize(1000, 720).boundedTo(FreeArea(preview).size()));
-  preview.exec();
+  ShowPrintPreview(
+      ToQt(heading.title), [&](QPrinter& paper) { PaintGrid(paper, ledger, grid, heading); },
+      parent);
 }
 
 }  // namespace lm

@@ -52,13 +52,15 @@ class Line : public QHBoxLayout {
   }
 };
 
-void AddDate(Line& line, const TextField& field, const Button& picker, const QString& caption) {
+void AddDate(Line& line, const TextField& field, const Button& picker, const QString& caption,
+             const QString& picks) {
   auto* box = line.Add<QLineEdit>(field, caption);
   box->setFixedWidth(kDateBox);
   auto* button = line.Add<QToolButton>(picker, {});
   button->setProperty("lineIcon", "calendar");
   button->setProperty("pickerOf", box->objectName());
-  button->setToolTip(QObject::tr("Choose the date (Alt+Down)"));
+  button->setAccessibleName(picks);
+  button->setToolTip(QObject::tr("%1 (Alt+Down)").arg(picks));
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::NoFocus);
   line.addSpacing(kGap);
@@ -68,8 +70,10 @@ QWidget* MakePeriod(const ReportsPage& page) {
   auto* line = new Line;
   line->Add<QComboBox>(page.cboReportPeriod, QObject::tr("Period:"));
   line->addSpacing(kGap);
-  AddDate(*line, page.txtReport_SDate, page.cmdReport_SDate, QObject::tr("From:"));
-  AddDate(*line, page.txtReport_EDate, page.cmdReport_EDate, QObject::tr("To:"));
+  AddDate(*line, page.txtReport_SDate, page.cmdReport_SDate, QObject::tr("From:"),
+          QObject::tr("Choose the start date"));
+  AddDate(*line, page.txtReport_EDate, page.cmdReport_EDate, QObject::tr("To:"),
+          QObject::tr("Choose the end date"));
   line->addStretch();
   return line->Whole();
 }

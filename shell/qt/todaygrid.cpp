@@ -44,7 +44,9 @@ TodayGrid::TodayGrid(const TodayList& list, QWidget* parent) : GridView(parent),
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerPixel);
   connect(model(), &QAbstractItemModel::modelReset, this, &TodayGrid::ShowCursor);
-  Model().spokenText = [this](int row, int) { return SpokenText(row); };
+  Model().spokenText = [this](int row, int col) {
+    return isColumnHidden(col) ? QString() : SpokenText(row);
+  };
 }
 
 QFont TodayGrid::HeadingFont(int gridRow) const {

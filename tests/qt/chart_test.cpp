@@ -46,9 +46,12 @@ TEST_F(ChartWindowTest, ThePointerTellsTheValue) {
   EXPECT_EQ(QToolTip::text(), "Elm Tree Medical Centre\nAug 25: 910.00");
   QTest::mouseMove(&plot, QPoint(2, 2));
   EXPECT_FALSE(plot.Marked());
+  EXPECT_EQ(Spoken(), "Chart");
+  EXPECT_TRUE(plot.accessibleDescription().startsWith("Clustered columns, Apr 25 to Mar 26. "));
   screen.SetChoice({ChartType::Pie, ChartGroup::Practice});
   QTest::mouseMove(&plot, plot.PlaceOf({0, 1}));
   EXPECT_EQ(Spoken(), "Chart, Elm Tree Medical Centre: 4990.00 (19%)");
+  EXPECT_TRUE(plot.accessibleDescription().startsWith("Pie. ")) << "it follows the chart";
 }
 
 TEST_F(ChartWindowTest, TheKeysGoFromValueToValue) {

@@ -1,4 +1,5 @@
 #include "reports/chartdrawing.h"
+#include "reports/chartsummary.h"
 
 #include <gtest/gtest.h>
 
@@ -185,6 +186,17 @@ TEST(ChartDrawingTest, TellsWhatIsUnderThePointer) {
   EXPECT_EQ(PartText(shares, {1, 0}), "B\nJan 26: 30.00 (75%)");
   const Chart pie = MakeChart(report, {ChartType::Pie, ChartGroup::Practice});
   EXPECT_EQ(PartText(pie, {0, 0}), "A: 30.00 (35%)");
+  EXPECT_TRUE(ChartSummary(pie).starts_with("Pie. A: 30.00 (35%); B: ")) << ChartSummary(pie);
+}
+
+TEST(ChartDrawingTest, WhatAChartShowsIsToldInWords) {
+  const ReportMatrix report = YearOfWork();
+  EXPECT_EQ(ChartSummary(MakeChart(report, {ChartType::Lines, ChartGroup::Date})),
+            "Lines, Apr 25 to Mar 26. Riverside Surgery: 1510.00 at most, in Oct 25; "
+            "Elm Tree Medical Centre: 910.00 at most, in Aug 25; "
+            "Harbour Practice: 1120.00 at most, in Feb 26; "
+            "County OOH Service: 640.00 at most, in Mar 26");
+  EXPECT_EQ(ChartSummary({}), kNothingToChart);
 }
 
 TEST(ChartDrawingTest, AnEmptyReportSaysSo) {
