@@ -73,6 +73,12 @@ std::string ShownInGroup(const Grid& grid, int groupRow, int col, int first) {
   return col == holder ? "" : grid.DisplayText(groupRow, col);
 }
 
+bool HasRows(const Grid& grid, int groupRow) {
+  const int next = groupRow + (grid.PositionOfSubtotals() == SubtotalPosition::Below ? -1 : 1);
+  return next >= grid.FixedRows() && next < grid.Rows() &&
+         (!grid.IsSubtotal(next) || grid.RowOutlineLevel(next) > grid.RowOutlineLevel(groupRow));
+}
+
 const GroupedList kGroupedSessions{&Ledger::fgSessions, kSessionChoices, kSessionSums};
 const GroupedList kGroupedInvoices{&Ledger::fgInvoices, kInvoiceChoices, kInvoiceSums};
 const GroupedList kGroupedExpenses{&Ledger::fgExpenses, kExpenseChoices, kExpenseSums};

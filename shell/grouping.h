@@ -38,6 +38,9 @@ constexpr std::string_view kGroupMonthKey = "GROUPMONTH";
 int TitlePlace(const Grid& grid, int groupRow, int first);
 std::string ShownInGroup(const Grid& grid, int groupRow, int col, int first);
 
+// False of a line of totals that stands alone, with nothing to open.
+bool HasRows(const Grid& grid, int groupRow);
+
 class ListGrouping {
  public:
   ListGrouping(Ledger& ledger, const GroupedList& list) : list_(list), grid_(ledger.*list.table) {

@@ -105,7 +105,7 @@ QWidget* MakeCalendarView(const CalendarPage& page, CalendarView view, const Gri
   auto* headings = new CalendarGrid(page, view);
   headings->SetHeadingsOf(ToQt(grid.Name()));
   headings->setFocusPolicy(Qt::NoFocus);
-  headings->setAccessibleName(body->accessibleName());
+  headings->setAccessibleName(QObject::tr("Headings of %1").arg(body->accessibleName()));
   auto* room = new QWidget;
   auto* top = new QHBoxLayout;
   top->setSpacing(0);

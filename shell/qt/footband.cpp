@@ -37,14 +37,20 @@ FootBand::FootBand(GridView& list, std::function<ListFoot()> read, std::function
 void FootBand::Refresh() {
   foot_ = read_();
   setVisible(!foot_.count.empty());
+  setToolTip(Sums().join(u'\n'));
+  // The band is drawn, and so silent; its words are a label.
+  QString said = ToQt(foot_.Sentence());
+  if (!foot_.sums.empty()) said = tr("%1. Sums: %2").arg(said, Sums().join(QStringLiteral(", ")));
+  if (count_->accessibleName() != said) count_->setAccessibleName(said);
+  updateGeometry();
+  Arrange();
+}
+
+QStringList FootBand::Sums() const {
   QStringList sums;
   for (const FootSum& sum : foot_.sums)
     sums << ToQt(sum.caption) + QStringLiteral(" ") + ToQt(sum.text);
-  setAccessibleName(sums.isEmpty() ? QString()
-                                   : tr("Sums: %1").arg(sums.join(QStringLiteral(", "))));
-  setToolTip(sums.join(u'\n'));
-  updateGeometry();
-  Arrange();
+  return sums;
 }
 
 QFont FootBand::SumFont() const {
@@ -92,7 +98,6 @@ void FootBand::Arrange() {
     count_->setText(link(count));
   count_->setToolTip(outside.isEmpty() ? QString()
                                        : tr("%1. A click shows all.").arg(ToQt(foot_.Sentence())));
-  count_->setAccessibleName(ToQt(foot_.Sentence()));
   count_->setGeometry(kLabelEdge, 0,
                       std::clamp(room - 2 * kLabelEdge, 0, count_->sizeHint().width()), height());
   update();

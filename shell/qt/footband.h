@@ -36,6 +36,7 @@ class FootBand : public QWidget {
   // From left to right, of the columns that are in sight.
   std::vector<Place> Places() const;
   QFont SumFont() const;
+  QStringList Sums() const;  // "Rate 5,122.50"
   void Arrange();
 
   GridView& list_;

@@ -14,6 +14,7 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "entry/pickers.h"
+#include "shell/grouping.h"
 #include "shell/optiongrids.h"
 #include "shell/qt/changemarks.h"
 #include "shell/qt/gridview.h"
@@ -41,13 +42,6 @@ QRect PicturePlace(const QRect& cell, bool before) {
   place.moveCenter(cell.center());
   if (before) place.moveLeft(cell.left() + 3);
   return place;
-}
-
-// A line of totals may stand alone.
-bool HasRows(const Grid& grid, int group) {
-  const int next = group + (grid.PositionOfSubtotals() == SubtotalPosition::Below ? -1 : 1);
-  return next >= grid.FixedRows() && next < grid.Rows() &&
-         (!grid.IsSubtotal(next) || grid.RowOutlineLevel(next) > grid.RowOutlineLevel(group));
 }
 
 }  // namespace

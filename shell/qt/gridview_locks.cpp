@@ -2,6 +2,7 @@
 #include <QToolTip>
 
 #include "core/rows.h"
+#include "shell/grouping.h"
 #include "shell/qt/gridview.h"
 #include "shell/qt/qtext.h"
 
@@ -17,8 +18,12 @@ bool GridView::InvitesTyping(int gridRow, int col) const {
 
 // What the colours and signs of a row say.
 QString GridView::NoteOf(int gridRow, int col) const {
+  if (IsGroup(gridRow)) {
+    if (!HasRows(*Shown(), gridRow)) return {};
+    return Shown()->RowCollapsed(gridRow) ? tr("folded") : tr("open");
+  }
   QStringList notes;
-  if (model_->HasMarker() && gridRow >= 0 && !IsGroup(gridRow)) {
+  if (model_->HasMarker() && gridRow >= 0) {
     const RowState state = StateOfRow(screen_->ledger, *Shown(), gridRow);
     if (state == RowState::New) notes << tr("New, not saved");
     if (state == RowState::Edited) notes << tr("Edited, not saved");

@@ -47,6 +47,7 @@ TodayGrid::TodayGrid(const TodayList& list, QWidget* parent) : GridView(parent),
   Model().spokenText = [this](int row, int col) {
     return isColumnHidden(col) ? QString() : SpokenText(row);
   };
+  Model().spokenNote = nullptr;
 }
 
 QFont TodayGrid::HeadingFont(int gridRow) const {

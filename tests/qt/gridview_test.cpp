@@ -422,8 +422,10 @@ TEST(GridView, GroupsOpenAndClose) {
   EXPECT_EQ(list.Cell(0, 2).data().toString(), "First") << "the title stands at the left edge";
   EXPECT_EQ(list.Cell(0, 4).data().toString(), "100.00");
   EXPECT_EQ(list.view.columnSpan(0, 2), 2);
+  EXPECT_EQ(list.Cell(0, 2).data(Qt::AccessibleDescriptionRole).toString(), "open");
   QTest::mouseClick(list.view.viewport(), Qt::LeftButton, {}, list.Middle(0, 2));
   EXPECT_EQ(list.view.Model().rowCount(), 1);
+  EXPECT_EQ(list.Cell(0, 2).data(Qt::AccessibleDescriptionRole).toString(), "folded");
   QTest::keyClick(&list.view, Qt::Key_Right);
   EXPECT_EQ(list.view.Model().rowCount(), 5);
   list.view.EditCellAt(2, 2);

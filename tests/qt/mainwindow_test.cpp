@@ -260,8 +260,8 @@ TEST(MainWindow, TheFootOfAListBringsAllOfItIntoSight) {
   const GridView* list = run.window->CurrentList();
   auto* foot = list->parentWidget()->findChild<FootBand*>();
   ASSERT_TRUE(foot->isVisible());
-  EXPECT_TRUE(foot->accessibleName().contains("Total ")) << foot->accessibleName().toStdString();
   auto* count = foot->findChild<QLabel*>();
+  EXPECT_TRUE(count->accessibleName().contains("Total ")) << count->accessibleName().toStdString();
   EXPECT_TRUE(count->accessibleName().contains("of 12 sessions"));
   ASSERT_TRUE(count->text().contains("href"));
   count->linkActivated("all");
