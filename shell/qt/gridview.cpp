@@ -20,18 +20,6 @@ namespace {
 constexpr int kRowPadding = 10;  // pixels above and below the text together
 constexpr int kHeaderPadding = 14;
 constexpr int kHeaderMargin = 10;  // pixels that a caption does not fill
-constexpr int kColumnPadding = 24;
-constexpr const char* kLargeSum = "88,888.88";
-constexpr int kMeasuredRows = 60;  // rows looked at for the width of a column without one
-constexpr int kSignWidth = 14;     // room for its sign
-constexpr int kNarrowest = 56, kWidest = 260;
-
-int WidestLine(const QFontMetrics& metrics, const QString& text) {
-  int widest = 0;
-  for (const QString& line : text.split('\n'))
-    widest = std::max(widest, metrics.horizontalAdvance(line));
-  return widest;
-}
 
 // Two headings beside each other keep their distance, the first one at the right of its column, the
 // second at the left.
@@ -278,39 +266,6 @@ void GridView::ReadCursor() {
     scrollTo(model_->index(row, col));
   }
   reading_ = false;
-}
-
-// A column without a width of its own fits what it shows, and grows with it.
-int GridView::ColumnWidth(int col) {
-  const int twips = Shown()->ColWidth(col);
-  const bool marker = model_->HasMarker() && col == 0;
-  if (twips > 0)
-    return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : RoomForWords(col));
-  const std::string& key = Shown()->ColKey(col);
-  int& width = measured_[key.empty() ? Shown()->TextMatrix(CaptionRow(*Shown()), col) : key];
-  width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));
-  return width;
-}
-
-int GridView::sizeHintForColumn(int col) const { return WidestText(col, kMeasuredRows); }
-
-// With its padding, over the first rows.
-int GridView::WidestText(int col, int rows) const {
-  QFont bold = style_.font;
-  bold.setBold(true);
-  const QFontMetrics metrics(style_.font), boldMetrics(bold);
-  int widest =
-      WidestLine(metrics, model_->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
-  // The sums of groups come later.
-  if (Shown()->ColFormat(col).find('#') != std::string::npos)
-    widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
-  for (int shown = 0; shown < std::min(model_->rowCount(), rows); ++shown) {
-    const int row = model_->GridRow(model_->index(shown, 0));
-    if (IsGroup(row) && col >= model_->TitleColumn(row) && col < model_->TitleEnd(row)) continue;
-    const QString text = model_->index(shown, col).data().toString();
-    widest = std::max(widest, (IsGroup(row) ? boldMetrics : metrics).horizontalAdvance(text));
-  }
-  return widest + kColumnPadding;
 }
 
 // Long captions take several lines.

@@ -1,4 +1,4 @@
-// How a list gives its columns more room than they have of their own.
+// How wide the columns of a list are, in pixels.
 #include <QRegularExpression>
 #include <algorithm>
 
@@ -10,10 +10,22 @@
 namespace lm {
 namespace {
 
+constexpr int kColumnPadding = 24;
+constexpr const char* kLargeSum = "88,888.88";
+constexpr int kMeasuredRows = 60;  // rows looked at for the width of a column without one
+constexpr int kSignWidth = 14;     // room for its sign
+constexpr int kNarrowest = 56, kWidest = 260;
 constexpr int kWidestFit = 640;     // pixels of a column that shall fit a long note
 constexpr int kWidestChoice = 200;  // of one that shall show its choices
 constexpr int kSpare = 12;          // of a column's padding, where many stand beside each other
 constexpr int kHeadingRoom = 16;    // pixels beside a word of a heading
+
+int WidestLine(const QFontMetrics& metrics, const QString& text) {
+  int widest = 0;
+  for (const QString& line : text.split('\n'))
+    widest = std::max(widest, metrics.horizontalAdvance(line));
+  return widest;
+}
 
 // Null when the user has given the column a width.
 const ColumnSpec* ShippedColumn(const Grid& grid, int col) {
@@ -26,6 +38,39 @@ const ColumnSpec* ShippedColumn(const Grid& grid, int col) {
 }
 
 }  // namespace
+
+// A column without a width of its own fits what it shows, and grows with it.
+int GridView::ColumnWidth(int col) {
+  const int twips = Shown()->ColWidth(col);
+  const bool marker = model_->HasMarker() && col == 0;
+  if (twips > 0)
+    return std::max(TwipsToPixels(twips, logicalDpiX()), marker ? kSignWidth : RoomForWords(col));
+  const std::string& key = Shown()->ColKey(col);
+  int& width = measured_[key.empty() ? Shown()->TextMatrix(CaptionRow(*Shown()), col) : key];
+  width = std::max(width, std::clamp(sizeHintForColumn(col), kNarrowest, kWidest));
+  return width;
+}
+
+int GridView::sizeHintForColumn(int col) const { return WidestText(col, kMeasuredRows); }
+
+// With its padding, over the first rows.
+int GridView::WidestText(int col, int rows) const {
+  QFont bold = style_.font;
+  bold.setBold(true);
+  const QFontMetrics metrics(style_.font), boldMetrics(bold);
+  int widest =
+      WidestLine(metrics, model_->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
+  // The sums of groups come later.
+  if (Shown()->ColFormat(col).find('#') != std::string::npos)
+    widest = std::max(widest, boldMetrics.horizontalAdvance(kLargeSum));
+  for (int shown = 0; shown < std::min(model_->rowCount(), rows); ++shown) {
+    const int row = model_->GridRow(model_->index(shown, 0));
+    if (IsGroup(row) && col >= model_->TitleColumn(row) && col < model_->TitleEnd(row)) continue;
+    const QString text = model_->index(shown, col).data().toString();
+    widest = std::max(widest, (IsGroup(row) ? boldMetrics : metrics).horizontalAdvance(text));
+  }
+  return widest + kColumnPadding;
+}
 
 void GridView::FitColumn(int col) {
   if (!Shown() || col < model_->FirstColumn() || !Shown()->ColVisible(col) || Wraps(col)) return;
