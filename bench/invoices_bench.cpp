@@ -6,6 +6,8 @@
 
 #include <ctime>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <string>
 #include <utility>
@@ -76,6 +78,18 @@ struct Month {
   }
 };
 
+// Of all invoices that the batch wrote.
+int PagesIn(const std::filesystem::path& folder) {
+  constexpr std::string_view kPage = "/Type /Page ";
+  int pages = 0;
+  for (const auto& document : std::filesystem::directory_iterator(folder)) {
+    std::ifstream file(document.path(), std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    for (std::size_t at = 0; (at = bytes.find(kPage, at)) != std::string::npos; ++at) ++pages;
+  }
+  return pages;
+}
+
 double ProcessorSeconds() {
   return static_cast<double>(std::clock()) / static_cast<double>(CLOCKS_PER_SEC);
 }
@@ -85,6 +99,7 @@ void PrepareBatch(benchmark::State& state, bool branches) {
   const int sessions = static_cast<int>(state.range(0));
   Month month(sessions, branches);
   double seconds = 0;
+  int pages = 0;
   for (auto _ : state) {
     const double start = ProcessorSeconds();
     const int made = month.Prepare();
@@ -94,10 +109,12 @@ void PrepareBatch(benchmark::State& state, bool branches) {
     if (made != (branches ? 1 : kPractices))
       state.SkipWithError("not every practice got its invoice");
     if (month.test.shown.messages.size() != 1) state.SkipWithError("a message was shown");
+    pages += PagesIn(month.ledger.File("Invoices"));
     month.TakeBack();
   }
   const double aSession = seconds / static_cast<double>(state.iterations()) / sessions;
   if (sessions == kSmallest) ofSmallest[branches] = aSession;
+  state.counters["pages_a_second"] = pages / seconds;
   state.counters["us_a_session"] = aSession * 1e6;
   state.counters["times_the_smallest"] = aSession / ofSmallest[branches];
 }

@@ -1,12 +1,14 @@
-// A template's sections drawn down the pages of one document: a cursor, page breaks by the heights
-// of the sections, and one or two calls of the PDF writer for each item.
+// A template's sections drawn down the pages of one document: a cursor, and page breaks by the
+// heights of the sections.
 #pragma once
 
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/ledger.h"
+#include "documents/invoiceitems.h"
 #include "documents/mergefields.h"
 #include "documents/template.h"
 #include "pdf/clsPDFCreator.h"
@@ -27,33 +29,27 @@ class InvoicePages {
 
  private:
   struct SectionKind;
-  struct Box {
-    double left, top, width, height;  // millimetres on the page
-    double radius = 0;                // of its corners
-  };
-  struct Growth {
-    double bottom = 0;  // lowest edge of the items so far, from the top of the section
-    bool grown = false;
-  };
+
+  std::vector<std::string> SessionsByDate(const std::string& invoiceId) const;  // IDs
+  void RenderSession();
+  void RenderItemsOfSession();
+
+  double FlowEnd() const;  // lowest edge of what flows
+  double FooterTop();      // of the invoice
+  double SessionHeight();  // with all that belongs to the session of the context
+  void KeepTogether(bool last);
+  void BeginFurtherPage();
+  void BeginFlowPage();  // the cursor where its contents begin
 
   // Every section of this id. A fault ends the section that it stands in, after its message.
   void RenderSection(std::string_view name);
   void DrawSection(const TemplateSection& section, const SectionKind& kind);
+  void MeasureSection(const TemplateSection& section, const SectionKind& kind);
+  SectionGrowth Measure(const TemplateSection& section);
+  double StretchOf(const TemplateSection& section, const SectionKind& kind);
+  void Advance(const SectionGrowth& growth, const SectionKind& kind);
+  void DrawRests(std::vector<LaidItem> rests, const SectionKind& kind);
   bool PlaceSection(const SectionKind& kind);  // moves the cursor; true when a new page is needed
-  void BeginFurtherPage();
-  void RenderItemsOfSession();
-
-  void DrawItem(const TemplateItem& item, Growth& growth);
-  // The box may grow downwards to hold the text.
-  void DrawTextItem(const TemplateItem& item, Box& box, const std::string& text);
-  void DrawShape(const TemplateItem& item, const Box& box);
-  void DrawPicture(const TemplateItem& item, const Box& box);
-  void Link(const TemplateItem& item);
-  std::string MergedCaption(const TemplateItem& item) const;
-  void ChooseFont(const TemplateItem& item);
-  void ChooseColours(const TemplateItem& item, const Box& box);
-  std::string AddFill(const TemplateItem& item, const Box& box);  // a colour, or a gradient's name
-  double NeededHeight(std::string_view text, double width) const;
   void TellFault(std::string_view sectionId, int number, std::string_view description);
 
   Ledger& ledger_;
@@ -63,8 +59,10 @@ class InvoicePages {
   std::set<std::string>& told_;
   MergeFields fields_;
   MergeContext context_;
+  InvoiceItems items_;
   Single y_ = 0;  // millimetres from the top of the page
-  int gradients_ = 0;
+  bool rowsOnPage_ = false;
+  bool measuring_ = false;  // the cursor moves and nothing is drawn
 };
 
 }  // namespace lm

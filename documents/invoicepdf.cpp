@@ -187,6 +187,7 @@ bool InvoiceRenderer::Write(const std::string& id, int row, const DocumentTempla
   pdf.BeginDoc(PathText(file));
   if (pdf.ErrNumber() == 0) {
     InvoicePages(ledger_, index_, layout, pdf, toldFaults_).Draw(id);
+    cutTexts_ = pdf.CutTexts();
     if (pdf.EndDoc()) return true;  // an item's fault was told already
   }
   TellUnwritten(ledger_, file, pdf.ErrDescription());

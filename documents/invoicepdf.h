@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/files.h"
 #include "core/ledger.h"
@@ -37,6 +38,8 @@ class InvoiceRenderer {
   // False when the invoice's document would come out otherwise if it were made now, by its figures,
   // its texts or its template. True also, after its message, where it cannot be made now.
   bool IsCurrent(const std::string& invoiceId);
+  // What the document written last does not show: texts without room, and words that were too long.
+  const std::vector<std::string>& CutTexts() const { return cutTexts_; }
   // The last failure would meet every other invoice too (no folder, one that takes no file, no
   // template): a batch need not go on writing documents.
   bool FailedForAll() const { return failedForAll_; }
@@ -52,6 +55,7 @@ class InvoiceRenderer {
   std::map<std::string, DocumentTemplate, std::less<>> templates_;
   std::set<std::string> toldFaults_;
   FileBatch documents_;
+  std::vector<std::string> cutTexts_;
   bool failedForAll_ = false;
 };
 

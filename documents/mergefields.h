@@ -15,12 +15,14 @@ namespace lm {
 // The records that fields draw on, by ID; an empty or unknown ID leaves its fields empty.
 struct MergeContext {
   std::string invoice{}, session{}, extra{}, expense{};
+  bool pageNumbers = false;  // PAGE and PAGES are the writer's place holders, otherwise empty
 };
 
 // Sums over the sessions of one invoice.
 struct MergedSums {
   std::string invoice;  // its ID
   Single rates = 0, extras = 0, expenses = 0, pensionable = 0;
+  bool elsewhere = false;  // a session was not at the invoice's practice
 };
 
 // Many captions over the same records, which do not change meanwhile: the sums of the invoice that

@@ -76,21 +76,33 @@ MergedSums SumUp(Records r, const std::string& invoiceId) {
     sums.extras += extras;
     sums.expenses += SessionNumber(r.ledger, row, "EXPENSES");
     sums.pensionable = sums.pensionable + rate + extras;
+    sums.elsewhere |=
+        r.index.Practice(r.ledger.fgSessions.TextMatrix(row, "PRACTICE")) != r.practice;
   }
   return sums;
 }
 
-template <Single MergedSums::*sum>
-std::string Sum(Records r, Column) {
-  if (r.invoice < 0) return "";
+const MergedSums& SumsOfInvoice(Records r) {
   const std::string invoiceId = InvoiceCell(r, "ID");
   if (r.sums.invoice != invoiceId) r.sums = SumUp(r, invoiceId);
-  return PlainText(r.sums.*sum);
+  return r.sums;
+}
+
+template <Single MergedSums::*sum>
+std::string Sum(Records r, Column) {
+  return r.invoice < 0 ? "" : PlainText(SumsOfInvoice(r).*sum);
+}
+
+// The session's practice, unless all sessions of the invoice are at the one that it goes to.
+std::string SessionBranch(Records r, Column column) {
+  return r.invoice >= 0 && SumsOfInvoice(r).elsewhere ? SessionPractice(r, column) : "";
 }
 
 std::string Today(Records r, Column) { return CellText(r.ledger.platform.clock.Now()); }
 std::string TimeNow(Records r, Column) { return CellTimeText(r.ledger.platform.clock.Now()); }
-std::string Nothing(Records, Column) { return ""; }
+std::string PageMark(Records r, Column mark) {
+  return r.pageNumbers ? std::string(mark) : std::string();
+}
 
 std::string MyFullName(Records r, Column) {
   return MyDetail(r.ledger, kFirstNameField) + " " + MyDetail(r.ledger, kLastNameField);
@@ -114,6 +126,7 @@ constexpr MergeField kFields[] = {
     {"SESSION EMPLOYERCONTRIBRATE", SessionCell, "EMPLOYERCONTRIBRATE"},
     {"SESSION NOTE", SessionCell, "PUBLICNOTE"},
     {"SESSION PRACTICE", SessionPractice},
+    {"SESSION BRANCH", SessionBranch},
     {"EMPLOYERCONTRIBRATE", OptionText<optEmployerContribRate>},
     {"SESSION TYPE", SessionTypeText},
     {"EXTRA ITEM", ExtraCell, "ITEM"},
@@ -150,7 +163,8 @@ constexpr MergeField kFields[] = {
     {"DATE", Today},
     {"TIME", TimeNow},
     {"NOW", TimeNow},
-    {"PAGE", Nothing},
+    {"PAGE", PageMark, "#PAGE"},
+    {"PAGES", PageMark, "#PAGES"},
     {"MY NAME", MyFullName},
     {"MY FULLNAME", MyFullName},
     {"MY FIRST NAME", Detail<kFirstNameField>},
@@ -191,6 +205,7 @@ MergeRecords::MergeRecords(const Ledger& ledger, const RecordIndex& index,
       extra(index.Extra(context.extra)),
       expense(index.Expense(context.expense)),
       practice(index.Practice(ledger.fgInvoices.TextMatrix(invoice, "PRACTICE"))),
+      pageNumbers(context.pageNumbers),
       sums(sums) {}
 
 const MergeField* FindMergeField(std::string_view name) {

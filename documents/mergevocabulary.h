@@ -19,7 +19,8 @@ struct MergeRecords {
   const RecordIndex& index;
   const int invoice, session, extra, expense;
   const int practice;  // of the invoice
-  MergedSums& sums;    // of whichever invoice was summed up last
+  const bool pageNumbers;
+  MergedSums& sums;  // of whichever invoice was summed up last
 };
 
 struct MergeField {

@@ -33,6 +33,14 @@ constexpr BackgroundsName kBackgrounds[] = {
     {"SAME ON ALL PAGES", PageBackgrounds::SameOnAllPages},
 };
 
+struct PageNumbersName {
+  std::string_view name;
+  PageNumbers numbers;
+};
+
+constexpr PageNumbersName kPageNumbers[] = {{"ON SEVERAL PAGES", PageNumbers::OnSeveralPages},
+                                            {"ALWAYS", PageNumbers::Always}};
+
 // The entry whose name this is, ignoring case; null when there is none.
 template <class Table>
 auto Named(const Table& table, std::string_view name) {
@@ -61,6 +69,9 @@ void ReadDocument(const TemplateItem& document, DocumentTemplate& layout) {
   layout.backgrounds = backgrounds ? backgrounds->backgrounds : PageBackgrounds::Other;
   layout.showExpenses = IsYes(document.Find("show_expenses"));
   layout.showSessionFooter = IsYes(document.Find("show_sessionfooter"));
+  layout.keepTogether = IsYes(document.Find("keep_together"));
+  if (const std::string* numbers = document.Find("page_numbers"))
+    if (const auto* named = Named(kPageNumbers, *numbers)) layout.pageNumbers = named->numbers;
 
   const PageSize page = PageSizeOf(document.Text("papersize"), document.Text("orientation"));
   layout.width = page.width;
@@ -128,9 +139,9 @@ PageSize PageSizeOf(std::string_view paperSize, std::string_view orientation) {
 }
 
 bool HasSectionHeight(std::string_view id) {
-  constexpr std::string_view kWithHeight[] = {"pageheader", "pagefooter", "invheader",
-                                              "invfooter",  "session",    "sessionfooter",
-                                              "extra",      "expense"};
+  constexpr std::string_view kWithHeight[] = {
+      "pageheader",    "pagefooter", "invheader", "invfooter",        "session",
+      "sessionfooter", "extra",      "expense",   "sessioncontinued", "invfootercontinued"};
   return std::ranges::find(kWithHeight, id) != std::end(kWithHeight);
 }
 

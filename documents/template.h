@@ -70,12 +70,18 @@ PageSize PageSizeOf(std::string_view paperSize, std::string_view orientation);
 // True for the ids of sections whose height is read; the id is compared exactly.
 bool HasSectionHeight(std::string_view id);
 
+enum class PageNumbers { None, OnSeveralPages, Always };
+
 enum class PageBackgrounds { None, DifferentOnPage1, SameOnAllPages, Other };
 
 struct DocumentTemplate {
   double width = 0, height = 0;  // of the page, millimetres; 0 for an unknown paper size
   double marginTop = 0, marginBottom = 0;
   bool showExtras = false, showExpenses = false, showSessionFooter = false;
+  // A session and what belongs to it stand on one page where they can, the last one with the
+  // invoice's footer.
+  bool keepTogether = false;
+  PageNumbers pageNumbers = PageNumbers::None;
   PageBackgrounds backgrounds = PageBackgrounds::None;
   std::vector<TemplateSection> sections;
 

@@ -25,6 +25,8 @@ constexpr AttributeRule kDocument[] = {
     {"show_expenses", "", Choice, kYesNo, true},
     {"show_sessionfooter", "", Choice, kYesNo, true},
     {"page_backgrounds", "", Choice, "NONE|DIFFERENT ON PAGE 1|SAME ON ALL PAGES"},
+    {"keep_together", "", Choice, kYesNo, true},
+    {"page_numbers", "", Choice, "ON SEVERAL PAGES|ALWAYS|NONE", true},
 };
 
 // Which sections need a height goes by their ids.
@@ -54,7 +56,12 @@ constexpr AttributeRule kItem[] = {
     {"textcolor", "T", Colour},
     {"fontname", "T", Font},
     {"fontsize", "T", Positive},
-    {"allowexpansion", "T", Choice, "DOWN|NONE|NO|"},
+    {"allowexpansion", "T", Choice, "DOWN|PAGES|NONE|NO|"},
+    {"emptylines", "T", Choice, "CLOSE|KEEP|", true},
+    {"fit", "T", Choice, "SHRINK|NONE|", true},
+    {"below", "T", Length, "", true},
+    {"shownwith", "TSP", Any, "", true},
+    {"stretch", "S", Choice, "SECTION|NONE|", true},
     {"fontbold", "T", Choice, kTrueFalse},
     {"fontitalic", "T", Choice, kTrueFalse},
     {"fontunderline", "T", Choice, kTrueFalse},

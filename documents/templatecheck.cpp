@@ -16,8 +16,9 @@ namespace {
 
 constexpr double kTolerance = 0.005;  // millimetres
 
-// Where a section stands on the page; a flowing one anywhere from the top margin to its limit.
-enum class Place { Top, Foot, Flow };
+// Where a section stands on the page: a flowing one anywhere from the top margin to its limit, one
+// that goes on with something at the top margin.
+enum class Place { Top, Foot, Flow, Continued };
 
 struct SectionRule {
   std::string_view id;
@@ -25,10 +26,18 @@ struct SectionRule {
 };
 
 constexpr SectionRule kSections[] = {
-    {"background1", Place::Top}, {"backgroundall", Place::Top},  {"pageheader", Place::Top},
-    {"pagefooter", Place::Foot}, {"invheader", Place::Top},      {"invfooter", Place::Foot},
-    {"session", Place::Flow},    {"sessionfooter", Place::Flow}, {"extra", Place::Flow},
+    {"background1", Place::Top},
+    {"backgroundall", Place::Top},
+    {"pageheader", Place::Top},
+    {"pagefooter", Place::Foot},
+    {"invheader", Place::Top},
+    {"invfooter", Place::Foot},
+    {"session", Place::Flow},
+    {"sessionfooter", Place::Flow},
+    {"extra", Place::Flow},
     {"expense", Place::Flow},
+    {"sessioncontinued", Place::Continued},
+    {"invfootercontinued", Place::Continued},
 };
 
 std::string Quoted(std::string_view text) {
@@ -101,6 +110,7 @@ class Checker {
   std::vector<TemplateFinding> findings_;
   PageSize page_;
   double marginTop_ = 0, marginBottom_ = 0;
+  bool numbersPages_ = false;
   std::set<std::string> found_;  // ids of the sections, in lower case
 };
 
@@ -114,6 +124,8 @@ void Checker::CheckDocuments() {
   CheckElements(document, {});
   page_ = PageSizeOf(Value(document, "papersize"), Value(document, "orientation"));
   marginTop_ = Number(document, "margin_top").value_or(0);
+  const std::string numbers = Value(document, "page_numbers");
+  numbersPages_ = !numbers.empty() && !EqualsIgnoreCase(numbers, "NONE");
   marginBottom_ = Number(document, "margin_bottom").value_or(0);
 }
 
@@ -225,6 +237,7 @@ void Checker::CheckItem(pugi::xml_node item, pugi::xml_node section, const Secti
     CheckCaption(item.attribute("caption"));
     CheckAlignment(item);
   }
+  CheckCaption(item.attribute("shownwith"));
   if (kind == "P") CheckPicture(item.attribute("filename"));
 }
 
@@ -250,12 +263,14 @@ void Checker::CheckPlace(pugi::xml_node item, pugi::xml_node section, const Sect
       HasSectionHeight(rule.id) ? Number(section, "height") : std::optional(page_.height);
   if (!own) return;
   // A section that flows has the top margin above it at least, and the bottom margin below it.
-  const double least = rule.place == Place::Foot   ? *own - page_.height
-                       : rule.place == Place::Flow ? -marginTop_
-                                                   : 0;
-  const double most = rule.place == Place::Foot   ? *own
-                      : rule.place == Place::Flow ? *own + marginBottom_
-                                                  : page_.height;
+  const bool belowMargin = rule.place == Place::Flow || rule.place == Place::Continued;
+  const double least = rule.place == Place::Foot ? *own - page_.height
+                       : belowMargin             ? -marginTop_
+                                                 : 0;
+  const double most = rule.place == Place::Foot        ? *own
+                      : rule.place == Place::Flow      ? *own + marginBottom_
+                      : rule.place == Place::Continued ? page_.height - marginTop_
+                                                       : page_.height;
   if (*top < least - kTolerance || *top + *height > most + kTolerance)
     Wrong(item, "The object reaches from " + PlainText(*top) + " to " + PlainText(*top + *height) +
                     " mm down the section " + Quoted(rule.id) + "; there the page reaches from " +
@@ -274,8 +289,8 @@ void Checker::CheckCaption(pugi::xml_attribute caption) {
     if (!IsMergeField(name))
       Wrong(caption,
             "There is no field " + Quoted("{" + name + "}") + "; nothing is drawn for it.");
-    else if (EqualsIgnoreCase(name, "PAGE"))
-      Note(caption, "The field '{PAGE}' is never filled.");
+    else if (!numbersPages_ && (EqualsIgnoreCase(name, "PAGE") || EqualsIgnoreCase(name, "PAGES")))
+      Note(caption, "The field '{" + ToUpper(name) + "}' is never filled.");
     open = close;
   }
 }

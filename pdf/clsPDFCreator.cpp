@@ -282,6 +282,8 @@ void clsPDFCreator::DrawTextBox(double x, double y, double width, double height,
        [&] { texts_->DrawTextBox(x, y, width, height, text, flags, rectMode, leftover); });
 }
 
+const std::vector<std::string>& clsPDFCreator::CutTexts() const { return texts_->CutTexts(); }
+
 void clsPDFCreator::DrawTextCircular(double x, double y, double radius, std::string_view text,
                                      double startAngle, int flags) {
   Trap("DrawTextCircular",
@@ -362,6 +364,14 @@ double clsPDFCreator::GetPageHeight(bool userUnits) const {
 double clsPDFCreator::GetPageWidth(bool userUnits) const { return pages_->GetPageWidth(userUnits); }
 
 int clsPDFCreator::GetPages() const { return pages_->GetPages(); }
+
+double clsPDFCreator::GetTextBoxHeight(double width, std::string_view text, int flags) {
+  double height = 0;
+  Trap("GetTextBoxHeight", [&] { height = texts_->TextBoxHeight(width, text, flags); });
+  return height;
+}
+
+double clsPDFCreator::GetTextDescent() const { return texts_->GetTextDescent(); }
 
 double clsPDFCreator::GetTextHeight() const { return texts_->GetTextHeight(); }
 

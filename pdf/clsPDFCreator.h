@@ -275,6 +275,9 @@ class clsPDFCreator {
   // over. Two of the first act as none.
   void DrawTextBox(double x, double y, double width, double height, std::string_view text,
                    int flags = 0, int rectMode = 1, std::string* leftover = nullptr);
+  // What text boxes did not draw so far: words that an ellipsis shortened, whole, and what found no
+  // room where no leftover took it.
+  const std::vector<std::string>& CutTexts() const;
   // Around the outside of a circle, clockwise, from startAngle (0 to the right, counter-clockwise);
   // flags 2: up to there, 4: centred there. Error: a radius that is not above 0.
   void DrawTextCircular(double x, double y, double radius, std::string_view text, double startAngle,
@@ -328,7 +331,9 @@ class clsPDFCreator {
   double GetPageHeight(bool userUnits = true) const;  // of the open or next page; else in points
   double GetPageWidth(bool userUnits = true) const;
 
-  double GetTextHeight() const;  // of a line, without the line factor
+  double GetTextBoxHeight(double width, std::string_view text, int flags = 0);  // all of it drawn
+  double GetTextDescent() const;  // below the baseline
+  double GetTextHeight() const;   // of a line, without the line factor
   double GetTextWidth(std::string_view text) const;
 
   double GetX() const;  // the cursor

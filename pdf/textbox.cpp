@@ -84,11 +84,13 @@ class Breaker {
   }
 
  private:
-  std::vector<std::string> Words(std::string_view paragraph) const {
+  std::vector<std::string> Words(std::string_view paragraph) {
     if (box_.flags & kTextUnwrapped) return {std::string(paragraph)};
     std::vector<std::string> words;
-    for (const std::string_view word : Split(paragraph, ' '))
+    for (const std::string_view word : Split(paragraph, ' ')) {
       words.push_back(CutToFit(word, box_.width, advances_));
+      if (words.back() != word) broken_.cutWords.emplace_back(word);
+    }
     return words;
   }
 

@@ -67,7 +67,8 @@ struct BoxLine {
 
 struct BrokenText {
   std::vector<BoxLine> lines;
-  std::string leftover;  // paragraphs parted by carriage return and line feed
+  std::string leftover;               // paragraphs parted by carriage return and line feed
+  std::vector<std::string> cutWords;  // as they were before an ellipsis took their ends
 };
 
 // How much of the free height stands above the text: half for kTextMiddle, all for kTextBottom.

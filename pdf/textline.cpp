@@ -138,8 +138,15 @@ void LineWriter::Write(const TextLine& line, bool nextLine) {
   state.y = nextLine ? line.y + fonts_.LineHeight() * state.text.lineFactor : line.y;
 }
 
-Advances LineWriter::CurrentAdvances() const {
-  Advances advances;
+const Advances& LineWriter::CurrentAdvances() const {
+  constexpr std::size_t kKept = 32;
+  const TextState& state = document_.state.text;
+  const Measure measure{state.fontIndex, state.size, state.charSpacing, state.wordSpacing,
+                        state.horizontalScaling};
+  for (const Measured& known : measured_)
+    if (known.measure == measure) return known.advances;
+  if (measured_.size() == kKept) measured_.pop_back();
+  Advances& advances = measured_.emplace_front(Measured{measure, {}}).advances;
   for (std::size_t code = 0; code < advances.size(); ++code) {
     const char c = static_cast<char>(code);
     advances[code] = fonts_.TextWidth(std::string_view(&c, 1));

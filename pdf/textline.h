@@ -1,6 +1,7 @@
 // One line of text as operators: the way that every text takes to the page.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <string_view>
 
@@ -39,7 +40,8 @@ class LineWriter {
   // left edge, one line down.
   void Write(const TextLine& line, bool nextLine = false);
 
-  Advances CurrentAdvances() const;
+  // Of the font, size, spacings and scaling in force. Good until the next call.
+  const Advances& CurrentAdvances() const;
   double Descent() const;     // points, negative
   double LineHeight() const;  // points, without the line factor
 
@@ -48,8 +50,20 @@ class LineWriter {
   Spacing Space(const TextLine& line) const;
   std::string DecorationLines(double x, double y, double width) const;
 
+  // What a table of advances depends on. Documents change between a few of them box by box.
+  struct Measure {
+    int font = -1;
+    double size = 0, charSpacing = 0, wordSpacing = 0, scaling = 0;
+    bool operator==(const Measure&) const = default;
+  };
+  struct Measured {
+    Measure measure;
+    Advances advances;
+  };
+
   Document& document_;
   Fonts& fonts_;
+  mutable std::deque<Measured> measured_;
 };
 
 }  // namespace lm::pdf

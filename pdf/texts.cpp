@@ -103,7 +103,11 @@ void Texts::DrawTextBox(double x, double y, double width, double height, std::st
   document_.RememberBox(left, top, left + shape.width, top + shape.height);
   document_.state.x = left;
   document_.state.y = top + (rectMode == kNoRectangle ? shape.TextHeight() : shape.height);
-  if (leftover) *leftover = shape.broken.leftover;
+  cutTexts_.insert(cutTexts_.end(), shape.broken.cutWords.begin(), shape.broken.cutWords.end());
+  if (leftover)
+    *leftover = shape.broken.leftover;
+  else if (!shape.broken.leftover.empty())
+    cutTexts_.push_back(shape.broken.leftover);
 }
 
 double Texts::TextBoxHeight(double width, std::string_view text, int flags) {
@@ -181,6 +185,8 @@ void Texts::SetPlaceHolder(std::string_view name, std::string_view text) {
 }
 
 double Texts::GetTextHeight() const { return document_.ToUnits(fonts_.LineHeight()); }
+
+double Texts::GetTextDescent() const { return document_.ToUnits(-lines_->Descent()); }
 
 double Texts::GetTextWidth(std::string_view text) const {
   return document_.ToUnits(fonts_.TextWidth(text));

@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "pdf/document.h"
 
@@ -71,6 +72,10 @@ class Texts {
 
   double GetTextHeight() const;  // of a line, without the line factor
   double GetTextWidth(std::string_view text) const;
+  double GetTextDescent() const;  // below the baseline
+  // What DrawTextBox did not draw in this document: words that an ellipsis shortened, and the rest
+  // that no leftover took.
+  const std::vector<std::string>& CutTexts() const { return cutTexts_; }
   // The height that DrawTextBox takes for the text when its height is 0.
   double TextBoxHeight(double width, std::string_view text, int flags = 0);
 
@@ -99,6 +104,7 @@ class Texts {
   std::unique_ptr<RichTexts> richTexts_;
   std::unique_ptr<Tables> tables_;
   std::unique_ptr<PlaceHolders> placeHolders_;
+  std::vector<std::string> cutTexts_;
 };
 
 }  // namespace lm::pdf
