@@ -181,18 +181,19 @@ void InvoiceItems::LayText(LaidItem& laid, const std::string& merged) {
 // The largest size at which the whole text has room. Words are broken only where the letters would
 // become much smaller otherwise.
 void InvoiceItems::Shrink(LaidItem& laid) {
-  constexpr double kStep = 0.25, kSmallest = 1;  // points
-  constexpr double kBreakingFrom = 0.75;         // of the size that the template asks for
-  constexpr double kTolerance = 0.001;           // millimetres
+  constexpr double kSmallest = 1;         // points
+  constexpr double kBreakingFrom = 0.75;  // of the size that the template asks for
+  constexpr double kTolerance = 0.001;    // millimetres
   const double full = laid.fontSize;
   const TextMeasure widthOf = WidthOfText();
-  for (double size = full;; size -= kStep) {
+  for (double size = full, smaller = full;; size = smaller) {
+    smaller = size - std::max(0.25, size / 40);
     if (size < full) ChooseFont(*laid.item, size);
     std::string text = laid.text;
     if (size <= full * kBreakingFrom) text = WithLongWordsBroken(text, laid.box.width, widthOf);
     const bool fits = WidestWord(text, widthOf) <= laid.box.width &&
                       pdf_.GetTextBoxHeight(laid.box.width, text) <= laid.box.height + kTolerance;
-    if (!fits && size - kStep >= kSmallest) continue;
+    if (!fits && smaller >= kSmallest) continue;
     laid.fontSize = size;
     laid.text = std::move(text);
     return;
@@ -224,6 +225,10 @@ double InvoiceItems::NeededHeight(std::string_view text, double width) const {
 }
 
 // How it is drawn
+
+void InvoiceItems::ChooseFontOf(const LaidItem& laid) {
+  if (laid.fontSize > 0) ChooseFont(*laid.item, laid.fontSize);
+}
 
 std::string InvoiceItems::Draw(const LaidItem& laid, double foot) {
   const TemplateItem& item = *laid.item;

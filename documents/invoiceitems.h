@@ -55,7 +55,10 @@ class InvoiceItems {
   // Empty for an item that hides. The writer's font is the item's then, for Draw. Throws
   // TemplateError for an attribute that it lacks. `y`: where its section begins on the page.
   std::optional<LaidItem> Lay(const TemplateItem& item, Single y, SectionGrowth& growth);
-  // What found no room above `foot`, of an item that flows over pages; "" when all is drawn.
+  // Before an item is drawn that others were laid after.
+  void ChooseFontOf(const LaidItem& laid);
+  // What found no room above `foot`, of an item that flows over pages; "" when all is drawn, and
+  // always where `foot` is infinite.
   std::string Draw(const LaidItem& laid, double foot);
   // The text goes on as far as `foot`, at least by one line; laid.text becomes what is left.
   // Returns where it ends, in millimetres on the page.

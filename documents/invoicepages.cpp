@@ -112,6 +112,7 @@ double InvoicePages::SessionHeight() {
 // Before a session is drawn. A page on which no session stands yet gains nothing from a break.
 void InvoicePages::KeepTogether(bool last) {
   constexpr double kTolerance = 0.001;  // millimetres
+  measured_.clear();
   if (!rowsOnPage_) return;
   const double height = SessionHeight() - kTolerance;
   const auto parts = [&](double end) {
@@ -180,23 +181,47 @@ void InvoicePages::DrawSection(const TemplateSection& section, const SectionKind
   }
   if (section.items.empty()) pdf_.WriteText(" ", 0, 66);  // so that the section writes something
   SectionGrowth growth;
-  growth.stretch = StretchOf(section, kind);
-  std::vector<LaidItem> rests;
-  for (const TemplateItem& item : section.items) {
-    std::optional<LaidItem> laid = items_.Lay(item, y_, growth);
-    if (!laid) continue;
-    std::string rest = items_.Draw(*laid, FlowEnd());
-    if (rest.empty()) continue;
-    laid->text = std::move(rest);
-    rests.push_back(std::move(*laid));
-  }
+  std::vector<LaidItem> rests = DrawItems(section, kind, growth);
   Advance(growth, kind);
   if (!rests.empty()) DrawRests(std::move(rests), kind);
   if (kind.name == "session") RenderItemsOfSession();
 }
 
+std::vector<LaidItem> InvoicePages::DrawItems(const TemplateSection& section,
+                                              const SectionKind& kind, SectionGrowth& growth) {
+  // Of what stands on every page nothing can go on on the next one.
+  const bool mayGoOn = kind.placing == Placing::Flow || kind.placing == Placing::InvoiceFoot;
+  const double foot = mayGoOn ? FlowEnd() : HUGE_VAL;
+  std::vector<LaidItem> rests;
+  const auto draw = [&](LaidItem& laid) {
+    laid.text = items_.Draw(laid, foot);
+    if (!laid.text.empty()) rests.push_back(std::move(laid));
+  };
+  if (!measured_.empty() && measured_.front().section == &section) {
+    MeasuredSection measured = std::move(measured_.front());
+    measured_.pop_front();
+    growth = measured.growth;
+    for (LaidItem& laid : measured.items) {
+      laid.box.top += y_;
+      items_.ChooseFontOf(laid);
+      draw(laid);
+    }
+    return rests;
+  }
+  growth.stretch = StretchOf(section, kind);
+  for (const TemplateItem& item : section.items)
+    if (std::optional<LaidItem> laid = items_.Lay(item, y_, growth)) draw(*laid);
+  return rests;
+}
+
 void InvoicePages::MeasureSection(const TemplateSection& section, const SectionKind& kind) {
-  Advance(Measure(section), kind);
+  MeasuredSection measured{&section, {}, {}};
+  measured.growth.stretch = StretchOf(section, kind);
+  for (const TemplateItem& item : section.items)
+    if (std::optional<LaidItem> laid = items_.Lay(item, 0, measured.growth))
+      measured.items.push_back(std::move(*laid));
+  Advance(measured.growth, kind);
+  measured_.push_back(std::move(measured));
   if (kind.name == "session") RenderItemsOfSession();
 }
 

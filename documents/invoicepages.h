@@ -2,6 +2,7 @@
 // heights of the sections.
 #pragma once
 
+#include <deque>
 #include <set>
 #include <string>
 #include <string_view>
@@ -29,6 +30,11 @@ class InvoicePages {
 
  private:
   struct SectionKind;
+  struct MeasuredSection {  // not yet drawn; as if it began at the top of a page
+    const TemplateSection* section;
+    SectionGrowth growth;
+    std::vector<LaidItem> items;
+  };
 
   std::vector<std::string> SessionsByDate(const std::string& invoiceId) const;  // IDs
   void RenderSession();
@@ -44,6 +50,9 @@ class InvoicePages {
   // Every section of this id. A fault ends the section that it stands in, after its message.
   void RenderSection(std::string_view name);
   void DrawSection(const TemplateSection& section, const SectionKind& kind);
+  // Returns what the page had no room for.
+  std::vector<LaidItem> DrawItems(const TemplateSection& section, const SectionKind& kind,
+                                  SectionGrowth& growth);
   void MeasureSection(const TemplateSection& section, const SectionKind& kind);
   SectionGrowth Measure(const TemplateSection& section);
   double StretchOf(const TemplateSection& section, const SectionKind& kind);
@@ -60,7 +69,8 @@ class InvoicePages {
   MergeFields fields_;
   MergeContext context_;
   InvoiceItems items_;
-  Single y_ = 0;  // millimetres from the top of the page
+  Single y_ = 0;                          // millimetres from the top of the page
+  std::deque<MeasuredSection> measured_;  // of the session that comes, in the order of drawing
   bool rowsOnPage_ = false;
   bool measuring_ = false;  // the cursor moves and nothing is drawn
 };

@@ -181,6 +181,18 @@ TEST(MergeFields, SessionTypes) {
   }
 }
 
+TEST(MergeFields, BranchAndPagesAreThereWhereTheyAreOfUse) {
+  Records records;
+  EXPECT_EQ(records.Of("{SESSION BRANCH}"), "Riverside Surgery") << "the other is elsewhere";
+  records.ledger.fgSessions.SetTextMatrix(records.ledger.fgSessions.FindRow("4", "ID"), "PRACTICE",
+                                          "1");
+  EXPECT_EQ(records.Of("[{SESSION BRANCH}]"), "[]");
+  MergeContext numbered = Records::kAll;
+  numbered.pageNumbers = true;
+  EXPECT_EQ(records.Of("{PAGE} of {Pages}", numbered), "#PAGE of #PAGES");
+  EXPECT_EQ(records.Of("[{PAGE}{PAGES}]"), "[]");
+}
+
 // A hundred thousand pounds and more do not hold their pence in single precision.
 TEST(MergeFields, SumsAreSingles) {
   Records records;

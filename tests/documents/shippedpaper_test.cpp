@@ -10,6 +10,7 @@
 #include <set>
 #include <sstream>
 
+#include "core/contrast.h"
 #include "core/text.h"
 #include "tests/documents/papertrial.h"
 
@@ -140,6 +141,25 @@ std::string Crossed(const std::vector<Word>& words, const std::vector<Picture>& 
   return found;
 }
 
+// The session that a page begins with stands above what belongs to it, on the last page too. Only
+// sessions bear a date on further pages.
+std::string PagesWithoutSession(const std::vector<Word>& words) {
+  constexpr double kHead = 30;  // millimetres, of a further page
+  std::string found;
+  for (int page = 2; page <= words.back().page; ++page) {
+    const auto first = [&](auto isMeant) {
+      const auto word = std::ranges::find_if(words, [&](const Word& each) {
+        return each.page == page && each.top > kHead && isMeant(each.text);
+      });
+      return word == words.end() ? HUGE_VAL : word->top;
+    };
+    const double session = first([](const std::string& text) { return text.ends_with("2026"); });
+    const double extra = first([](const std::string& text) { return text == "45.00"; });
+    if (session == HUGE_VAL || extra < session - 1) found += std::to_string(page) + " ";
+  }
+  return found;
+}
+
 class ShippedPaper : public testing::TestWithParam<Trial> {};
 
 TEST_P(ShippedPaper, ShowsEveryTextWhole) {
@@ -154,6 +174,25 @@ TEST_P(ShippedPaper, ShowsEveryTextWhole) {
   ASSERT_FALSE(words.empty());
   EXPECT_EQ(Overlaps(words), "");
   EXPECT_EQ(Crossed(words, PicturesOf(file)), "");
+  // The longest notes leave no room for a session beside them on the last page.
+  if (trial.texts == Texts::Long) return;
+  EXPECT_EQ(PagesWithoutSession(words), "");
+}
+
+// Texts on the paper, and the white ones on the plate that they stand on.
+TEST(ShippedTemplates, ClearDayIsReadable) {
+  test::TestLedger test;
+  PlaceShippedTemplates(test);
+  const auto layout = LoadTemplate(test, test.ledger.File("Invoice Templates") / "Clear Day.tmpl");
+  ASSERT_TRUE(layout);
+  constexpr Colour kWhite = Rgb(255, 255, 255), kPlate = Rgb(0x1A, 0x63, 0x99);
+  for (const TemplateSection& section : layout->sections)
+    for (const TemplateItem& item : section.items) {
+      const std::string* colour = item.Find("textcolor");
+      if (!colour) continue;
+      const Colour text = static_cast<Colour>(std::stoi(*colour));
+      EXPECT_GE(ContrastRatio(text, text == kWhite ? kPlate : kWhite), kTextContrast) << *colour;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Templates, ShippedPaper, testing::ValuesIn(Trials()),

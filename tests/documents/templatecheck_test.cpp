@@ -113,6 +113,11 @@ TEST(TemplateCheck, FieldsOfCaptions) {
                    "3! There is no field '{INVOICE TOTALS}'; nothing is drawn for it."},
                   {{{"caption", "{}"}}, "3! There is no field '{}'; nothing is drawn for it."},
                   {{{"caption", "Page {page}"}}, "3 The field '{PAGE}' is never filled."},
+                  {{{"caption", "{pages}"}}, "3 The field '{PAGES}' is never filled."},
+                  {{{"shownwith", "{Practice Faxes}"}},
+                   "3! There is no field '{Practice Faxes}'; nothing is drawn for it."},
+                  {{{"fit", "SHRINK"}, {"emptylines", "CLOSE"}, {"below", "2"}}, ""},
+                  {{{"fit", "LARGER"}}, "3! fit 'LARGER' is not SHRINK or NONE."},
                   {{{"caption", "{DATE} and {MY NAME"}},
                    "3! A '{' is not closed; the text from it on is not drawn: '{MY NAME'."}});
 }

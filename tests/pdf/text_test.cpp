@@ -218,6 +218,16 @@ TEST_F(Text, ABoxPlacesItsLines) {
   }
 }
 
+TEST_F(Text, WhatABoxCutsIsKnown) {
+  std::string leftover;
+  texts_.DrawTextBox(10, 20, 60, 15, "abc defg", 0);
+  texts_.DrawTextBox(10, 20, 30, 15, "abc defg hij", 0, 1, &leftover);
+  EXPECT_TRUE(texts_.CutTexts().empty()) << "it has room, or a leftover takes it";
+  texts_.DrawTextBox(10, 20, 30, 15, "abc\rhij", 0);
+  texts_.DrawTextBox(10, 20, 30, 30, "abc abcdefghij", 0);
+  EXPECT_EQ(texts_.CutTexts(), (std::vector<std::string>{"hij", "abcdefghij"}));
+}
+
 TEST_F(Text, ABoxWithARectangle) {
   std::string leftover;
   texts_.DrawTextBox(10, 20, 30, 15, "abc defg hij", 0, 5, &leftover);
