@@ -171,11 +171,20 @@ void InvoiceItems::LayText(LaidItem& laid, const std::string& merged) {
   if (EqualsIgnoreCase(expansion, "DOWN")) {
     box.height = std::max(box.height, NeededHeight(laid.text, box.width));
   } else if (FlowsOverPages(item)) {
-    laid.text = WithLongWordsBroken(laid.text, box.width, WidthOfText());
-    box.height = std::max(box.height, pdf_.GetTextBoxHeight(box.width, laid.text));
-  } else if (Says(item, "fit", "SHRINK")) {
+    const bool one = FitsOnALine(laid);
+    if (!one) laid.text = WithLongWordsBroken(laid.text, box.width, WidthOfText());
+    box.height = std::max(box.height,
+                          one ? pdf_.GetTextHeight() : pdf_.GetTextBoxHeight(box.width, laid.text));
+  } else if (Says(item, "fit", "SHRINK") && !FitsOnALine(laid)) {
     Shrink(laid);
   }
+}
+
+// Most texts do, and need no more measuring.
+bool InvoiceItems::FitsOnALine(const LaidItem& laid) const {
+  const bool isHighEnough = FlowsOverPages(*laid.item) || pdf_.GetTextHeight() <= laid.box.height;
+  return isHighEnough && laid.text.find_first_of("\r\n") == std::string::npos &&
+         pdf_.GetTextWidth(laid.text) <= laid.box.width;
 }
 
 // The largest size at which the whole text has room. Words are broken only where the letters would

@@ -71,6 +71,7 @@ class InvoiceItems {
   bool Hides(const TemplateItem& item, const std::string& kind, const std::string& text) const;
   void ChooseFont(const TemplateItem& item, double size);
   void LayText(LaidItem& laid, const std::string& merged);
+  bool FitsOnALine(const LaidItem& laid) const;
   void Shrink(LaidItem& laid);
   TextMeasure WidthOfText() const;
   double NeededHeight(std::string_view text, double width) const;
