@@ -20,7 +20,7 @@ constexpr int kOptionRow = 0;
 constexpr int kDetailsRow = 1;
 
 bool IsOption(int option) { return option >= 0 && option < kOptionCount; }
-bool IsDetail(int field) { return field >= 0 && field <= kLastNameField; }
+bool IsDetail(int field) { return field >= 0 && field <= kDaysToPayField; }
 
 void EnsureShape(Grid& grid) {
   if (grid.Cols() != kOptionCount) grid.SetCols(kOptionCount);

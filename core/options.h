@@ -36,7 +36,12 @@ enum MyDetailField : int {
   kOdsCodeField = 20,
   kMyDetailsFields,  // how many the page of My Details has
   kFirstNameField = kMyDetailsFields,
-  kLastNameField
+  kLastNameField,
+  // Where practices pay, and in how many days.
+  kAccountNameField,
+  kSortCodeField,
+  kAccountNumberField,
+  kDaysToPayField
 };
 
 enum Option : int {

@@ -137,6 +137,7 @@ constexpr ColumnSpec kInvoices[] = {
     Text("RECEIPTREF", "Receipt Reference"),
     Text("PRIVATENOTE", "Private Note"),
     Text("PUBLICNOTE", "Public Note"),
+    At(kAtEnd, Day("DUEDATE", "Due")),
 };
 
 constexpr ColumnSpec kPensionA[] = {

@@ -80,7 +80,13 @@ frmInvoice::frmInvoice(Ledger& theLedger)
     ShowState();
     return true;
   };
-  BindDate({cIDate, cmdIDate, "Invoice Date"}, show);
+  BindDate({cIDate, cmdIDate, "Invoice Date"}, [this] {
+    const std::string due = DueCell(ledger, cIDate.Text());
+    if (!cDueDate.Text().empty() && !due.empty()) cDueDate.SetText(due);
+    ShowState();
+    return true;
+  });
+  BindDate({cDueDate, cmdDue, "Payment Due"}, show);
   BindDate({cSDate, cmdSent, "Invoice Sent"}, show);
   BindDate({cPayDate, cmdReceived, "Payment Received"}, show);
   BindDate({cReceiptDate, cmdReceiptSent, "Receipt Sent"}, show);
@@ -172,8 +178,18 @@ void frmInvoice::ShowTotals() {
   show(cAmount, CurrencyOf(ledger.fgInvoices.TextMatrix(Row(), "AMOUNT")));
 }
 
+PaymentState frmInvoice::StateTyped() const {
+  PaymentState state = PaymentStateOf(ledger.fgInvoices, Row());
+  state.sent = cSDate.Text();
+  state.paid = cPayDate.Text();
+  state.due = cDueDate.Text();
+  return state;
+}
+
 void frmInvoice::ShowState() {
   lblStatus.SetText(InvoiceStatusLine(ledger, cSDate.Text(), cPayDate.Text()));
+  lblOverdue.SetText(OverdueText(StateTyped(), ledger.platform.clock.Now()));
+  lblOverdue.SetVisible(!lblOverdue.Text().empty());
   cmdRemove.SetEnabled(cSDate.Text().empty());
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "core/screen.h"
+#include "documents/moneyowed.h"
 
 namespace lm {
 
@@ -26,12 +27,15 @@ class frmInvoice : public Screen {
   LabelField cPractice{this, "cPractice"};
   LabelField cCDate{this, "cCDate"};
   LabelField lblStatus{this, "lblStatus"};
+  LabelField lblOverdue{this, "lblOverdue"};
 
   TextField cIDate{this, "cIDate"};
   Button cmdIDate{this, "cmdIDate"};
   TextField cSDate{this, "cSDate"};
   Button cmdSent{this, "cmdSent"};
   TextField cSentBy{this, "cSentBy"};
+  TextField cDueDate{this, "cDueDate"};
+  Button cmdDue{this, "cmdDue"};
   TextField cPayDate{this, "cPayDate"};
   Button cmdReceived{this, "cmdReceived"};
   TextField cPayMethod{this, "cPayMethod"};
@@ -74,6 +78,7 @@ class frmInvoice : public Screen {
   void RemoveSession();
   void SendInvoice();
   void SendReceipt();
+  PaymentState StateTyped() const;
   void Keep(std::initializer_list<std::string_view> keys);
   void ShowEmployerContribHelp();
   void Save();

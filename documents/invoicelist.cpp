@@ -4,8 +4,10 @@
 #include <array>
 
 #include "core/messagebox.h"
+#include "core/platform.h"
 #include "core/rows.h"
 #include "documents/invoices.h"
+#include "documents/moneyowed.h"
 #include "documents/windows.h"
 #include "entry/checks.h"
 
@@ -15,7 +17,8 @@ namespace {
 // Given when the invoice was made, or worked out from its sessions.
 constexpr std::array<std::string_view, 6> kNeverEdited{"ID",    "NUMBER", "PRACTICE",
                                                        "CDATE", "AMOUNT", "EMPLOYERCONTRIB"};
-constexpr std::array<std::string_view, 4> kDates{"IDATE", "SDATE", "PAYDATE", "RECEIPTDATE"};
+constexpr std::array<std::string_view, 5> kDates{"IDATE", "SDATE", "DUEDATE", "PAYDATE",
+                                                 "RECEIPTDATE"};
 
 template <std::size_t N>
 bool Contains(const std::array<std::string_view, N>& keys, std::string_view key) {
@@ -40,14 +43,18 @@ std::optional<std::string> InvoiceListRules::Accept(int /*row*/, int col, std::s
   return EnterDate(ledger_, text);
 }
 
-void InvoiceListRules::Edited(int row, int /*col*/) {
+void InvoiceListRules::Edited(int row, int col) {
+  if (ledger_.fgInvoices.ColKey(col) == "IDATE") MoveDueDate(ledger_, row);
   MarkEdited(ledger_, ledger_.fgInvoices, row);
 }
 
 // It keeps its sessions and cannot be deleted; its cells stay open.
 std::string InvoiceListRules::LockedBy(int row) {
   if (!IsInvoice(row) || ledger_.fgInvoices.TextMatrix(row, "SDATE").empty()) return "";
-  return "Sent on " + ledger_.fgInvoices.DisplayText(row, "SDATE");
+  const std::string overdue =
+      OverdueText(PaymentStateOf(ledger_.fgInvoices, row), ledger_.platform.clock.Now());
+  return "Sent on " + ledger_.fgInvoices.DisplayText(row, "SDATE") +
+         (overdue.empty() ? "" : ". " + overdue);
 }
 
 void InvoiceListRules::Opened(int row) {

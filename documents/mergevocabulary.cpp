@@ -10,6 +10,7 @@
 #include "core/platform.h"
 #include "core/sessiontypes.h"
 #include "core/text.h"
+#include "documents/moneyowed.h"
 
 namespace lm {
 namespace {
@@ -98,6 +99,7 @@ std::string SessionBranch(Records r, Column column) {
   return r.invoice >= 0 && SumsOfInvoice(r).elsewhere ? SessionPractice(r, column) : "";
 }
 
+std::string Request(Records r, Column) { return PaymentRequest(r.ledger, r.invoice); }
 std::string Today(Records r, Column) { return CellText(r.ledger.platform.clock.Now()); }
 std::string TimeNow(Records r, Column) { return CellTimeText(r.ledger.platform.clock.Now()); }
 std::string PageMark(Records r, Column mark) {
@@ -155,6 +157,8 @@ constexpr MergeField kFields[] = {
     {"INVOICE NOTE", InvoiceCell, "PUBLICNOTE"},
     {"INVOICE NOTES", InvoiceCell, "PUBLICNOTE"},
     {"INVOICE DATE", InvoiceCell, "IDATE"},
+    {"INVOICE DUE DATE", InvoiceCell, "DUEDATE"},
+    {"PAYMENT REQUEST", Request},
     {"INVOICE PENSIONABLE", Sum<&MergedSums::pensionable>},
     {"INVOICE RATES", Sum<&MergedSums::rates>},
     {"INVOICE EMPLOYERCONTRIB", InvoiceCell, "EMPLOYERCONTRIB"},
@@ -192,6 +196,11 @@ constexpr MergeField kFields[] = {
     {"MY PROFINDCOMPANY", Detail<kIndemnityCompanyField>},
     {"MY PROFINDNUMBER", Detail<kIndemnityNumberField>},
     {"MY ODSCODE", Detail<kOdsCodeField>},
+    {"MY BANK DETAILS", Detail<kBankDetailsField>},
+    {"MY ACCOUNT NAME", Detail<kAccountNameField>},
+    {"MY SORT CODE", Detail<kSortCodeField>},
+    {"MY ACCOUNT NUMBER", Detail<kAccountNumberField>},
+    {"MY DAYS TO PAY", Detail<kDaysToPayField>},
 };
 
 }  // namespace

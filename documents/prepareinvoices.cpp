@@ -15,6 +15,7 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "documents/invoicepdf.h"
+#include "documents/moneyowed.h"
 #include "records/batchpreview.h"
 #include "records/practices.h"
 #include "records/recordindex.h"
@@ -204,6 +205,7 @@ int AddInvoice(Ledger& ledger, int id, const std::string& practiceId, const Invo
       {"EMPLOYERCONTRIB", sums.employerContrib.ToText()},
       {"CDATE", CellText(ledger.platform.clock.Now())},
       {"IDATE", std::string(invoiceDate)},
+      {"DUEDATE", DueCell(ledger, invoiceDate)},
       {"PRACTICE", practiceId},
       {"PUBLICNOTE", note}};
   for (const auto& [key, text] : cells) invoices.SetTextMatrix(row, key, text);

@@ -38,6 +38,10 @@ std::vector<Section> Gather(const TodayRecords& records, const TodayList& list) 
     if (!IsShown(records.ledger, spec)) continue;
     Section& section = sections.emplace_back(Section{spec, {}, {}});
     if (spec.rows) section.rows = spec.rows(records);
+    if (spec.onlyWithRows && section.rows.empty()) {
+      sections.pop_back();
+      continue;
+    }
     for (const TodayRow& row : section.rows) section.total += row.amount;
     if (spec.inBalance > 0) balance += section.total;
     if (spec.inBalance < 0) balance += -section.total;

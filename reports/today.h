@@ -65,6 +65,7 @@ struct TodaySection {
   std::vector<TodayRow> (*rows)(const TodayRecords& records);  // null for none
   int inBalance = 0;                    // +1: its total comes in, -1: it goes out
   std::optional<Option> shownToo = {};  // it needs this option as well
+  bool onlyWithRows = false;            // it is not there while it has none
 };
 
 struct TodayColumn {

@@ -11,6 +11,7 @@
 #include "core/rows.h"
 #include "core/sessiontypes.h"
 #include "core/text.h"
+#include "documents/moneyowed.h"
 #include "pension/month.h"
 #include "reports/rowtags.h"
 #include "reports/today.h"
@@ -137,6 +138,18 @@ Rows Invoices(const TodayRecords& records, bool sent, std::string_view dateKey) 
 Rows UnsentInvoices(const TodayRecords& records) { return Invoices(records, false, "CDATE"); }
 Rows UnpaidInvoices(const TodayRecords& records) { return Invoices(records, true, "SDATE"); }
 
+Rows OverdueInvoices(const TodayRecords& records) {
+  const Grid& invoices = records.ledger.fgInvoices;
+  Rows rows;
+  for (const int row : Records(invoices))
+    if (DaysOverdue(PaymentStateOf(invoices, row), records.today) > 0)
+      rows.push_back({.name = records.PracticeName(invoices, row),
+                      .when = *ShownDate(invoices, row, "DUEDATE"),
+                      .amount = CurrencyOf(invoices.TextMatrix(row, "AMOUNT")),
+                      .tag = TagOf('I', invoices, row)});
+  return rows;
+}
+
 Rows UnreturnedForms(const TodayRecords& records, const Grid& forms, bool opens) {
   Rows rows;
   for (const int row : Records(forms)) {
@@ -166,6 +179,13 @@ constexpr TodaySection kStatusSections[] = {
      TodayTotal::OfRows, UnpensionedSessions},
     {"UNSENT INVOICES", "Unsent Invoices", "", optTodayUnsent, TodayTotal::OfRows, UnsentInvoices},
     {"UNPAID INVOICES", "Unpaid Invoices", "", optTodayUnpaid, TodayTotal::OfRows, UnpaidInvoices},
+    {.key = "OVERDUE INVOICES",
+     .caption = "Overdue Invoices",
+     .note = "(of these)",
+     .shown = optTodayUnpaid,
+     .total = TodayTotal::OfRows,
+     .rows = OverdueInvoices,
+     .onlyWithRows = true},
     {"UNRETURNED PENSION FORM As", "Unreturned Pension Form A's", "", optTodayUnreturnedFormA,
      TodayTotal::OfRows, UnreturnedFormsA},
     {.key = "UNRETURNED PENSION FORM Cs",

@@ -6,9 +6,11 @@
 #include <unordered_map>
 
 #include "core/dates.h"
+#include "core/platform.h"
 #include "core/rows.h"
 #include "core/tables.h"
 #include "core/text.h"
+#include "documents/moneyowed.h"
 #include "pension/form.h"
 
 namespace lm {
@@ -23,17 +25,18 @@ std::string Both(std::string a, std::string_view b) {
   return a.append(b);
 }
 
-std::string StateOfInvoice(const Grid& table, int row) {
+std::string StateOfInvoice(const Grid& table, int row, Date today) {
   return Both(Holds(table, row, "SDATE") ? "sent" : "not sent",
-              Holds(table, row, "PAYDATE") ? "paid" : "unpaid");
+              Both(Holds(table, row, "PAYDATE") ? "paid" : "unpaid",
+                   DaysOverdue(PaymentStateOf(table, row), today) > 0 ? "overdue" : ""));
 }
 
-std::string StateOfSession(const Grid& table, int row) {
+std::string StateOfSession(const Grid& table, int row, Date) {
   const bool invoiced = Holds(table, row, "INVOICE"), onForm = Holds(table, row, "FORMS");
   return Both(invoiced ? "invoiced" : "not invoiced", invoiced || onForm ? "locked" : "");
 }
 
-std::string StateOfForm(const Grid& table, int row) {
+std::string StateOfForm(const Grid& table, int row, Date) {
   const PensionForm* form = FormOfTable(table);
   const bool sent =
       form && form->sent && std::ranges::any_of(form->sent->dates, [&](std::string_view date) {
@@ -42,7 +45,7 @@ std::string StateOfForm(const Grid& table, int row) {
   return sent ? "sent, locked" : "not sent";
 }
 
-std::string StateOfPayment(const Grid& table, int row) {
+std::string StateOfPayment(const Grid& table, int row, Date) {
   return Holds(table, row, "PAYDATE") ? "paid" : "unpaid";
 }
 
@@ -140,13 +143,13 @@ void AddItemsOfSessions(TextIndex& index, const Ledger& ledger) {
 }
 
 // Whether its invoice is paid, too.
-void AddInvoicesOfSessions(TextIndex& index, const Ledger& ledger) {
+void AddInvoicesOfSessions(TextIndex& index, const Ledger& ledger, Date today) {
   index.AddByCell(ledger.fgSessions.ColIndex("INVOICE"),
-                  [&ledger, invoices = ledger.fgInvoices.RowsBy("ID")](int row) {
+                  [&ledger, today, invoices = ledger.fgInvoices.RowsBy("ID")](int row) {
                     const auto found = invoices.find(ledger.fgSessions.TextMatrix(row, "INVOICE"));
-                    return found == invoices.end()
-                               ? std::string()
-                               : StateWords(StateOfInvoice(ledger.fgInvoices, found->second));
+                    return found == invoices.end() ? std::string()
+                                                   : StateWords(StateOfInvoice(
+                                                         ledger.fgInvoices, found->second, today));
                   });
 }
 
@@ -189,6 +192,7 @@ std::string Joined(const Grid& table, int row, const std::vector<std::string_vie
 }  // namespace
 
 RecordSearch::RecordSearch(Ledger& ledger) {
+  const Date today = ledger.platform.clock.Now();
   for (const SearchedKind& kind : Kinds()) {
     const Grid& table = ledger.*kind.table;
     if (!table.HasData()) continue;
@@ -197,11 +201,12 @@ RecordSearch::RecordSearch(Ledger& ledger) {
     AddCells(searched.index, table);
     searched.index.AddText([names = kind.names](int) { return std::string(names); });
     if (kind.state)
-      searched.index.AddText([&table, state = kind.state](int row) { return state(table, row); },
-                             StateWords);
+      searched.index.AddText(
+          [&table, state = kind.state, today](int row) { return state(table, row, today); },
+          StateWords);
     if (&table == &ledger.fgSessions) {
       AddItemsOfSessions(searched.index, ledger);
-      AddInvoicesOfSessions(searched.index, ledger);
+      AddInvoicesOfSessions(searched.index, ledger, today);
     }
     searched.index.Read();
   }
@@ -238,7 +243,8 @@ FoundLine LineOf(const Ledger& ledger, const SearchedKind& kind, int row) {
   };
   FoundLine line{shown(kind.date), Joined(table, row, kind.what), Joined(table, row, kind.notes),
                  shown(kind.amount)};
-  if (kind.state) line.details = Both(kind.state(table, row), line.details);
+  if (kind.state)
+    line.details = Both(kind.state(table, row, ledger.platform.clock.Now()), line.details);
   return line;
 }
 

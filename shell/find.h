@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/dates.h"
 #include "core/ledger.h"
 #include "shell/textsearch.h"
 
@@ -54,7 +55,7 @@ struct SearchedKind {
   std::vector<std::string_view> what;
   std::string_view amount;
   std::vector<std::string_view> notes;
-  std::string (*state)(const Grid& table, int row) = nullptr;  // "sent, unpaid"
+  std::string (*state)(const Grid& table, int row, Date today) = nullptr;  // "sent, unpaid"
 };
 
 FoundLine LineOf(const Ledger& ledger, const SearchedKind& kind, int row);

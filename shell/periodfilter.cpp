@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "documents/moneyowed.h"
 
 namespace lm {
 namespace {
@@ -72,7 +73,7 @@ RowTest SessionsOf(const Ledger& ledger, SessionPeriod period) {
 }
 
 std::vector<std::string> InvoiceStateCaptions() {
-  return {"All", "Not Sent", "Not Paid", "No Receipt", "This Tax Year"};
+  return {"All", "Not Sent", "Not Paid", "No Receipt", "This Tax Year", "Overdue"};
 }
 
 RowTest InvoicesOf(const Ledger& ledger, InvoiceState state) {
@@ -97,6 +98,10 @@ RowTest InvoicesOf(const Ledger& ledger, InvoiceState state) {
                                    ledger.platform.clock.Now())](int row) {
         const std::optional<Date> day = CellDate(grid.TextMatrix(row, date));
         return !day || IsIn(range, *day);
+      };
+    case InvoiceState::Overdue:
+      return [&grid, today = ledger.platform.clock.Now()](int row) {
+        return DaysOverdue(PaymentStateOf(grid, row), today) > 0;
       };
     case InvoiceState::All:
       break;

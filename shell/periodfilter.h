@@ -28,7 +28,7 @@ Date TaxYearStart(Date day);
 // without a reason.
 RowTest SessionsOf(const Ledger& ledger, SessionPeriod period);
 
-enum class InvoiceState { All, NotSent, NotPaid, NoReceipt, ThisTaxYear };
+enum class InvoiceState { All, NotSent, NotPaid, NoReceipt, ThisTaxYear, Overdue };
 // The captions of tabInvoices, in the order of InvoiceState.
 std::vector<std::string> InvoiceStateCaptions();
 

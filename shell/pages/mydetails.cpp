@@ -7,7 +7,7 @@
 
 namespace lm {
 
-const std::array<MyDetailSpec, kMyDetailsFields + 2> kMyDetailSpecs{{
+const std::array<MyDetailSpec, kMyDetailsFields + 6> kMyDetailSpecs{{
     {kMyTitleField, "Title:", MyDetailsTab::Personal},
     {kFirstNameField, "First name:", MyDetailsTab::Personal, "", "", "txtMyFirstName"},
     {kLastNameField, "Last name:", MyDetailsTab::Personal, "", "", "txtMyLastName"},
@@ -35,6 +35,12 @@ const std::array<MyDetailSpec, kMyDetailsFields + 2> kMyDetailSpecs{{
      "A pension scheme number has eight figures; Form SOLO prints the last eight characters."},
     {kAuthorityField, "Authority for Pension Forms:", MyDetailsTab::Pension},
     {kOdsCodeField, "ODS Code:", MyDetailsTab::Pension},
+    {kAccountNameField, "Account Name:", MyDetailsTab::Payment},
+    {kSortCodeField, "Sort Code:", MyDetailsTab::Payment, "999999", "A sort code has six figures."},
+    {kAccountNumberField, "Account Number:", MyDetailsTab::Payment, "99999999",
+     "An account number has eight figures."},
+    {kDaysToPayField, "Days to Pay:", MyDetailsTab::Payment, "#",
+     "Days to pay is a number up to 999: how many days after its date an invoice is to be paid."},
 }};
 
 std::string MyDetailBox(const MyDetailSpec& spec) {
@@ -44,6 +50,9 @@ std::string MyDetailBox(const MyDetailSpec& spec) {
 namespace {
 
 bool HasShape(std::string_view text, std::string_view shape) {
+  if (shape == "#")
+    return text.size() <= 3 &&
+           std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
   return text.size() == shape.size() &&
          std::equal(text.begin(), text.end(), shape.begin(), [](char c, char place) {
            return place == '9' ? c >= '0' && c <= '9' : c >= 'A' && c <= 'Z';

@@ -9,20 +9,21 @@
 
 namespace lm {
 
-enum class MyDetailsTab { Personal, Professional, Pension };
-constexpr std::array<std::string_view, 3> kMyDetailsTabs{"Personal", "Professional", "Pension"};
+enum class MyDetailsTab { Personal, Professional, Pension, Payment };
+constexpr std::array<std::string_view, 4> kMyDetailsTabs{"Personal", "Professional", "Pension",
+                                                         "Payment"};
 
 struct MyDetailSpec {
   MyDetailField field;
   std::string_view caption;
   MyDetailsTab tab;
-  std::string_view shape = "";  // A a letter, 9 a digit; "" has no fixed one
+  std::string_view shape = "";  // A a letter, 9 a digit, # a number; "" has no fixed one
   std::string_view hint = "";   // what to look at when the text cannot fit
   std::string_view box = "";    // its text box; "" for txtMyDetails and the number
 };
 
 // In the order in which they stand on the page, the user's names among them.
-extern const std::array<MyDetailSpec, kMyDetailsFields + 2> kMyDetailSpecs;
+extern const std::array<MyDetailSpec, kMyDetailsFields + 6> kMyDetailSpecs;
 
 // "txtMyDetails5"
 std::string MyDetailBox(const MyDetailSpec& spec);

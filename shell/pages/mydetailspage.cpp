@@ -1,6 +1,7 @@
 #include "shell/pages/mydetailspage.h"
 
 #include "core/text.h"
+#include "documents/moneyowed.h"
 
 namespace lm {
 namespace {
@@ -24,6 +25,7 @@ MyDetailsPage::MyDetailsPage(frmMain& theWindow) : MainPage(theWindow, kSpec) {
 
 bool MyDetailsPage::Typed(const MyDetailSpec& spec, TextField& box) {
   TypeMyDetail(ledger, spec.field, spec.box.empty() ? box.Text() : Trim(box.Text()));
+  if (spec.field == kDaysToPayField) FillDueDates(ledger);
   lblMyName.SetText(MyName(ledger));
   lblMyDetailsHint.SetText(MyDetailHint(spec, box.Text()));
   lblMyDetailsHint.SetVisible(!lblMyDetailsHint.Text().empty());

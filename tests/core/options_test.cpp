@@ -163,7 +163,7 @@ TEST(Options, OldFilesAreWidenedAndKeepTheirDetails) {
   SetMyDetail(ledger, kLastNameField, "O'Neill, \"Kit\"\r\nline two");
   EXPECT_EQ(MyName(ledger), "O'Neill, \"Kit\"\r\nline two");
   SetMyDetail(ledger, kFirstNameField, "Sam");
-  SetMyDetail(ledger, kLastNameField + 1, "nowhere");
+  SetMyDetail(ledger, kDaysToPayField + 1, "nowhere");
   ledger.fgOptions.SetCols(100);
   ASSERT_TRUE(SaveOptions(ledger));
 
@@ -175,7 +175,7 @@ TEST(Options, OldFilesAreWidenedAndKeepTheirDetails) {
   EXPECT_EQ(GetOption(again, optRowsPerDay), "5");
   EXPECT_EQ(GetOption(again, optAutoSave), "TRUE");
   EXPECT_EQ(MyDetail(again, kFirstNameField), "Sam");
-  EXPECT_EQ(MyDetail(again, kLastNameField + 1), "");
+  EXPECT_EQ(MyDetail(again, kDaysToPayField + 1), "");
 }
 
 TEST(Options, TruthIgnoresCase) {

@@ -52,6 +52,10 @@ struct PaperTrial : TestLedger {
     set(kTelephoneField, "01935 555 0143", "+44 (0)1935 555 0143 extension 4477");
     set(kQualificationsField, "MBBS MRCGP",
         "MBBS BSc (Hons) MRCGP DRCOG DFSRH DipDerm PGCertMedEd");
+    set(kAccountNameField, "",
+        "Professor Dr Alexandrina Wilhelmina Featherstonehaugh-Cholmondeley");
+    set(kSortCodeField, "123456", "123456");
+    set(kAccountNumberField, "12345678", "12345678");
     set(kGmcNumberField, "7654321", "7654321");
   }
 
@@ -113,7 +117,7 @@ struct PaperTrial : TestLedger {
 
   void PrepareInvoiceRow(int sessions, Texts texts) {
     const bool isLong = texts == Texts::Long;
-    std::string note = "Bank transfer to 12-34-56 account 12345678";
+    std::string note = "With thanks to all who helped on a busy ward.";
     if (isLong) {
       note = "Please pay by bank transfer within thirty days:";
       for (const char* line :
@@ -129,6 +133,7 @@ struct PaperTrial : TestLedger {
     }
     AddRow(ledger.fgInvoices,
            {"NUMBER=INV-00042", "IDATE=03/04/2026", "PRACTICE=1",
+            texts == Texts::Sparse ? "DUEDATE=" : "DUEDATE=03/05/2026",
             isLong ? "AMOUNT=247443224.00" : "AMOUNT=" + std::to_string(549 * sessions) + ".02",
             texts == Texts::Sparse ? "EMPLOYERCONTRIB=0" : "EMPLOYERCONTRIB=828.24",
             texts == Texts::Sparse ? "PUBLICNOTE=" : "PUBLICNOTE=" + note});

@@ -223,7 +223,7 @@ TEST_F(MainWindow, MyDetailsWaitForASave) {
     EXPECT_FALSE(spec.caption.empty());
     EXPECT_TRUE(window->FindField(MyDetailBox(spec))) << spec.caption;
   }
-  EXPECT_EQ(*fields.rbegin(), kLastNameField);
+  EXPECT_EQ(*fields.rbegin(), kDaysToPayField);
 
   SetMyDetail(ledger, 5, "7654321");
   ASSERT_TRUE(window->SaveAll());
