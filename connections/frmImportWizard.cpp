@@ -13,6 +13,7 @@
 #include "core/rows.h"
 #include "core/text.h"
 #include "entry/checks.h"
+#include "entry/ticks.h"
 #include "records/sessionrules.h"
 
 namespace lm {
@@ -302,7 +303,7 @@ void frmImportWizard::ShowClash(const std::string& id) {
 
 void frmImportWizard::CellClicked(Grid& grid, int row, int col) {
   if (&grid == &fgSessions && row >= grid.FixedRows() && grid.ColKey(col) == "IMPORT")
-    SetTick(grid, row, !IsTicked(grid, row));
+    SetTick(grid, row, "IMPORT", !IsTicked(grid, row, "IMPORT"));
 }
 
 bool frmImportWizard::SessionRules::MayEdit(int, int col) {
@@ -328,16 +329,13 @@ std::optional<std::string> frmImportWizard::SessionRules::Accept(int, int col,
     const auto amount = EnterAmount(window_.ledger, typed, kInvalidRate);
     return amount && amount->empty() ? "0" : amount;
   }
-  if (key != "IMPORT") return std::string(typed);
-  const std::string tick = ToUpper(Trim(typed));
-  if (tick == "TRUE" || tick == "FALSE") return tick;
-  return std::nullopt;
+  return key == "IMPORT" ? EnterTick(typed) : std::string(typed);
 }
 
 void frmImportWizard::SessionRules::Edited(int row, int col) {
   Grid& lines = window_.fgSessions;
   const std::string& key = lines.ColKey(col);
-  if (key == "IMPORT") return SetTick(lines, row, IsTicked(lines, row));
+  if (key == "IMPORT") return SetTick(lines, row, key, IsTicked(lines, row, key));
   if (!IsTime(key) && key != "RATE") return;
   if (IsTime(key)) lines.SetCell(CellSetting::flexcpFontBold, row, col, "");  // no guess any more
   window_.CheckClash(row);
@@ -355,7 +353,7 @@ void frmImportWizard::SessionRules::Opened(int row) {
 void frmImportWizard::Import() {
   std::vector<OfferedSession> chosen;
   for (const int row : Records(fgSessions))
-    if (IsTicked(fgSessions, row)) chosen.push_back(OfferedOf(fgSessions, row));
+    if (IsTicked(fgSessions, row, "IMPORT")) chosen.push_back(OfferedOf(fgSessions, row));
   if (chosen.empty()) {
     ShowMessage(ledger, "There are no sessions selected to import",
                 "To select the sessions to import, tick the checkbox in the 'Import' column.");

@@ -5,14 +5,13 @@
 
 #include "core/formatting.h"
 #include "core/tables.h"
+#include "entry/ticks.h"
 
 namespace lm {
 namespace {
 
 constexpr std::string_view kActions =
     "#-2;<Ignore this practice>|#-1;<Create as new Practice in LedgerMinder>";
-// Entries of IMPORT without a text: the tick alone is seen.
-constexpr std::string_view kTicks = "#TRUE;|#FALSE;";
 constexpr Colour kClashColour = Rgb(255, 150, 150);
 
 constexpr ColumnSpec kPracticeColumns[] = {
@@ -83,7 +82,7 @@ void MakeOfferedList(const Ledger& ledger, Grid& lines) {
       {"DATE", "SDATE"}, {"STIME", "STIME"}, {"ETIME", "ETIME"}};
   for (const auto& [key, there] : likeThere)
     lines.SetColFormat(lines.ColIndex(key), sessions.ColFormat(sessions.ColIndex(there)));
-  lines.SetColComboList(lines.ColIndex("IMPORT"), kTicks);
+  MakeTickColumn(lines, "IMPORT");
 }
 
 int AddOffered(Grid& lines, const OfferedSession& session, std::string_view practiceName) {
@@ -98,7 +97,7 @@ int AddOffered(Grid& lines, const OfferedSession& session, std::string_view prac
     lines.SetCell(CellSetting::flexcpFontBold, row, lines.ColIndex("STIME"), "TRUE");
   if (session.endSuggested)
     lines.SetCell(CellSetting::flexcpFontBold, row, lines.ColIndex("ETIME"), "TRUE");
-  SetTick(lines, row, true);
+  SetTick(lines, row, "IMPORT", true);
   return row;
 }
 
@@ -115,14 +114,6 @@ OfferedSession OfferedOf(const Grid& lines, int row) {
   session.notes = cell("NOTES");
   return session;
 }
-
-void SetTick(Grid& lines, int row, bool ticked) {
-  const std::string_view text = ticked ? "TRUE" : "FALSE";
-  lines.SetTextMatrix(row, "IMPORT", text);
-  lines.SetCell(CellSetting::flexcpChecked, row, lines.ColIndex("IMPORT"), text);
-}
-
-bool IsTicked(const Grid& lines, int row) { return lines.TextMatrix(row, "IMPORT") == "TRUE"; }
 
 void SetClash(Grid& lines, int row, std::string_view sessionId) {
   if (lines.TextMatrix(row, "COLLISION") == sessionId) return;

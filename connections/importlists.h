@@ -21,8 +21,6 @@ int AddOffered(Grid& lines, const OfferedSession& session, std::string_view prac
 // As the user left it.
 OfferedSession OfferedOf(const Grid& lines, int row);
 
-void SetTick(Grid& lines, int row, bool ticked);
-bool IsTicked(const Grid& lines, int row);
 // "" for none.
 void SetClash(Grid& lines, int row, std::string_view sessionId);
 

@@ -138,6 +138,8 @@ constexpr ColumnSpec kInvoices[] = {
     Text("PRIVATENOTE", "Private Note"),
     Text("PUBLICNOTE", "Public Note"),
     At(kAtEnd, Day("DUEDATE", "Due")),
+    At(kAtEnd, Number("REMINDERS", "Reminders", "0", 1050)),
+    At(kAtEnd, Day("REMINDDATE", "Last Reminder", 1400)),
 };
 
 constexpr ColumnSpec kPensionA[] = {

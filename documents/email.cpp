@@ -1,5 +1,6 @@
 #include "documents/email.h"
 
+#include "core/change.h"
 #include "core/files.h"
 #include "core/messagebox.h"
 #include "core/options.h"
@@ -9,6 +10,7 @@
 #include "documents/invoicepdf.h"
 #include "documents/invoices.h"
 #include "documents/mergefields.h"
+#include "documents/moneyowed.h"
 #include "pdf/wholefile.h"
 #include "records/practices.h"
 
@@ -59,8 +61,15 @@ bool WriteAndOpenDraft(Ledger& ledger, const MailMessage& message) {
 }
 
 struct MailTexts {
-  int subject, body;  // options
+  std::string subject, body;  // with merge fields
 };
+
+constexpr std::string_view kReminderSubject =
+    "{Reminder Heading}: invoice {Invoice Number} from {My Title} {My Name}";
+constexpr std::string_view kReminderBody =
+    "{Salutation}\r\n\r\n{Payment Reminder} I attach it again.\r\n\r\n{Reminder Request}\r\n\r\n"
+    "If you have paid it in the meantime, please take no notice of this message.\r\n\r\n"
+    "Regards\r\n{My Title} {My Name}\r\n{My Qualifications}";
 
 // What goes out says what the invoice says now, unless the user wants it as it was.
 bool PrepareDocument(Ledger& ledger, const std::string& invoiceId, const fs::path& file) {
@@ -91,8 +100,7 @@ bool SendDocument(Ledger& ledger, const std::string& invoiceId, const MailTexts&
   context.invoice = invoiceId;
   return SendEmail(ledger,
                    PracticeCell(ledger, ledger.fgInvoices.TextMatrix(row, "PRACTICE"), "EMAIL"),
-                   Merge(ledger, GetOption(ledger, texts.subject), context),
-                   Merge(ledger, GetOption(ledger, texts.body), context), file);
+                   Merge(ledger, texts.subject, context), Merge(ledger, texts.body, context), file);
 }
 
 }  // namespace
@@ -111,11 +119,22 @@ bool SendEmail(Ledger& ledger, std::string_view to, std::string_view subject, st
 }
 
 bool SendInvoiceByEmail(Ledger& ledger, const std::string& invoiceId) {
-  return SendDocument(ledger, invoiceId, {optInvoiceEmailSubject, optInvoiceEmailBody});
+  return SendDocument(
+      ledger, invoiceId,
+      {GetOption(ledger, optInvoiceEmailSubject), GetOption(ledger, optInvoiceEmailBody)});
 }
 
 bool SendReceiptByEmail(Ledger& ledger, const std::string& invoiceId) {
-  return SendDocument(ledger, invoiceId, {optReceiptSubject, optReceiptBody});
+  return SendDocument(ledger, invoiceId,
+                      {GetOption(ledger, optReceiptSubject), GetOption(ledger, optReceiptBody)});
+}
+
+bool SendReminderByEmail(Ledger& ledger, const std::string& invoiceId) {
+  if (!SendDocument(ledger, invoiceId, {std::string(kReminderSubject), std::string(kReminderBody)}))
+    return false;
+  const Change change(ledger, "Send Reminder");
+  RecordReminder(ledger, InvoiceRow(ledger, invoiceId));
+  return true;
 }
 
 }  // namespace lm

@@ -20,5 +20,7 @@ bool SendEmail(Ledger& ledger, std::string_view to, std::string_view subject, st
 // is made first where it does not exist. True when it was handed over.
 bool SendInvoiceByEmail(Ledger& ledger, const std::string& invoiceId);
 bool SendReceiptByEmail(Ledger& ledger, const std::string& invoiceId);
+// A reminder that it is to be paid, with the invoice; on the record once it was handed over.
+bool SendReminderByEmail(Ledger& ledger, const std::string& invoiceId);
 
 }  // namespace lm

@@ -16,6 +16,7 @@
 #include "documents/email.h"
 #include "documents/invoices.h"
 #include "documents/prepareinvoices.h"
+#include "documents/reminders.h"
 #include "entry/pickedboxes.h"
 #include "records/practices.h"
 #include "records/sessionlines.h"
@@ -104,6 +105,14 @@ void frmInvoice::BindActions() {
   cmdSendByEmail.onPressed = [this] { SendInvoice(); };
   cmdSendReceiptByEmail.SetText("Send Recei&pt By E-mail");
   cmdSendReceiptByEmail.onPressed = [this] { SendReceipt(); };
+  cmdSendReminder.SetText("Send Re&minder By E-mail");
+  cmdSendReminder.onPressed = [this] {
+    if (SendReminderByEmail(ledger, cID.Text())) ShowState();
+  };
+  cmdReminderLetter.SetText("Reminder &Letter");
+  cmdReminderLetter.onPressed = [this] {
+    if (WriteReminderLetter(ledger, cID.Text())) ShowState();
+  };
   cmdDeleteInvoice.SetText("&Delete Invoice");
   cmdDeleteInvoice.onPressed = [this] {
     if (DeleteInvoice(ledger, cID.Text(), cSDate.Text())) Close();
@@ -188,8 +197,12 @@ PaymentState frmInvoice::StateTyped() const {
 
 void frmInvoice::ShowState() {
   lblStatus.SetText(InvoiceStatusLine(ledger, cSDate.Text(), cPayDate.Text()));
-  lblOverdue.SetText(OverdueText(StateTyped(), ledger.platform.clock.Now()));
+  const std::string overdue = OverdueText(StateTyped(), ledger.platform.clock.Now());
+  const std::string reminded = RemindersText(ledger.fgInvoices, Row());
+  lblOverdue.SetText(std::string(Trim(overdue + " " + reminded)));
   lblOverdue.SetVisible(!lblOverdue.Text().empty());
+  for (Button* button : {&cmdSendReminder, &cmdReminderLetter})
+    button->SetVisible(!overdue.empty());
   cmdRemove.SetEnabled(cSDate.Text().empty());
 }
 

@@ -27,7 +27,7 @@ class frmInvoice : public Screen {
   LabelField cPractice{this, "cPractice"};
   LabelField cCDate{this, "cCDate"};
   LabelField lblStatus{this, "lblStatus"};
-  LabelField lblOverdue{this, "lblOverdue"};
+  LabelField lblOverdue{this, "lblOverdue"};  // and how often the practice was reminded of it
 
   TextField cIDate{this, "cIDate"};
   Button cmdIDate{this, "cmdIDate"};
@@ -62,6 +62,8 @@ class frmInvoice : public Screen {
   Button cmdViewInvoice{this, "cmdViewInvoice"};
   Button cmdSendByEmail{this, "cmdSendByEmail"};
   Button cmdSendReceiptByEmail{this, "cmdSendReceiptByEmail"};
+  Button cmdSendReminder{this, "cmdSendReminder"};  // both only while it is overdue
+  Button cmdReminderLetter{this, "cmdReminderLetter"};
   Button cmdDeleteInvoice{this, "cmdDeleteInvoice"};
   Button cmdOk{this, "cmdOk"};
   Button cmdCancel{this, "cmdCancel"};

@@ -15,8 +15,8 @@ namespace lm {
 namespace {
 
 // Given when the invoice was made, or worked out from its sessions.
-constexpr std::array<std::string_view, 6> kNeverEdited{"ID",    "NUMBER", "PRACTICE",
-                                                       "CDATE", "AMOUNT", "EMPLOYERCONTRIB"};
+constexpr std::array<std::string_view, 8> kNeverEdited{
+    "ID", "NUMBER", "PRACTICE", "CDATE", "AMOUNT", "EMPLOYERCONTRIB", "REMINDERS", "REMINDDATE"};
 constexpr std::array<std::string_view, 5> kDates{"IDATE", "SDATE", "DUEDATE", "PAYDATE",
                                                  "RECEIPTDATE"};
 

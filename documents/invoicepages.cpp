@@ -47,6 +47,18 @@ InvoicePages::InvoicePages(Ledger& ledger, const RecordIndex& index, const Docum
 void InvoicePages::Draw(const std::string& invoiceId) {
   context_ = {};
   context_.invoice = invoiceId;
+  DrawDocument(SessionsByDate(invoiceId), &MergeContext::session);
+}
+
+void InvoicePages::Draw(const Statement& statement) {
+  context_ = {};
+  context_.statement = &statement;
+  context_.invoice = statement.invoices.front();
+  DrawDocument(statement.invoices, &MergeContext::invoice);
+}
+
+void InvoicePages::DrawDocument(const std::vector<std::string>& rows,
+                                std::string MergeContext::*rowOf) {
   context_.pageNumbers = layout_.pageNumbers != PageNumbers::None;
   pdf_.BeginPage();
   y_ = 0;
@@ -56,11 +68,10 @@ void InvoicePages::Draw(const std::string& invoiceId) {
     RenderSection(section);
   y_ = static_cast<Single>(layout_.HeightOf("invheader"));
 
-  const std::vector<std::string> sessions = SessionsByDate(invoiceId);
-  for (const std::string& session : sessions) {
-    context_.session = session;
-    if (layout_.keepTogether) KeepTogether(&session == &sessions.back());
-    RenderSession();
+  for (const std::string& row : rows) {
+    context_.*rowOf = row;
+    if (layout_.keepTogether) KeepTogether(&row == &rows.back());
+    RenderRow();
     rowsOnPage_ = true;
   }
   RenderSection("invfooter");
@@ -98,23 +109,23 @@ double InvoicePages::FooterTop() {
   return std::max(top, layout_.marginTop);
 }
 
-double InvoicePages::SessionHeight() {
+double InvoicePages::RowHeight() {
   const Single y = y_;
   y_ = 0;
   measuring_ = true;
-  RenderSession();
+  RenderRow();
   measuring_ = false;
   const double height = y_;
   y_ = y;
   return height;
 }
 
-// Before a session is drawn. A page on which no session stands yet gains nothing from a break.
+// Before a row is drawn. A page on which no row stands yet gains nothing from a break.
 void InvoicePages::KeepTogether(bool last) {
   constexpr double kTolerance = 0.001;  // millimetres
   measured_.clear();
   if (!rowsOnPage_) return;
-  const double height = SessionHeight() - kTolerance;
+  const double height = RowHeight() - kTolerance;
   const auto parts = [&](double end) {
     return y_ + height > end && layout_.marginTop + height <= end;
   };
@@ -140,6 +151,7 @@ void InvoicePages::BeginFlowPage() {
 void InvoicePages::RenderSection(std::string_view name) {
   constexpr std::string_view kSession = "sessioncontinued";
   static constexpr SectionKind kKinds[] = {{"session", Placing::Flow},
+                                           {"owedinvoice", Placing::Flow},
                                            {"sessionfooter", Placing::Flow, kSession},
                                            {"extra", Placing::Flow, kSession},
                                            {"expense", Placing::Flow, kSession},
@@ -284,6 +296,13 @@ bool InvoicePages::PlaceSection(const SectionKind& kind) {
       break;
   }
   return newPage;
+}
+
+void InvoicePages::RenderRow() {
+  if (context_.statement)
+    RenderSection("owedinvoice");
+  else
+    RenderSession();
 }
 
 void InvoicePages::RenderSession() {

@@ -11,6 +11,7 @@
 #include "core/ledger.h"
 #include "documents/invoiceitems.h"
 #include "documents/mergefields.h"
+#include "documents/statements.h"
 #include "documents/template.h"
 #include "pdf/clsPDFCreator.h"
 #include "records/recordindex.h"
@@ -25,8 +26,10 @@ class InvoicePages {
                clsPDFCreator& pdf, std::set<std::string>& told);
 
   // The whole document, from the first page's background to the invoice's footer; the document of
-  // the writer has been begun.
+  // the writer has been begun. Its rows are the sessions of the invoice.
   void Draw(const std::string& invoiceId);
+  // The rows are the invoices of the statement; it has one at least, whose practice is written to.
+  void Draw(const Statement& statement);
 
  private:
   struct SectionKind;
@@ -37,12 +40,14 @@ class InvoicePages {
   };
 
   std::vector<std::string> SessionsByDate(const std::string& invoiceId) const;  // IDs
+  void DrawDocument(const std::vector<std::string>& rows, std::string MergeContext::*rowOf);
+  void RenderRow();
   void RenderSession();
   void RenderItemsOfSession();
 
   double FlowEnd() const;  // lowest edge of what flows
   double FooterTop();      // of the invoice
-  double SessionHeight();  // with all that belongs to the session of the context
+  double RowHeight();      // with all that belongs to the session of the context
   void KeepTogether(bool last);
   void BeginFurtherPage();
   void BeginFlowPage();  // the cursor where its contents begin

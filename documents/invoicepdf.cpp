@@ -8,6 +8,7 @@
 #include "core/messagebox.h"
 #include "core/options.h"
 #include "core/platform.h"
+#include "core/rows.h"
 #include "core/text.h"
 #include "documents/invoicepages.h"
 #include "pdf/clsPDFCreator.h"
@@ -76,11 +77,12 @@ void TellUnwritten(Ledger& ledger, const fs::path& file, const std::string& reas
               "File '" + PathText(file) + "'\\n\\n" + reason);
 }
 
-void Describe(clsPDFCreator& pdf, const Ledger& ledger, const std::string& practice) {
+void Describe(clsPDFCreator& pdf, const Ledger& ledger, std::string_view what,
+              const std::string& practice) {
   const std::string name =
       MyDetail(ledger, kFirstNameField) + " " + MyDetail(ledger, kLastNameField);
   pdf.SetDocProperty(
-      "Invoice for practice " + practice, "Invoice from " + name, name,
+      std::string(what) + " for practice " + practice, std::string(what) + " from " + name, name,
       "LedgerMinder " + std::string(ProgramVersion()) + "   " + std::string(kWebsite),
       "LedgerMinder PDF Library", "");
 }
@@ -93,14 +95,29 @@ void SetUpPage(clsPDFCreator& pdf, const DocumentTemplate& layout) {
   pdf.SetCompression(kLzw, 0, 0);
 }
 
-}  // namespace
-
-fs::path InvoiceFile(const Ledger& ledger, int invoiceRow) {
+fs::path FileNamed(const Ledger& ledger, const std::string& before, int invoiceRow) {
   const Grid& invoices = ledger.fgInvoices;
-  const std::string name = invoices.TextMatrix(invoiceRow, "NUMBER") + " " +
+  const std::string name = before + invoices.TextMatrix(invoiceRow, "NUMBER") + " " +
                            PracticeName(ledger, invoices.TextMatrix(invoiceRow, "PRACTICE")) +
                            ".pdf";
   return ledger.File(kInvoiceFolder) / PathFromText(NameForFile(name));
+}
+
+}  // namespace
+
+fs::path InvoiceFile(const Ledger& ledger, int invoiceRow) {
+  return FileNamed(ledger, "", invoiceRow);
+}
+
+fs::path ReminderFile(const Ledger& ledger, int invoiceRow) {
+  const int number = ValInt(ledger.fgInvoices.TextMatrix(invoiceRow, "REMINDERS")) + 1;
+  return FileNamed(ledger, "Reminder " + PlainText(number) + " ", invoiceRow);
+}
+
+fs::path StatementFile(const Ledger& ledger, const Statement& statement) {
+  const std::string today = FormatDate(ledger.platform.clock.Now(), "yyyy-mm-dd");
+  return FileNamed(ledger, "Statement " + today + " ",
+                   RecordRow(ledger.fgInvoices, statement.invoices.front()));
 }
 
 fs::path PreviewFile(const Ledger& ledger) {
@@ -114,23 +131,38 @@ bool InvoiceRenderer::HasFolder() {
 }
 
 bool InvoiceRenderer::CreateInvoice(const std::string& invoiceId, const std::string& templateName) {
-  failedForAll_ = !HasFolder();
-  if (failedForAll_) return false;
   const std::string id(Trim(invoiceId));
   const int row = index_.Invoice(id);
-  if (row < 0) return false;
-  const fs::path file = templateName.empty() ? InvoiceFile(ledger_, row) : PreviewFile(ledger_);
+  const bool preview = !templateName.empty();
+  return Create({id}, preview || row < 0 ? PreviewFile(ledger_) : InvoiceFile(ledger_, row),
+                preview ? templateName : GetOption(ledger_, optInvoiceTemplate));
+}
+
+bool InvoiceRenderer::CreateReminder(const std::string& invoiceId) {
+  const int row = index_.Invoice(invoiceId);
+  return row >= 0 && Create({invoiceId, nullptr, "Reminder"}, ReminderFile(ledger_, row),
+                            std::string(kReminderTemplate));
+}
+
+bool InvoiceRenderer::CreateStatement(const Statement& statement) {
+  return Create({statement.invoices.front(), &statement, "Statement of account"},
+                StatementFile(ledger_, statement), std::string(kStatementTemplate));
+}
+
+bool InvoiceRenderer::Create(const Subject& subject, const fs::path& file,
+                             const std::string& templateName) {
+  failedForAll_ = !HasFolder();
+  if (failedForAll_ || index_.Invoice(subject.invoice) < 0) return false;
   if (IsOpenElsewhere(file)) {
     ShowMessage(ledger_, "File already open",
                 "File '" + PathText(file) +
                     "' is currently open.\\n\\nYou must close it before it can be overwritten.");
     return false;
   }
-  const DocumentTemplate* layout =
-      Template(templateName.empty() ? GetOption(ledger_, optInvoiceTemplate) : templateName);
+  const DocumentTemplate* layout = Template(templateName);
   failedForAll_ = !layout;
   if (!layout) return false;
-  if (Write(id, row, *layout, file, ledger_.platform.clock, &documents_)) {
+  if (Write(subject, *layout, file, ledger_.platform.clock, &documents_)) {
     ledger_.history.DocumentWritten();
     return true;
   }
@@ -170,23 +202,26 @@ bool InvoiceRenderer::IsCurrent(const std::string& invoiceId) {
   // Drawn at the moment at which the stored one was, it must come out the same to the last byte.
   StandingClock clock(*made);
   const fs::path again = ledger_.File(kInvoiceFolder) / "_Compare.pdf";
-  if (!Write(invoiceId, row, *layout, again, clock, nullptr)) return true;
+  if (!Write({invoiceId}, *layout, again, clock, nullptr)) return true;
   const bool same = Bytes(again) == stored;
   std::error_code ignored;
   fs::remove(again, ignored);
   return same;
 }
 
-bool InvoiceRenderer::Write(const std::string& id, int row, const DocumentTemplate& layout,
+bool InvoiceRenderer::Write(const Subject& subject, const DocumentTemplate& layout,
                             const fs::path& file, ClockPort& clock, FileBatch* batch) {
+  const int row = index_.Invoice(subject.invoice);
   clsPDFCreator pdf(clock);
   if (batch) pdf.LeaveTo(*batch);
-  Describe(pdf, ledger_, PracticeName(ledger_, ledger_.fgInvoices.TextMatrix(row, "PRACTICE")));
+  Describe(pdf, ledger_, subject.what,
+           PracticeName(ledger_, ledger_.fgInvoices.TextMatrix(row, "PRACTICE")));
   SetUpPage(pdf, layout);
-  pdf.SetNamesNumber(NamesNumber(id, clock.Now()));
+  pdf.SetNamesNumber(NamesNumber(subject.invoice, clock.Now()));
   pdf.BeginDoc(PathText(file));
   if (pdf.ErrNumber() == 0) {
-    InvoicePages(ledger_, index_, layout, pdf, toldFaults_).Draw(id);
+    InvoicePages pages(ledger_, index_, layout, pdf, toldFaults_);
+    subject.statement ? pages.Draw(*subject.statement) : pages.Draw(subject.invoice);
     cutTexts_ = pdf.CutTexts();
     if (pdf.EndDoc()) return true;  // an item's fault was told already
   }

@@ -11,6 +11,7 @@
 #include "core/files.h"
 #include "core/ledger.h"
 #include "core/platform.h"
+#include "documents/statements.h"
 #include "documents/template.h"
 #include "records/recordindex.h"
 
@@ -20,6 +21,14 @@ namespace lm {
 std::filesystem::path InvoiceFile(const Ledger& ledger, int invoiceRow);
 // Where the preview of a template is written.
 std::filesystem::path PreviewFile(const Ledger& ledger);
+// "Invoices/Reminder 2 INV-00001 Riverside Surgery.pdf", by how often it was reminded of before.
+std::filesystem::path ReminderFile(const Ledger& ledger, int invoiceRow);
+// "Invoices/Statement 2026-02-03 INV-00001 Riverside Surgery.pdf": of today, by its first invoice.
+std::filesystem::path StatementFile(const Ledger& ledger, const Statement& statement);
+
+// Their templates stand among those of invoices.
+inline constexpr std::string_view kReminderTemplate = "Reminder.tmpl";
+inline constexpr std::string_view kStatementTemplate = "Statement.tmpl";
 
 // Draws many invoices over one index; a template is read once.
 class InvoiceRenderer {
@@ -30,6 +39,9 @@ class InvoiceRenderer {
   // preview. False after its message; an older document of that name then stays as it was.
   // Documents stand under their names once Finish has put them there.
   bool CreateInvoice(const std::string& invoiceId, const std::string& templateName = "");
+  // The same for a letter that reminds of the invoice, and for a statement of account.
+  bool CreateReminder(const std::string& invoiceId);
+  bool CreateStatement(const Statement& statement);
   // All documents together onto the disk, before the records that speak of them are saved. False
   // after a message for each that would not go.
   bool Finish();
@@ -45,9 +57,18 @@ class InvoiceRenderer {
   bool FailedForAll() const { return failedForAll_; }
 
  private:
+  // A document about an invoice, or about the statement where there is one.
+  struct Subject {
+    std::string invoice;  // ID
+    const Statement* statement = nullptr;
+    std::string_view what = "Invoice";
+  };
+
   const DocumentTemplate* Template(const std::string& name);  // null after its message
+  bool Create(const Subject& subject, const std::filesystem::path& file,
+              const std::string& templateName);
   // The clock tells the moment of creation.
-  bool Write(const std::string& id, int row, const DocumentTemplate& layout,
+  bool Write(const Subject& subject, const DocumentTemplate& layout,
              const std::filesystem::path& file, ClockPort& clock, FileBatch* batch);
 
   Ledger& ledger_;

@@ -12,9 +12,12 @@
 
 namespace lm {
 
+struct Statement;
+
 // The records that fields draw on, by ID; an empty or unknown ID leaves its fields empty.
 struct MergeContext {
   std::string invoice{}, session{}, extra{}, expense{};
+  const Statement* statement = nullptr;  // outlives the context; null: its fields are empty
   bool pageNumbers = false;  // PAGE and PAGES are the writer's place holders, otherwise empty
 };
 

@@ -11,6 +11,7 @@
 #include "core/sessiontypes.h"
 #include "core/text.h"
 #include "documents/moneyowed.h"
+#include "documents/statements.h"
 
 namespace lm {
 namespace {
@@ -100,6 +101,28 @@ std::string SessionBranch(Records r, Column column) {
 }
 
 std::string Request(Records r, Column) { return PaymentRequest(r.ledger, r.invoice); }
+std::string Reminder(Records r, Column) { return PaymentReminder(r.ledger, r.invoice); }
+std::string ReminderAsk(Records r, Column) { return ReminderRequest(r.ledger, r.invoice); }
+std::string Heading(Records r, Column) { return ReminderHeading(r.ledger, r.invoice); }
+std::string OverdueDays(Records r, Column) {
+  const int days =
+      DaysOverdue(PaymentStateOf(r.ledger.fgInvoices, r.invoice), r.ledger.platform.clock.Now());
+  return days == 0 ? "" : PlainText(days);
+}
+template <Currency Statement::*sum>
+std::string StatementSum(Records r, Column) {
+  return r.statement ? (r.statement->*sum).ToText() : "";
+}
+std::string StatementWords(Records r, Column) {
+  return r.statement ? StatementRequest(r.ledger, *r.statement) : "";
+}
+std::string StatementList(Records r, Column) {
+  return r.statement ? StatementLines(r.ledger, *r.statement) : "";
+}
+std::string Salutation(Records r, Column) {
+  const std::string manager = PracticeCell(r, "PMANAGER");
+  return "Dear " + (Trim(manager).empty() ? "Practice Manager" : manager) + ",";
+}
 std::string Today(Records r, Column) { return CellText(r.ledger.platform.clock.Now()); }
 std::string TimeNow(Records r, Column) { return CellTimeText(r.ledger.platform.clock.Now()); }
 std::string PageMark(Records r, Column mark) {
@@ -159,6 +182,15 @@ constexpr MergeField kFields[] = {
     {"INVOICE DATE", InvoiceCell, "IDATE"},
     {"INVOICE DUE DATE", InvoiceCell, "DUEDATE"},
     {"PAYMENT REQUEST", Request},
+    {"PAYMENT REMINDER", Reminder},
+    {"REMINDER REQUEST", ReminderAsk},
+    {"REMINDER HEADING", Heading},
+    {"INVOICE DAYS OVERDUE", OverdueDays},
+    {"SALUTATION", Salutation},
+    {"STATEMENT TOTAL", StatementSum<&Statement::total>},
+    {"STATEMENT OVERDUE", StatementSum<&Statement::overdue>},
+    {"STATEMENT REQUEST", StatementWords},
+    {"STATEMENT INVOICES", StatementList},
     {"INVOICE PENSIONABLE", Sum<&MergedSums::pensionable>},
     {"INVOICE RATES", Sum<&MergedSums::rates>},
     {"INVOICE EMPLOYERCONTRIB", InvoiceCell, "EMPLOYERCONTRIB"},
@@ -214,6 +246,7 @@ MergeRecords::MergeRecords(const Ledger& ledger, const RecordIndex& index,
       extra(index.Extra(context.extra)),
       expense(index.Expense(context.expense)),
       practice(index.Practice(ledger.fgInvoices.TextMatrix(invoice, "PRACTICE"))),
+      statement(context.statement),
       pageNumbers(context.pageNumbers),
       sums(sums) {}
 

@@ -19,6 +19,7 @@ struct MergeRecords {
   const RecordIndex& index;
   const int invoice, session, extra, expense;
   const int practice;  // of the invoice
+  const Statement* const statement;
   const bool pageNumbers;
   MergedSums& sums;  // of whichever invoice was summed up last
 };

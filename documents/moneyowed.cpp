@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <span>
 #include <utility>
 
 #include "core/change.h"
 #include "core/format.h"
 #include "core/numbers.h"
 #include "core/options.h"
+#include "core/platform.h"
 #include "core/pounds.h"
 #include "core/rows.h"
 #include "core/text.h"
@@ -16,6 +19,7 @@ namespace lm {
 namespace {
 
 constexpr std::size_t kMostFigures = 3;  // of the days to pay
+constexpr std::string_view kDayFormat = "d mmmm yyyy";
 
 bool AreFigures(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
@@ -25,6 +29,28 @@ std::string Payee(const Ledger& ledger) {
   const std::string account = MyDetail(ledger, kAccountNameField);
   if (!account.empty()) return account;
   return std::string(Trim(MyDetail(ledger, kMyTitleField) + " " + MyName(ledger)));
+}
+
+std::string DayWords(std::string_view cell) {
+  const auto day = CellDate(cell);
+  return day ? FormatDate(*day, kDayFormat) : "";
+}
+
+std::string AmountWords(const Grid& invoices, int row) {
+  return Format(CurrencyOf(invoices.TextMatrix(row, "AMOUNT")), "£#,##0.00"_w);
+}
+
+using Part = std::pair<std::string_view, std::string>;  // words, and what is not known if ""
+
+std::string JoinKnown(std::span<const Part> parts) {
+  std::string text;
+  for (const auto& [words, known] : parts)
+    if (!known.empty()) text.append(words).append(known);
+  return text;
+}
+
+int RemindersOf(const Grid& invoices, int row) {
+  return std::max(0, ValInt(invoices.TextMatrix(row, "REMINDERS")));
 }
 
 // Six figures as banks write them; another text as it is.
@@ -86,21 +112,66 @@ std::string OverdueText(const PaymentState& state, Date today) {
   return days == 0 ? "" : "Overdue by " + Counted(days, "day", "days") + ".";
 }
 
+std::string PayeeWords(const Ledger& ledger) {
+  const Part parts[] = {{" to ", Payee(ledger)},
+                        {", sort code ", SortCode(ledger)},
+                        {", account number ", MyDetail(ledger, kAccountNumberField)}};
+  return JoinKnown(parts);
+}
+
 std::string PaymentRequest(const Ledger& ledger, int row) {
   if (row < 0) return "";
   const Grid& invoices = ledger.fgInvoices;
-  const auto due = CellDate(invoices.TextMatrix(row, "DUEDATE"));
-  const std::pair<std::string_view, std::string> parts[] = {
-      {"Please pay ", Format(CurrencyOf(invoices.TextMatrix(row, "AMOUNT")), "£#,##0.00"_w)},
-      {" by ", due ? FormatDate(*due, "d mmmm yyyy") : ""},
-      {" to ", Payee(ledger)},
-      {", sort code ", SortCode(ledger)},
-      {", account number ", MyDetail(ledger, kAccountNumberField)},
-      {", quoting ", invoices.TextMatrix(row, "NUMBER")}};
-  std::string request;
-  for (const auto& [words, text] : parts)
-    if (!text.empty()) request.append(words).append(text);
-  return request + ".";
+  const Part parts[] = {{"Please pay ", AmountWords(invoices, row)},
+                        {" by ", DayWords(invoices.TextMatrix(row, "DUEDATE"))},
+                        {"", PayeeWords(ledger)},
+                        {", quoting ", invoices.TextMatrix(row, "NUMBER")}};
+  return JoinKnown(parts) + ".";
+}
+
+void RecordReminder(Ledger& ledger, int row) {
+  Grid& invoices = ledger.fgInvoices;
+  invoices.SetTextMatrix(row, "REMINDERS", PlainText(RemindersOf(invoices, row) + 1));
+  invoices.SetTextMatrix(row, "REMINDDATE", CellText(ledger.platform.clock.Now()));
+  MarkEdited(ledger, invoices, row);
+}
+
+std::string RemindersText(const Grid& invoices, int row) {
+  const int count = RemindersOf(invoices, row);
+  const std::string day = DayWords(invoices.TextMatrix(row, "REMINDDATE"));
+  if (count == 0) return "";
+  if (count == 1) return day.empty() ? "Reminded once." : "Reminded on " + day + ".";
+  const std::string often = count == 2 ? "twice" : PlainText(count) + " times";
+  return "Reminded " + often + (day.empty() ? "" : ", last on " + day) + ".";
+}
+
+std::string InvoiceDue(const Grid& invoices, int row, std::string_view wordsBeforeDay) {
+  const Part parts[] = {{"", invoices.TextMatrix(row, "NUMBER")},
+                        {" of ", DayWords(invoices.TextMatrix(row, "IDATE"))},
+                        {", ", AmountWords(invoices, row)},
+                        {wordsBeforeDay, DayWords(invoices.TextMatrix(row, "DUEDATE"))}};
+  return JoinKnown(parts);
+}
+
+std::string PaymentReminder(const Ledger& ledger, int row) {
+  if (row < 0) return "";
+  return "I have not yet received payment of invoice " +
+         InvoiceDue(ledger.fgInvoices, row, ", which was due on ") + ".";
+}
+
+std::string ReminderRequest(const Ledger& ledger, int row) {
+  if (row < 0) return "";
+  const Part parts[] = {{"Please pay it", PayeeWords(ledger)},
+                        {", quoting ", ledger.fgInvoices.TextMatrix(row, "NUMBER")}};
+  return JoinKnown(parts) + ".";
+}
+
+std::string ReminderHeading(const Ledger& ledger, int row) {
+  if (row < 0) return "";
+  constexpr std::string_view kHeadings[] = {"Reminder", "Second reminder", "Third reminder"};
+  const auto before = static_cast<std::size_t>(RemindersOf(ledger.fgInvoices, row));
+  if (before < std::size(kHeadings)) return std::string(kHeadings[before]);
+  return "Reminder " + PlainText(RemindersOf(ledger.fgInvoices, row) + 1);
 }
 
 }  // namespace lm

@@ -35,5 +35,22 @@ std::string OverdueText(const PaymentState& state, Date today);
 // account number 12345678, quoting INV-00012." What is not known is left out; "" without an
 // invoice.
 std::string PaymentRequest(const Ledger& ledger, int row);
+// " to Dr J Smith, sort code 12-34-56, account number 12345678" as far as it is known.
+std::string PayeeWords(const Ledger& ledger);
+
+// The practice has been reminded of the invoice today; its record counts it.
+void RecordReminder(Ledger& ledger, int row);
+// "Reminded twice, last on 3 February 2026."; "" for one that was never reminded of.
+std::string RemindersText(const Grid& invoices, int row);
+// "INV-00012 of 3 January 2026, £921.58" and, with the words before it, the day it is to be paid.
+// What is not known is left out.
+std::string InvoiceDue(const Grid& invoices, int row, std::string_view wordsBeforeDay);
+// What a reminder says: "I have not yet received payment of invoice INV-00012 of 3 January 2026,
+// £921.58, which was due on 2 February 2026."; "" without an invoice.
+std::string PaymentReminder(const Ledger& ledger, int row);
+// "Please pay it to Dr J Smith, sort code 12-34-56, account number 12345678, quoting INV-00012."
+std::string ReminderRequest(const Ledger& ledger, int row);
+// Of the reminder that comes next: "Reminder", "Second reminder", "Reminder 7".
+std::string ReminderHeading(const Ledger& ledger, int row);
 
 }  // namespace lm

@@ -140,8 +140,9 @@ PageSize PageSizeOf(std::string_view paperSize, std::string_view orientation) {
 
 bool HasSectionHeight(std::string_view id) {
   constexpr std::string_view kWithHeight[] = {
-      "pageheader",    "pagefooter", "invheader", "invfooter",        "session",
-      "sessionfooter", "extra",      "expense",   "sessioncontinued", "invfootercontinued"};
+      "pageheader",  "pagefooter",       "invheader",         "invfooter",
+      "owedinvoice", "session",          "sessionfooter",     "extra",
+      "expense",     "sessioncontinued", "invfootercontinued"};
   return std::ranges::find(kWithHeight, id) != std::end(kWithHeight);
 }
 

@@ -33,6 +33,7 @@ constexpr SectionRule kSections[] = {
     {"invheader", Place::Top},
     {"invfooter", Place::Foot},
     {"session", Place::Flow},
+    {"owedinvoice", Place::Flow},
     {"sessionfooter", Place::Flow},
     {"extra", Place::Flow},
     {"expense", Place::Flow},
@@ -331,7 +332,8 @@ void Checker::CheckUse() {
   if (EqualsIgnoreCase(Value(document, "page_backgrounds"), "NONE") &&
       found_.contains("backgroundall"))
     Note(document, "page_backgrounds: the section 'backgroundall' is there, but never drawn.");
-  if (!found_.contains("session")) Note(xml_.Root(), "There is no section 'session'.");
+  if (!found_.contains("session") && !found_.contains("owedinvoice"))
+    Note(xml_.Root(), "There is no section 'session'.");
 }
 
 // The XML behind the bytes of either kind of file; empty when they are neither.

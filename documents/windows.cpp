@@ -6,6 +6,7 @@
 #include "core/messagebox.h"
 #include "documents/frmBookingConfirmation.h"
 #include "documents/frmInvoice.h"
+#include "documents/frmPaymentReminders.h"
 #include "documents/frmPrepareInvoices.h"
 
 namespace lm {
@@ -17,6 +18,12 @@ bool PrepareByWords(Ledger& ledger, const Words&) { return OpenPrepareInvoices(l
 
 bool InvoiceByWords(Ledger& ledger, const Words& words) {
   return words.size() > 1 && words[0] == "open" && OpenInvoice(ledger, words[1]);
+}
+
+bool RemindersByWords(Ledger& ledger, const Words&) {
+  frmPaymentReminders window(ledger);
+  ShowModal(window);
+  return true;
 }
 
 bool BookingByWords(Ledger& ledger, const Words& words) {
@@ -47,6 +54,7 @@ bool OpenInvoice(Ledger& ledger, std::string_view id) {
 void AddDocumentWindows(WindowCatalogue& catalogue) {
   catalogue.Add("frmPrepareInvoices", PrepareByWords);
   catalogue.Add("frmInvoice", InvoiceByWords);
+  catalogue.Add("frmPaymentReminders", RemindersByWords);
   catalogue.Add("frmBookingConfirmation", BookingByWords);
 }
 

@@ -7,8 +7,8 @@
 
 namespace lm {
 
-// Adds frmPrepareInvoices ("new"), frmInvoice ("open ID") and frmBookingConfirmation ("new
-// [practice ID]").
+// Adds frmPrepareInvoices ("new"), frmInvoice ("open ID"), frmPaymentReminders ("new") and
+// frmBookingConfirmation ("new [practice ID]").
 void AddDocumentWindows(WindowCatalogue& catalogue);
 
 // Each shows its window and returns when it has closed; false when it would not open, after its

@@ -9,6 +9,7 @@
 #include "core/rows.h"
 #include "core/tables.h"
 #include "core/text.h"
+#include "documents/invoicepdf.h"
 #include "documents/prepareinvoices.h"
 #include "shell/frmMain.h"
 
@@ -78,7 +79,7 @@ std::vector<ComboItem> Templates(const Ledger& ledger) {
        !error && file != end; file.increment(error))
     if (EqualsIgnoreCase(PathText(file->path().extension()), ".tmpl")) {
       const std::string name = PathText(file->path().filename());
-      items.push_back({name, name});
+      if (name != kReminderTemplate && name != kStatementTemplate) items.push_back({name, name});
     }
   std::ranges::sort(items, [](const ComboItem& a, const ComboItem& b) {
     return CompareIgnoreCase(a.text, b.text) < 0;

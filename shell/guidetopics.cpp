@@ -22,6 +22,7 @@ constexpr GuideTopic kTopics[] = {
     {"frmGettingStarted", "the-first-start"},
     {"frmPractice", "practices"},
     {"frmRateCompare", "what-practices-pay"},
+    {"frmPaymentReminders", "money-that-is-owed"},
     {"frmSession", "a-session"},
     {"frmAddSessions", "several-sessions-at-once"},
     {"frmPopupCalendar", "dates-times-and-amounts"},

@@ -60,6 +60,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuConfigure", "&Options...", -1, "frmConfigure"},
     {"mnuShortcutKeys", "&Shortcut Keys...", -1, "frmShortcutKeys"},
     {"mnuRateComparison", "&Rate Comparison...", -1, "frmRateCompare"},
+    {"mnuPaymentReminders", "&Payment Reminders...", -1, "frmPaymentReminders", "new"},
     {"mnuCalculator", "&Calculator..."},
     // Help
     {"mnuUserGuide", "&User Guide", 42},
@@ -175,6 +176,7 @@ constexpr MenuLine kMenuBar[] = {
     {1, "mnuShortcutKeys"},
     {1, kSeparator},
     {1, "mnuRateComparison"},
+    {1, "mnuPaymentReminders"},
     {1, "mnuCalculator"},
     {0, "mnuHelp", "&Help"},
     {1, "mnuUserGuide"},

@@ -95,7 +95,8 @@ TEST(InvoicePdf, ThePreviewIsAFileOfItsOwn) {
 
 TEST(InvoicePdf, EachShippedTemplateMakesASoundDocument) {
   for (const auto& entry : fs::directory_iterator(fs::path(SOURCE_DIR) / "data/templates")) {
-    if (entry.path().extension() != ".xml") continue;
+    // A statement has no sessions; its own test draws it.
+    if (entry.path().extension() != ".xml" || entry.path().stem() == "Statement") continue;
     std::string error;
     Paper paper(40);
     for (const auto& other : fs::directory_iterator(entry.path().parent_path()))

@@ -103,6 +103,7 @@ TEST(Views, TheKeyboardBeginsWhereWorkBegins) {
                                                   {"frmShortcutKeys", "fgKeys"},
                                                   {"frmAddSessions", "cboPractice"},
                                                   {"frmRateCompare", "fgRates"},
+                                                  {"frmPaymentReminders", "fgReminders"},
                                                   {"frmEvent", "cTitle"},
                                                   {"frmExportCalendar", "txtSDate"},
                                                   {"frmFind", "txtFind"},

@@ -19,6 +19,7 @@
 #include "core/shortcuts.h"
 #include "documents/frmBookingConfirmation.h"
 #include "documents/frmInvoice.h"
+#include "documents/frmPaymentReminders.h"
 #include "documents/frmPrepareInvoices.h"
 #include "documents/shippedtemplates.h"
 #include "entry/frmPopupCalendar.h"
@@ -450,6 +451,21 @@ void GrabInvoices(test::TestLedger& test) {
   GrabScreen(unsent, "frmInvoice-unsent");
   unsent.tabMain.SetSelected(1);
   GrabScreen(unsent, "frmInvoice-unsent-1");
+  Grid& invoices = test.ledger.fgInvoices;
+  for (const int row : {invoices.FixedRows(), invoices.FixedRows() + 1}) {
+    invoices.SetTextMatrix(row, "IDATE", "31/12/2025");
+    invoices.SetTextMatrix(row, "SDATE", "31/12/2025");
+    invoices.SetTextMatrix(row, "DUEDATE", "14/01/2026");
+    for (const char* key : {"PAYDATE", "PAYMETHOD", "PAYREF", "RECEIPTDATE", "RECEIPTMETHOD"})
+      invoices.SetTextMatrix(row, key, "");
+  }
+  invoices.SetTextMatrix(invoices.FixedRows(), "REMINDERS", "2");
+  invoices.SetTextMatrix(invoices.FixedRows(), "REMINDDATE", "01/02/2026");
+  frmPaymentReminders reminders(test);
+  GrabScreen(reminders, "frmPaymentReminders");
+  frmInvoice overdue(test);
+  overdue.Open("1");
+  GrabScreen(overdue, "frmInvoice-overdue");
   frmPrepareInvoices prepare(test);
   GrabScreen(prepare, "frmPrepareInvoices");
   frmBookingConfirmation booking(test);
