@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/rows.h"
 #include "core/tables.h"
 #include "core/text.h"
 
@@ -41,8 +42,10 @@ void ListFilter::Prepare() {
 RowTest ListFilter::TestOfAll() {
   if (!table_.Redraw()) index_.reset();  // what has changed is told later
   Prepare();
+  std::vector<std::size_t> rows;
+  for (const int row : Records(table_)) rows.push_back(static_cast<std::size_t>(row));
   std::vector<bool> shown(static_cast<std::size_t>(table_.Rows()));
-  for (const int row : index_->Matching(words_)) shown[static_cast<std::size_t>(row)] = true;
+  for (const std::size_t place : index_->PlacesMatching(words_)) shown[rows[place]] = true;
   return [shown = std::move(shown)](int row) { return shown[static_cast<std::size_t>(row)]; };
 }
 

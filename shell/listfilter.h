@@ -33,10 +33,10 @@ class ListFilter : private GridObserver {
   // For single rows.
   bool Shows(int row) const;
 
-  // While rows are only hidden and shown, what was read stays true.
+  // While rows are only hidden and shown, and groups made anew, what was read stays true.
   class OnlyHiding {
    public:
-    OnlyHiding(ListFilter& filter, bool only) : filter_(filter) { filter_.hiding_ = only; }
+    explicit OnlyHiding(ListFilter& filter) : filter_(filter) { filter_.hiding_ = true; }
     ~OnlyHiding() { filter_.hiding_ = false; }
     OnlyHiding(const OnlyHiding&) = delete;
     OnlyHiding& operator=(const OnlyHiding&) = delete;

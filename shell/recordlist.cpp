@@ -137,18 +137,21 @@ void RecordList::Narrow(std::string_view typed) {
   Refresh();
 }
 
+// Groups are made of the records that are shown. They come and go without the order of the records
+// changing, so what is to be shown is found before.
 void RecordList::Refresh() {
   several_.clear();
   const bool grouped = grouping_ && grouping_->IsOn();
-  const ListFilter::OnlyHiding hiding(filter_, !grouped);
-  RowTest shown;
-  if (!grouped) shown = TestOfAll();
-  const RedrawOff redrawOff(table_);
-  if (grouped) {
-    grouping_->Remove();
-    shown = TestOfAll();
+  const ListFilter::OnlyHiding hiding(filter_);
+  std::vector<bool> shown;
+  {
+    const RowTest test = TestOfAll();
+    for (const int row : Records(table_)) shown.push_back(test(row));
   }
-  for (const int row : Records(table_)) table_.SetRowHidden(row, !shown(row));
+  const RedrawOff redrawOff(table_);
+  if (grouped) grouping_->Remove();
+  auto show = shown.begin();
+  for (const int row : Records(table_)) table_.SetRowHidden(row, !*show++);
   if (grouped) grouping_->Restore();
 }
 

@@ -175,7 +175,7 @@ void TextIndex::Read() {
 
 // Word by word, each among the records that have those before it: with every word there are fewer.
 // A text that many records share is looked at once for a word.
-std::vector<int> TextIndex::Matching(const std::vector<SearchWord>& words) const {
+std::vector<std::size_t> TextIndex::PlacesMatching(const std::vector<SearchWord>& words) const {
   std::vector<std::size_t> found(rows_.size());
   std::iota(found.begin(), found.end(), std::size_t{0});
   enum class Has : char { Unknown, No, Yes };
@@ -193,9 +193,12 @@ std::vector<int> TextIndex::Matching(const std::vector<SearchWord>& words) const
       });
     });
   }
+  return found;
+}
+
+std::vector<int> TextIndex::Matching(const std::vector<SearchWord>& words) const {
   std::vector<int> rows;
-  rows.reserve(found.size());
-  for (const std::size_t record : found) rows.push_back(rows_[record]);
+  for (const std::size_t record : PlacesMatching(words)) rows.push_back(rows_[record]);
   return rows;
 }
 

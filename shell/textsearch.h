@@ -53,6 +53,8 @@ class TextIndex {
   void Read();
   // Their rows, in the order of the table. Without any words all of them.
   std::vector<int> Matching(const std::vector<SearchWord>& words) const;
+  // The same by their places among the records, from 0: those stay while groups come and go.
+  std::vector<std::size_t> PlacesMatching(const std::vector<SearchWord>& words) const;
 
  private:
   struct TextHash {
