@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache git ca-certificates
-          qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev zlib1g-dev libdeflate-dev libpugixml-dev libcurl4-openssl-dev
+          qt6-base-dev libgl-dev nlohmann-json3-dev zlib1g-dev libdeflate-dev libpugixml-dev libcurl4-openssl-dev
           fonts-liberation fonts-dejavu-core)
 case "${1:-build}" in
   test) packages+=(libgtest-dev libical-dev python3 qpdf poppler-utils zbar-tools

@@ -9,6 +9,7 @@
 
 #include "core/messagebox.h"
 #include "shell/qt/frmMesgBox.h"
+#include "shell/qt/icons.h"
 #include "shell/qt/qtext.h"
 
 namespace lm {
@@ -44,7 +45,7 @@ frmSplashScreen::frmSplashScreen(std::string_view version)
   imgProgressBarIndicator_->setFixedHeight(8);
   auto* picture = new QLabel;
   picture->setAccessibleName(ToQt(kProductName));
-  picture->setPixmap(QIcon(":/icons/ledgerminder.svg").pixmap(QSize(64, 64), devicePixelRatioF()));
+  picture->setPixmap(LineIcon("ledgerminder").pixmap(QSize(64, 64), devicePixelRatioF()));
 
   auto* titles = new QVBoxLayout;
   titles->setSpacing(2);

@@ -8,7 +8,8 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>
-#include <QSvgRenderer>
+
+#include "shell/qt/linedrawing.h"
 
 namespace lm {
 namespace {
@@ -18,16 +19,18 @@ constexpr const char* kRed = "#c8362b";
 
 class LineIconEngine : public QIconEngine {
  public:
-  LineIconEngine(QByteArray drawing, const QColor& colour)
+  LineIconEngine(LineDrawing drawing, const QColor& colour)
       : drawing_(std::move(drawing)), colour_(colour) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    QByteArray drawing = drawing_;
     const QColor colour = ColourFor(mode);
-    drawing.replace("currentColor", colour.name().toLatin1());
-    if (mode == QIcon::Disabled) drawing.replace(kRed, colour.name().toLatin1());
+    const QColor opaque(colour.rgb());
     painter->setOpacity(colour.alphaF());
-    QSvgRenderer(drawing).render(painter, rect);
+    drawing_.Paint(*painter, rect, [&](const QString& name) {
+      const bool own = name != QLatin1String("currentColor") &&
+                       !(mode == QIcon::Disabled && name == QLatin1String(kRed));
+      return own ? QColor(name) : opaque;
+    });
   }
 
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -48,7 +51,7 @@ class LineIconEngine : public QIconEngine {
     return colour_.isValid() ? colour_ : palette.color(QPalette::ButtonText);
   }
 
-  QByteArray drawing_;
+  LineDrawing drawing_;
   QColor colour_;
 };
 
@@ -62,7 +65,8 @@ QColor OwnColour(const QString& name) { return name.startsWith(u"plus") ? GoodCo
 QIcon LineIcon(const QString& name, const QColor& colour) {
   QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
   if (!file.open(QIODevice::ReadOnly)) return {};
-  return QIcon(new LineIconEngine(file.readAll(), colour.isValid() ? colour : OwnColour(name)));
+  return QIcon(
+      new LineIconEngine(LineDrawing(file.readAll()), colour.isValid() ? colour : OwnColour(name)));
 }
 
 QColor AccentColour() { return DarkGround() ? QColor(0x6c, 0xb2, 0xf0) : QColor(0x1f, 0x6f, 0xb5); }
@@ -85,8 +89,7 @@ void ApplyLineIcons(QWidget& root) {
   for (QLabel* label : root.findChildren<QLabel*>()) {
     const QString name = label->property("picture").toString();
     if (!name.isEmpty())
-      label->setPixmap(QIcon(QStringLiteral(":/icons/%1.svg").arg(name))
-                           .pixmap(label->minimumSize(), label->devicePixelRatioF()));
+      label->setPixmap(LineIcon(name).pixmap(label->minimumSize(), label->devicePixelRatioF()));
   }
 }
 
