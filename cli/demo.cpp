@@ -9,6 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/files.h"
+#include "core/text.h"
+
 namespace lm {
 namespace {
 
@@ -266,9 +269,10 @@ void TellWrittenFiles(const std::filesystem::path& directory, std::ostream& outp
   for (const auto& entry : fs::recursive_directory_iterator(directory))
     if (entry.is_regular_file()) files.push_back(entry.path());
   std::sort(files.begin(), files.end());
-  output << "Wrote into " << fs::absolute(directory).lexically_normal().string() << ":\n";
+  output << "Wrote into " << ToUtf8(NativePathText(fs::absolute(directory).lexically_normal()))
+         << ":\n";
   for (const fs::path& file : files)
-    output << "  " << fs::relative(file, directory).string() << " (" << fs::file_size(file)
+    output << "  " << ToUtf8(PathText(fs::relative(file, directory))) << " (" << fs::file_size(file)
            << " bytes)\n";
 }
 

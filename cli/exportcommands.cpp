@@ -30,7 +30,7 @@ int RunExportCommand(const std::vector<std::string>& words, Ledger& ledger, std:
     return Refuse(error, "no such table to export as " + kind + ": " + words[2]);
   if (kind == "csv" && !exported) return Refuse(error, "csv takes a table, such as fgSessions");
   if (exported) exported->allRows = true;
-  const bool done = WriteExportFile(ledger, words[1], [&](clsStringBuilder& file) {
+  const bool done = WriteExportFile(ledger, PathFromUtf8(words[1]), [&](clsStringBuilder& file) {
     if (kind == "xls")
       WriteWorkbook(ledger, file, table);
     else if (!exported)
@@ -65,7 +65,7 @@ int RunReportCommand(const std::vector<std::string>& words, Ledger& ledger, std:
   const auto write = [&](clsStringBuilder& file) {
     WriteGrid(ledger, *ExportOf(report), GridFormat::Csv, file);
   };
-  if (!path.empty()) return WriteExportFile(ledger, path, write) ? 0 : 1;
+  if (!path.empty()) return WriteExportFile(ledger, PathFromUtf8(path), write) ? 0 : 1;
   clsStringBuilder text;
   write(text);
   output << Replace(ToUtf8(text.ToString()), "\r\n", "\n");

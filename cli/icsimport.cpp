@@ -21,7 +21,8 @@ int RunIcsImport(const std::vector<std::string>& words, Ledger& ledger, std::ost
   const std::string address = FromUtf8(words[0]);
   std::error_code failed;  // leaves an empty address, which the window tells of
   window.txtICalAddress.SetText(
-      IsWebAddress(address) ? address : PathText(std::filesystem::absolute(words[0], failed)));
+      IsWebAddress(address) ? address
+                            : PathText(std::filesystem::absolute(PathFromUtf8(words[0]), failed)));
   window.Press(window.cmdImportFromICal);
   const std::string& status = window.lblStatus.Text();
   output << ToUtf8(status) << (status.empty() ? "" : "\n");

@@ -103,7 +103,7 @@ std::string ReadArguments(const std::vector<std::string>& arguments, Settings& s
 
 std::filesystem::path ProgramDirectory(const Settings& settings, lm::Terminal& terminal) {
   return settings.directory.empty() ? lm::ChooseProgramDirectory(terminal.platform)
-                                    : std::filesystem::path(settings.directory);
+                                    : lm::PathFromUtf8(settings.directory);
 }
 
 bool HoldsData(const lm::Ledger& ledger) { return !lm::IsFirstStart(ledger); }
@@ -116,7 +116,7 @@ int Init(lm::Ledger& ledger, const Settings& settings) {
   if (!lm::MakeProgramDirectory(ledger) || !lm::PlaceShippedTemplates(ledger) ||
       !lm::PlaceShippedForms(ledger))
     return 1;
-  std::cout << ledger.programDirectory.string() << '\n';
+  std::cout << lm::ToUtf8(lm::NativePathText(ledger.programDirectory)) << '\n';
   return 0;
 }
 
@@ -154,7 +154,7 @@ int Demo(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledger, const S
 
 int RunScript(lm::Script& script, const std::string& name) {
   if (name == "-") return script.Run(std::cin) ? 0 : 1;
-  std::ifstream file(name);
+  std::ifstream file(lm::PathFromUtf8(name), std::ios::binary);
   if (!file) return Fail("cannot read " + name);
   return script.Run(file) ? 0 : 1;
 }
@@ -191,7 +191,8 @@ bool Load(lm::Script& script, lm::Terminal& terminal) {
 int RunDataCommand(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledger,
                    const Settings& settings) {
   if (!lm::MayExist(ledger.DataFile()))
-    return Fail("there is no data file in " + ledger.programDirectory.string());
+    return Fail("there is no data file in " +
+                lm::ToUtf8(lm::NativePathText(ledger.programDirectory)));
   if (!Load(script, terminal)) return 1;
   const std::vector<std::string> words(settings.command.begin() + 1, settings.command.end());
   const std::string& command = settings.command[0];
@@ -206,9 +207,10 @@ int RunDataCommand(lm::Script& script, lm::Terminal& terminal, lm::Ledger& ledge
 
 int main(int argc, char** argv) {
   lm::native::OutliveFileSizeLimit();
+  lm::native::PlainStreams();
   Settings settings;
   lm::Terminal terminal(std::cout);
-  const std::string fault = ReadArguments({argv + 1, argv + argc}, settings, terminal);
+  const std::string fault = ReadArguments(lm::native::Arguments(argc, argv), settings, terminal);
   if (!fault.empty()) {
     std::cerr << kUsage;
     return Fail(fault);

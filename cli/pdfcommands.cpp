@@ -95,7 +95,7 @@ int Sample(ClockPort& clock, const std::string& out, std::ostream& output) {
 
 int RunPdfCommand(const std::vector<std::string>& words, ClockPort& clock, std::ostream& output) {
   std::vector<std::string> texts;
-  for (const std::string& word : words) texts.push_back(FromUtf8(word));
+  for (const std::string& word : words) texts.push_back(MarkedFromUtf8(word));
   clsPDFCreator document(clock);
   if (texts.size() == 2 && texts[0] == "info") return Info(document, texts[1], output);
   if (texts.size() == 3 && texts[0] == "import")

@@ -43,8 +43,9 @@ class TemplateCommand {
   int Check(const std::string& file) const {
     const auto bytes = Read(file);
     if (!bytes) return 1;
-    const auto findings = CheckTemplate(
-        *bytes, [&](std::string_view filename) { return PictureIsThere(file, filename); });
+    const auto findings = CheckTemplate(*bytes, [&](std::string_view filename) {
+      return PictureIsThere(PathFromUtf8(file), filename);
+    });
     for (const TemplateFinding& finding : findings) {
       if (finding.line > 0) output_ << "line " << finding.line << ": ";
       output_ << (finding.note ? "note: " : "") << ToUtf8(finding.text) << '\n';
@@ -74,7 +75,7 @@ class TemplateCommand {
 
   std::optional<std::string> Read(const std::string& file) const {
     std::string error;
-    auto bytes = ReadFile(file, error);
+    auto bytes = ReadFile(PathFromUtf8(file), error);
     if (!bytes) Fail(file, error);
     return bytes;
   }
@@ -82,7 +83,7 @@ class TemplateCommand {
   int Write(const std::string& file, const std::string& bytes) const {
     if (file == "-") return (output_ << bytes << std::flush) ? 0 : 1;
     std::string error;
-    return ReplaceFile(file, bytes, error) ? 0 : Fail(file, error);
+    return ReplaceFile(PathFromUtf8(file), bytes, error) ? 0 : Fail(file, error);
   }
 
   int Fail(const std::string& file, const std::string& reason) const {

@@ -45,9 +45,17 @@ frmAbout::frmAbout(Ledger& theLedger)
   lblProduct.SetText(kProductName);
   lblVersion.SetText("Version " + std::string(ProgramVersion()));
   lblVersionDate.SetText(VersionDate(ledger));
-  lblInstalDir.SetText(PathText(ledger.programDirectory));
+  lblInstalDir.SetText(NativePathText(ledger.programDirectory));
   lblEULA.SetText("Licence agreement");
   lblEULA.onPressed = [this] { OpenLink(ledger, WebPage("/EULA.php")); };
+  const auto offered = ledger.platform.system.OpenWithOffered();
+  chkOpenWith.SetVisible(offered.has_value());
+  chkOpenWith.SetChecked(offered.value_or(false));
+  chkOpenWith.onEntered = [this] {
+    if (ledger.platform.system.OfferOpenWith(chkOpenWith.Checked())) return true;
+    ShowMessage(ledger, "Windows did not take the change");
+    return false;
+  };
   FillLicences();
   ShowFrame();
   tabTab.onEntered = [this] {

@@ -17,7 +17,8 @@ class frmAbout : public Screen {
   LabelField lblVersionDate{this, "lblVersionDate"};
   LabelField lblInstalDir{this, "lblInstalDir"};
   LabelField lblEULA{this, "lblEULA"};
-  Grid fgLicences{"fgLicences"};  // a double click opens the library's page
+  CheckField chkOpenWith{this, "chkOpenWith"};  // on systems where the program offers itself
+  Grid fgLicences{"fgLicences"};                // a double click opens the library's page
   Button cmdCheckForUpdates{this, "cmdCheckForUpdates"};
   Button cmdOK{this, "cmdOK"};
 

@@ -27,7 +27,7 @@ frmExportCalendar::frmExportCalendar(Ledger& theLedger)
   cboExportClass.SetItems({{"Private", ""}, {"Public", ""}});
   cboExportClass.SetSelected(0);
   txtExportFile.SetText(
-      PathText(ledger.platform.system.DocumentsDirectory() / "LedgerMinder Sessions.ics"));
+      NativePathText(ledger.platform.system.DocumentsDirectory() / "LedgerMinder Sessions.ics"));
   cmdSelectExportFile.onPressed = [this] { SelectFile(); };
   cmdExport.onPressed = [this] { Export(); };
   cmdCancel.onPressed = [this] { Close(); };
@@ -39,7 +39,7 @@ void frmExportCalendar::SelectFile() {
   const auto target =
       AskWhereToSave(ledger, kTitle, "Unable to export the calendar.\\n",
                      {{"iCalendar File (*.ics)", "*.ics"}}, PathFromText(txtExportFile.Text()));
-  if (target) txtExportFile.SetText(PathText(target->path));
+  if (target) txtExportFile.SetText(NativePathText(target->path));
 }
 
 void frmExportCalendar::Export() {
@@ -61,7 +61,8 @@ void frmExportCalendar::Export() {
                 Icon::Exclamation, kTitle);
   if (outcome == CalendarOutcome::Written)
     ShowMessage(ledger, "Calendar exported succesfully",
-                "Session information saved to the file;\\n" + file, Buttons::Ok, Icon::Done);
+                "Session information saved to the file;\\n" + PathInMessage(PathFromText(file)),
+                Buttons::Ok, Icon::Done);
 }
 
 }  // namespace lm

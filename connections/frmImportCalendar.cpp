@@ -46,7 +46,7 @@ frmImportCalendar::frmImportCalendar(Ledger& theLedger)
 void frmImportCalendar::SelectCalendar() {
   const std::filesystem::path chosen = ledger.platform.system.AskOpenFile(
       "Select Calendar...", {"iCalendar (*.ics)", "*.ics"}, ledger.programDirectory);
-  if (!chosen.empty()) txtICalAddress.SetText(PathText(chosen));
+  if (!chosen.empty()) txtICalAddress.SetText(NativePathText(chosen));
 }
 
 // The address is an option too: what was typed here stays unless it was changed there.

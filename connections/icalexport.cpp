@@ -187,7 +187,7 @@ CalendarOutcome ExportCalendar(Ledger& ledger, const CalendarRequest& request,
   if (good && written == 0) return CalendarOutcome::NoSessions;
   file.Flush();
   if (good && replacement.Commit(error)) return CalendarOutcome::Written;
-  ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+  ShowMessage(ledger, error, PathInMessage(path), Buttons::Ok, Icon::Critical);
   return CalendarOutcome::Failed;
 }
 

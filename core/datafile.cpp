@@ -46,19 +46,19 @@ std::string KeyOf(const Ledger& ledger, const Grid& grid) {
 std::optional<std::string> ReadDataFile(Ledger& ledger, const fs::path& path) {
   std::error_code ignored;
   if (!fs::exists(path, ignored)) {
-    ShowMessage(ledger, "Missing File", PathText(path));
+    ShowMessage(ledger, "Missing File", PathInMessage(path));
     return std::nullopt;
   }
   std::string error;
   auto bytes = ReadFile(path, error);
-  if (!bytes) ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+  if (!bytes) ShowMessage(ledger, error, PathInMessage(path), Buttons::Ok, Icon::Critical);
   return bytes;
 }
 
 void ShowNoDataFile(Ledger& ledger, const fs::path& path) {
   ShowMessage(ledger, "This is not a LedgerMinder data file",
-              PathText(path) + "\\n\\nTry loading a backup file.", Buttons::Ok, Icon::Critical, "",
-              WebPage("/UnableToLoad.php"));
+              PathInMessage(path) + "\\n\\nTry loading a backup file.", Buttons::Ok, Icon::Critical,
+              "", WebPage("/UnableToLoad.php"));
 }
 
 // By the major and the minor number; a revision changes no file.
@@ -75,8 +75,8 @@ bool IsNewer(std::string_view version) {
 bool RefuseNewer(Ledger& ledger, const fs::path& path, const std::string& version) {
   if (!IsNewer(version)) return false;
   ShowMessage(ledger, "This file was saved by a newer version of LedgerMinder",
-              PathText(path) + "\\n\\nIt was saved by version " + version + "; this is version " +
-                  std::string(ProgramVersion()) +
+              PathInMessage(path) + "\\n\\nIt was saved by version " + version +
+                  "; this is version " + std::string(ProgramVersion()) +
                   ". Install the newer version to open it. The file was left as it is.",
               Buttons::Ok, Icon::Critical);
   return true;
@@ -143,7 +143,8 @@ std::optional<std::string> Built(Ledger& ledger, const fs::path& path,
     return build();
   } catch (const std::exception&) {
     ShowMessage(ledger, std::string(front) + "The data is too large to be saved",
-                PathText(path) + "\\n\\nThe file was left as it is.", Buttons::Ok, Icon::Critical);
+                PathInMessage(path) + "\\n\\nThe file was left as it is.", Buttons::Ok,
+                Icon::Critical);
     return std::nullopt;
   }
 }
@@ -160,16 +161,16 @@ bool MaySave(Ledger& ledger, std::string_view front = "") {
 }  // namespace
 
 bool LoadGridFile(Ledger& ledger, const fs::path& path, Grid& grid) {
-  ledger.platform.progress.Show(-1, "Loading " + PathText(path) + "...");
+  ledger.platform.progress.Show(-1, "Loading " + NativePathText(path) + "...");
   std::error_code ignored;
   if (!fs::exists(path, ignored)) {
-    ShowMessage(ledger, "Unable to find the file " + PathText(path));
+    ShowMessage(ledger, "Unable to find the file " + PathInMessage(path));
     return false;
   }
   std::string error;
   const auto text = ReadFile(path, error);
   if (!text) {
-    ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+    ShowMessage(ledger, error, PathInMessage(path), Buttons::Ok, Icon::Critical);
     return false;
   }
   if (LoadGridFromText(*text, KeyOf(ledger, grid), grid) == TableState::Whole) return true;
@@ -181,7 +182,7 @@ bool WriteTextFile(Ledger& ledger, std::string_view text, const fs::path& path,
                    std::string_view front) {
   std::string error;
   if (ReplaceFile(path, text, error)) return true;
-  ShowMessage(ledger, std::string(front) + error, PathText(path), Buttons::Ok, Icon::Critical);
+  ShowMessage(ledger, std::string(front) + error, PathInMessage(path), Buttons::Ok, Icon::Critical);
   return false;
 }
 

@@ -14,7 +14,11 @@
 
 #ifdef _WIN32
 #include <io.h>
-#include <windows.h>
+
+#include <chrono>
+#include <thread>
+
+#include "core/windowsheader.h"
 #else
 #include <unistd.h>
 #endif
@@ -34,10 +38,6 @@ std::string LastError() { return std::generic_category().message(errno); }
 
 #ifdef _WIN32
 
-int OpenNew(const fs::path& path, const fs::path&) {
-  return _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
-}
-int OpenExisting(const fs::path& path) { return _wopen(path.c_str(), _O_WRONLY | _O_BINARY); }
 long WriteSome(int file, const char* bytes, std::size_t count) {
   return _write(file, bytes, static_cast<unsigned>(std::min<std::size_t>(count, 1u << 26)));
 }
@@ -45,9 +45,45 @@ bool GoTo(int file, int origin) { return _lseeki64(file, 0, origin) >= 0; }
 bool Flush(int file) { return _commit(file) == 0; }
 bool Close(int file) { return _close(file) == 0; }
 
+bool IsHeld(DWORD reason) {
+  return reason == ERROR_SHARING_VIOLATION || reason == ERROR_LOCK_VIOLATION;
+}
+// A file that is about to go, or has an open reader, is not replaced for this reason too.
+bool IsHeldOrGoing(DWORD reason) { return IsHeld(reason) || reason == ERROR_ACCESS_DENIED; }
+
+// Scanners for viruses, and programs that carry folders into a cloud, open a file as soon as it was
+// written and let it go a moment later.
+template <class Try>
+bool Patiently(const Try& succeeds, bool (*mayPass)(DWORD reason)) {
+  constexpr std::chrono::milliseconds kPause(50);
+  constexpr int kTries = 40;
+  for (int i = 1; !succeeds(); ++i) {
+    if (i == kTries || !mayPass(GetLastError())) return false;
+    std::this_thread::sleep_for(kPause);
+  }
+  return true;
+}
+
+int OpenNew(const fs::path& path, const fs::path&) {
+  return _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+}
+int OpenExisting(const fs::path& path) {
+  int file = -1;
+  Patiently(
+      [&] {
+        file = _wopen(path.c_str(), _O_WRONLY | _O_BINARY);
+        return file >= 0;
+      },
+      IsHeld);
+  return file;
+}
+
 bool RenameOver(const fs::path& from, const fs::path& to, std::string& error) {
-  if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-    return true;
+  const auto move = [&] {
+    return MoveFileExW(from.c_str(), to.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+  };
+  if (Patiently(move, IsHeldOrGoing)) return true;
   error = std::system_category().message(static_cast<int>(GetLastError()));
   return false;
 }
@@ -188,6 +224,10 @@ std::string Stamp(std::uintmax_t size, std::string_view front) {
 void RemoveFile(const fs::path& path) noexcept {
   std::error_code ignored;
   fs::remove(path, ignored);
+}
+
+std::string Marked(const std::u8string& utf8) {
+  return MarkedFromUtf8({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
 }
 
 bool FlushClosed(const fs::path& path, std::string& error) {
@@ -353,13 +393,12 @@ bool IsWritableFolder(const fs::path& path) {
   return probe.Open(path / "probe", ignored);
 }
 
-std::string PathText(const fs::path& path) {
-  const std::u8string utf8 = path.u8string();
-  return FromUtf8({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
-}
+std::string PathText(const fs::path& path) { return Marked(path.generic_u8string()); }
+std::string NativePathText(const fs::path& path) { return Marked(path.u8string()); }
 
-fs::path PathFromText(std::string_view text) {
-  const std::string utf8 = ToUtf8(text);
+fs::path PathFromText(std::string_view text) { return PathFromUtf8(ToUtf8(text)); }
+
+fs::path PathFromUtf8(std::string_view utf8) {
   return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 

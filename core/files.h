@@ -103,8 +103,13 @@ bool IsOpenElsewhere(const std::filesystem::path& path);
 // True when a file can be made in the folder.
 bool IsWritableFolder(const std::filesystem::path& path);
 
-// A path as text of the program, and back.
+// A path as text of the program, with "/" between folders on every system, and back. Nothing of it
+// is lost: characters outside Windows-1252 are marked.
 std::string PathText(const std::filesystem::path& path);
 std::filesystem::path PathFromText(std::string_view text);
+// As the system shows it: with backslashes on Windows.
+std::string NativePathText(const std::filesystem::path& path);
+// The path of a UTF-8 text, as command lines tell it.
+std::filesystem::path PathFromUtf8(std::string_view utf8);
 
 }  // namespace lm

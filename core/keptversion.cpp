@@ -28,16 +28,16 @@ fs::path FreeNameToKeep(Ledger& ledger) {
 
 bool AskToKeep(Ledger& ledger, const fs::path& kept) {
   return Ask(ledger, "The data file holds another version of your records",
-             "'" + PathText(ledger.DataFile()) +
+             "'" + PathInMessage(ledger.DataFile()) +
                  "' is not the one that was loaded or last saved here. Another LedgerMinder may "
                  "have saved it.\\n\\nClick [Yes] to keep that version beside it as '" +
-                 PathText(kept.filename()) +
+                 PathInMessage(kept.filename()) +
                  "' and to save yours.\\nClick [No] to leave both as they are: nothing is saved.",
              "", Answer::Yes);
 }
 
 bool Tell(Ledger& ledger, const std::string& error, const fs::path& path) {
-  ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+  ShowMessage(ledger, error, PathInMessage(path), Buttons::Ok, Icon::Critical);
   return false;
 }
 

@@ -1,5 +1,6 @@
 #include "core/messagebox.h"
 
+#include "core/files.h"
 #include "core/options.h"
 #include "core/text.h"
 
@@ -9,6 +10,10 @@ namespace {
 std::string WithBreaks(std::string_view prompt) { return Replace(prompt, "\\n", "\r\n"); }
 
 }  // namespace
+
+std::string PathInMessage(const std::filesystem::path& path) {
+  return Replace(NativePathText(path), "\\", MarkedCharacter(U'\\'));
+}
 
 Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt,
                    Buttons buttons, Icon icon, std::string_view windowTitle, std::string_view link,

@@ -2,7 +2,9 @@
 // title and a web link. A backslash followed by an n in either prompt is a line break.
 #pragma once
 
+#include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/hosts.h"
@@ -12,6 +14,9 @@
 namespace lm {
 
 constexpr std::string_view kProductName = "LedgerMinder";
+
+// A path in a prompt, as the system shows it: an n behind its backslash begins no line.
+std::string PathInMessage(const std::filesystem::path& path);
 
 Answer ShowMessage(Ledger& ledger, std::string_view mainPrompt, std::string_view minorPrompt = "",
                    Buttons buttons = Buttons::Ok, Icon icon = Icon::Exclamation,

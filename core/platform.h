@@ -107,6 +107,10 @@ class SystemPort {
                                             const std::filesystem::path& start) = 0;
   virtual SaveTarget AskSaveFile(std::string_view title, const std::vector<FileFilter>& filters,
                                  const std::filesystem::path& start) = 0;
+  // Whether the desktop offers this program for data files ("open with"), for this user; nothing
+  // where the program does not decide that.
+  virtual std::optional<bool> OpenWithOffered() { return std::nullopt; }
+  virtual bool OfferOpenWith(bool /*offered*/) { return false; }
   // A colour as the options hold it; nothing when the user cancelled.
   virtual std::optional<int> AskColour(std::string_view title, int start) = 0;
 };

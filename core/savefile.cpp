@@ -27,11 +27,11 @@ std::optional<SaveTarget> AskWhereToSave(Ledger& ledger, std::string_view title,
   if (!typedWhole) target.path += filters[target.filter].pattern.substr(1);
   if (IsOwnFile(ledger, target.path)) {
     ShowMessage(ledger, std::string(unable) + "The program itself uses this file",
-                PathText(target.path) + "\\n\\nChoose another name or folder.");
+                PathInMessage(target.path) + "\\n\\nChoose another name or folder.");
     return std::nullopt;
   }
   if (!typedWhole && MayExist(target.path) &&
-      !Ask(ledger, "Replace the file that is there?", PathText(target.path)))
+      !Ask(ledger, "Replace the file that is there?", PathInMessage(target.path)))
     return std::nullopt;
   return target;
 }

@@ -16,7 +16,7 @@ bool PlaceShippedFiles(Ledger& ledger, std::span<const ShippedFile> files, std::
     std::string error;
     if (MakeFolder(folder, error) && ReplaceFile(file, shipped.bytes, error)) continue;
     ShowMessage(ledger, "Unable to write the " + std::string(what) + " that come with LedgerMinder",
-                "File: " + PathText(file) + "\\n\\n" + error);
+                "File: " + PathInMessage(file) + "\\n\\n" + error);
     return false;
   }
   return true;

@@ -34,7 +34,7 @@ bool Exists(const fs::path& path) {
 bool MakeFolderOrTell(Ledger& ledger, const fs::path& path) {
   std::string error;
   if (MakeFolder(path, error)) return true;
-  ShowMessage(ledger, error, PathText(path), Buttons::Ok, Icon::Critical);
+  ShowMessage(ledger, error, PathInMessage(path), Buttons::Ok, Icon::Critical);
   return false;
 }
 

@@ -11,7 +11,8 @@
 
 #ifdef _WIN32
 #include <process.h>
-#include <windows.h>
+
+#include "core/windowsheader.h"
 #else
 #include <signal.h>
 #include <unistd.h>

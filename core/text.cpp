@@ -1,6 +1,8 @@
 #include "core/text.h"
 
+#include <charconv>
 #include <cstdint>
+#include <optional>
 
 namespace lm {
 
@@ -55,16 +57,21 @@ void AppendUtf8(std::string& out, char32_t code) {
     out += Char(0xC0 | code >> 6);
     out += Char(0x80 | (code & 0x3F));
   } else {
-    out += Char(0xE0 | code >> 12);
+    if (code < 0x10000) {
+      out += Char(0xE0 | code >> 12);
+    } else {
+      out += Char(0xF0 | code >> 18);
+      out += Char(0x80 | (code >> 12 & 0x3F));
+    }
     out += Char(0x80 | (code >> 6 & 0x3F));
     out += Char(0x80 | (code & 0x3F));
   }
 }
 
-char FromUnicode(char32_t code) {
+std::optional<char> FromUnicode(char32_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return Char(code);
   const auto found = std::find(kUnicodeFrom80.begin(), kUnicodeFrom80.end(), code);
-  if (found == kUnicodeFrom80.end()) return '?';
+  if (found == kUnicodeFrom80.end()) return std::nullopt;
   return Char(0x80u + static_cast<unsigned>(found - kUnicodeFrom80.begin()));
 }
 
@@ -81,15 +88,17 @@ constexpr Utf8Lead kUtf8Leads[] = {
     {0xF1, 0xF3, 4, 0x80, 0xBF}, {0xF4, 0xF4, 4, 0x80, 0x8F},
 };
 
-// Takes one character off the front of `utf8`; a broken one is taken as far as it was whole.
-char TakeUtf8(std::string_view& utf8) {
+// Takes one character off the front of `utf8`; a broken one is taken as far as it was whole, and is
+// nothing.
+std::optional<char32_t> TakeUtf8(std::string_view& utf8) {
   const std::uint8_t first = Byte(utf8.front());
   const auto lead = std::find_if(std::begin(kUtf8Leads), std::end(kUtf8Leads), [&](const auto& l) {
     return first >= l.first && first <= l.last;
   });
   if (lead == std::end(kUtf8Leads)) {
     utf8.remove_prefix(1);
-    return first < 0x80 ? Char(first) : '?';
+    if (first >= 0x80) return std::nullopt;
+    return first;
   }
   char32_t code = first & (0x7Fu >> lead->length);
   std::size_t taken = 1;
@@ -102,7 +111,25 @@ char TakeUtf8(std::string_view& utf8) {
     ++taken;
   }
   utf8.remove_prefix(taken);
-  return taken == lead->length ? FromUnicode(code) : '?';
+  if (taken < lead->length) return std::nullopt;
+  return code;
+}
+
+// Of characters without a place, in paths: the mark, the code in hexadecimal digits, the end.
+constexpr char kMark = '\x1A', kMarkEnd = ';';
+
+// Takes the character that stands at the front of `text`, marked; nothing, and nothing is taken,
+// for what is no mark.
+std::optional<char32_t> TakeMarked(std::string_view& text) {
+  const std::size_t end = text.find(kMarkEnd);
+  std::uint32_t code = 0;
+  if (end == std::string_view::npos) return std::nullopt;
+  const char* const last = text.data() + end;
+  const auto [read, failed] = std::from_chars(text.data() + 1, last, code, 16);
+  const bool isCharacter = code < 0xD800 || (code >= 0xE000 && code <= 0x10FFFF);
+  if (read != last || failed != std::errc() || !isCharacter) return std::nullopt;
+  text.remove_prefix(end + 1);
+  return code;
 }
 
 }  // namespace
@@ -110,9 +137,15 @@ char TakeUtf8(std::string_view& utf8) {
 std::string ToUtf8(std::string_view windows1252) {
   std::string result;
   result.reserve(windows1252.size());
-  for (const char c : windows1252) {
-    const std::uint8_t code = Byte(c);
+  while (!windows1252.empty()) {
+    const std::uint8_t code = Byte(windows1252.front());
+    if (code == Byte(kMark))
+      if (const auto marked = TakeMarked(windows1252)) {
+        AppendUtf8(result, *marked);
+        continue;
+      }
     AppendUtf8(result, code >= 0x80 && code < 0xA0 ? kUnicodeFrom80[code - 0x80u] : code);
+    windows1252.remove_prefix(1);
   }
   return result;
 }
@@ -120,7 +153,26 @@ std::string ToUtf8(std::string_view windows1252) {
 std::string FromUtf8(std::string_view utf8) {
   std::string result;
   result.reserve(utf8.size());
-  while (!utf8.empty()) result += TakeUtf8(utf8);
+  while (!utf8.empty()) {
+    const auto code = TakeUtf8(utf8);
+    result += (code ? FromUnicode(*code) : std::nullopt).value_or('?');
+  }
+  return result;
+}
+
+std::string MarkedCharacter(char32_t code) {
+  char digits[8];
+  const auto end = std::to_chars(digits, digits + sizeof digits, std::uint32_t{code}, 16).ptr;
+  return kMark + std::string(digits, end) + kMarkEnd;
+}
+
+std::string MarkedFromUtf8(std::string_view utf8) {
+  std::string result;
+  while (!utf8.empty()) {
+    const auto code = TakeUtf8(utf8);
+    const auto own = code ? FromUnicode(*code) : '?';
+    result += own ? std::string(1, *own) : MarkedCharacter(*code);
+  }
   return result;
 }
 

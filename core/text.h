@@ -14,11 +14,17 @@ namespace lm {
 
 // UTF-8 of a Windows-1252 text. The five codes that Windows-1252 leaves empty (0x81, 0x8D, 0x8F,
 // 0x90, 0x9D) become the control characters U+0081 and so on, so that they survive a round trip.
+// A character that is marked, as below, is that character.
 std::string ToUtf8(std::string_view windows1252);
 
 // Windows-1252 of a UTF-8 text. A character without a place there, and every byte sequence that is
 // not UTF-8, becomes one "?".
 std::string FromUtf8(std::string_view utf8);
+
+// Paths may have any character, and must be found again: in texts of paths those without a place in
+// Windows-1252 stand marked, by a control character that no text has.
+std::string MarkedFromUtf8(std::string_view utf8);
+std::string MarkedCharacter(char32_t code);
 
 // Upper and lower case over the whole of Windows-1252, accented letters included.
 char ToUpper(char c);

@@ -55,7 +55,7 @@ bool WriteAndOpenDraft(Ledger& ledger, const MailMessage& message) {
               "The address, the subject and the text of the e-mail have been copied to the "
               "clipboard, so that you can paste them into your e-mail.\\n\\nA draft with the "
               "attachment is in the file\\n" +
-                  PathText(file),
+                  PathInMessage(file),
               Buttons::Ok, Icon::Information);
   return true;
 }

@@ -374,7 +374,8 @@ void InvoiceItems::DrawPicture(const LaidItem& laid) {
   ShowMessage(
       ledger_, "Unable to find file",
       "The invoice template is trying to load a file which does not exist. The file is;\\n " +
-          PathText(path) + "\\n\\nThe invoice will still be created but without this picture.");
+          PathInMessage(path) +
+          "\\n\\nThe invoice will still be created but without this picture.");
 }
 
 void InvoiceItems::Link(const TemplateItem& item) {

@@ -74,7 +74,7 @@ std::uint32_t NamesNumber(const std::string& id, Date moment) {
 
 void TellUnwritten(Ledger& ledger, const fs::path& file, const std::string& reason) {
   ShowMessage(ledger, "The invoice could not be written",
-              "File '" + PathText(file) + "'\\n\\n" + reason);
+              "File '" + PathInMessage(file) + "'\\n\\n" + reason);
 }
 
 void Describe(clsPDFCreator& pdf, const Ledger& ledger, std::string_view what,
@@ -155,7 +155,7 @@ bool InvoiceRenderer::Create(const Subject& subject, const fs::path& file,
   if (failedForAll_ || index_.Invoice(subject.invoice) < 0) return false;
   if (IsOpenElsewhere(file)) {
     ShowMessage(ledger_, "File already open",
-                "File '" + PathText(file) +
+                "File '" + PathInMessage(file) +
                     "' is currently open.\\n\\nYou must close it before it can be overwritten.");
     return false;
   }
@@ -183,7 +183,7 @@ const DocumentTemplate* InvoiceRenderer::Template(const std::string& name) {
     ShowMessage(ledger_, "No Template",
                 "Unable to find the invoice template '" + name +
                     "'.\\nPlease check this template exists in the templates directory;\\n" +
-                    PathText(ledger_.File(kTemplateFolder)) +
+                    PathInMessage(ledger_.File(kTemplateFolder)) +
                     "\\n\\nOr select a different invoice template from the Options screen.");
     return nullptr;
   }

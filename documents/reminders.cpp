@@ -98,7 +98,7 @@ void Statements::TellResult() {
              Format(each->overdue, "£#,##0.00"_w);
   if (by_ == RemindBy::Letter)
     lines += "\\n\\nThe letters are in the folder\\n" +
-             PathText(StatementFile(ledger_, *sent_.front()).parent_path());
+             PathInMessage(StatementFile(ledger_, *sent_.front()).parent_path());
   const auto count = static_cast<std::ptrdiff_t>(sent_.size());
   ShowMessage(ledger_,
               by_ == RemindBy::Email ? Counted(count, "reminder sent", "reminders sent")

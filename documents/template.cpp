@@ -91,7 +91,7 @@ TemplateSection ReadSection(const TemplateXml& xml, pugi::xml_node element) {
 
 void TellLoadingError(Ledger& ledger, const std::filesystem::path& file, std::string_view heading,
                       std::string_view reason) {
-  ShowMessage(ledger, heading, "File: " + PathText(file) + "\\n\\n" + std::string(reason),
+  ShowMessage(ledger, heading, "File: " + PathInMessage(file) + "\\n\\n" + std::string(reason),
               Buttons::Ok, Icon::Exclamation, "Template Loading Error");
 }
 
@@ -175,7 +175,7 @@ std::optional<DocumentTemplate> LoadTemplate(Ledger& ledger, const std::filesyst
     return ParseTemplate(*xml);
   } catch (const InvalidTemplateXml& fault) {
     ShowMessage(ledger, "Invalid XML.",
-                std::string(fault.what()) + "\\n\\nFile: " + PathText(file));
+                std::string(fault.what()) + "\\n\\nFile: " + PathInMessage(file));
   } catch (const TemplateError& fault) {
     TellLoadingError(ledger, file, "Unable to use template file", fault.what());
   }

@@ -27,7 +27,7 @@ void Annotations::AddAttach(std::string_view path, std::string_view description)
       "<< /Type /EmbeddedFile /Params << /Size " + std::to_string(bytes->size()) + " >> ", *bytes);
   out.EndObject();
 
-  const std::string fileName = PathText(file.filename());
+  const std::string fileName = FromUtf8(ToUtf8(PathText(file.filename())));
   const int object = out.BeginNewObject();
   std::string body = "<< /Type /Filespec /F " + out.Text(fileName) + " /EF <</F " +
                      std::to_string(stream) + " 0 R>>";

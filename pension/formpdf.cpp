@@ -41,7 +41,7 @@ void SetUp(clsPDFCreator& pdf, const Ledger& ledger, const PensionForm& form) {
   pdf.SetCompression(kLzw, 0, 0);
 }
 
-std::string FileText(const fs::path& file) { return "File: '" + PathText(file) + "'\\n"; }
+std::string FileText(const fs::path& file) { return "File: '" + PathInMessage(file) + "'\\n"; }
 
 }  // namespace
 
@@ -141,8 +141,9 @@ bool OpenFormDocument(Ledger& ledger, const PensionForm& form, int row, bool rec
   // What a power cut left of a form is made anew; a retired one is opened as it is.
   const bool hasFile = isThere && (form.IsRetired() ? MayExist(file) : IsWholePdf(file));
   if (form.IsRetired() && !hasFile) {
-    ShowMessage(ledger, "The document of this form is not there",
-                "Forms C and D cannot be made any more. The file would be\\n" + PathText(file));
+    ShowMessage(
+        ledger, "The document of this form is not there",
+        "Forms C and D cannot be made any more. The file would be\\n" + PathInMessage(file));
     return false;
   }
   FormPrinter printer(ledger);

@@ -55,7 +55,8 @@ bool WriteExportFile(Ledger& ledger, const std::filesystem::path& path,
     file.Flush();
   }
   good = good && replacement.Commit(error);
-  if (!good) ShowMessage(ledger, "Unable to export the data", PathText(path) + "\\n\\n" + error);
+  if (!good)
+    ShowMessage(ledger, "Unable to export the data", PathInMessage(path) + "\\n\\n" + error);
   return good;
 }
 

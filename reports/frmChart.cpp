@@ -116,7 +116,7 @@ void frmChart::Save() {
   std::string error;
   if (!Write(target->path, kind, error))
     ShowMessage(ledger, std::string(kUnable) + "The file could not be written",
-                "File '" + PathText(target->path) + "'\\n\\n" + error);
+                "File '" + PathInMessage(target->path) + "'\\n\\n" + error);
 }
 
 bool frmChart::Write(const std::filesystem::path& path, std::string_view extension,

@@ -150,7 +150,7 @@ void frmConfigure::ShowMergeHelp() {
 void frmConfigure::SelectCalendar() {
   const std::filesystem::path chosen = ledger.platform.system.AskOpenFile(
       "Select Calendar...", {"iCalendar (*.ics)", "*.ics"}, ledger.programDirectory);
-  if (!chosen.empty()) options.SetText(optICalAddress, PathText(chosen));
+  if (!chosen.empty()) options.SetText(optICalAddress, NativePathText(chosen));
 }
 
 }  // namespace lm

@@ -415,7 +415,7 @@ TEST(DataFile, UnreadableOptionsAreTold) {
     EXPECT_EQ(test.shown.TakeMessage(), "Error loading the Options file");
     EXPECT_EQ(Content(path), text);
   }
-  EXPECT_EQ(test.shown.progress.back(), "-1 Loading " + PathText(path) + "...");
+  EXPECT_EQ(test.shown.progress.back(), "-1 Loading " + NativePathText(path) + "...");
 }
 
 TEST(DataFile, AFailedSaveKeepsTheMarkers) {

@@ -1,4 +1,5 @@
 #include "core/startup.h"
+#include "core/messagebox.h"
 
 #include <gtest/gtest.h>
 
@@ -146,12 +147,12 @@ TEST(Startup, OneMissingFileIsNoFirstStart) {
   fs::remove(ledger.File("LedgerMinder.dat"));
   EXPECT_FALSE(IsFirstStart(ledger));
   EXPECT_FALSE(LoadData(ledger));
-  EXPECT_EQ(test.shown.messages.back().minorPrompt, PathText(ledger.File("LedgerMinder.dat")));
+  EXPECT_EQ(test.shown.messages.back().minorPrompt, PathInMessage(ledger.File("LedgerMinder.dat")));
   EXPECT_EQ(test.shown.TakeMessage(), "Missing File");
   fs::remove(ledger.File("Options.dat"));
   EXPECT_FALSE(LoadGridFile(ledger, ledger.File("Options.dat"), ledger.fgOptions));
   EXPECT_EQ(test.shown.TakeMessage(),
-            "Unable to find the file " + PathText(ledger.File("Options.dat")));
+            "Unable to find the file " + PathInMessage(ledger.File("Options.dat")));
 }
 
 TEST(Startup, AFolderThatCannotBeMadeIsTold) {

@@ -1,5 +1,9 @@
 #include "core/text.h"
 
+#include "core/files.h"
+#include "core/messagebox.h"
+#include "tests/support/scripted_platform.h"
+
 #include <gtest/gtest.h>
 
 namespace lm {
@@ -106,6 +110,29 @@ TEST(Text, LiteralsBecomeOneByteASign) {
             "\xA3"
             "5 \x96 \x93\x80\x94\x85");
   EXPECT_EQ(ToUtf8("‘naïve’ • —"_w), "‘naïve’ • —");
+}
+
+// Folders may have names that the program's own texts cannot hold.
+TEST(Text, PathsKeepEveryCharacter) {
+  for (const std::string utf8 : {"C:/Users/nigel/\xC5\x81\xC3\xB3"
+                                 "d\xC5\xBA",
+                                 "/\xE6\x9D\xB1/\xF0\x9F\x8F\xA5/a", "plain", "\x1A", "\x1A;",
+                                 "\x1A"
+                                 "d800;",
+                                 "\x1A"
+                                 "110000;"}) {
+    EXPECT_EQ(ToUtf8(MarkedFromUtf8(utf8)), utf8);
+    EXPECT_EQ(PathText(PathFromUtf8(utf8)), MarkedFromUtf8(utf8));
+  }
+  EXPECT_EQ(MarkedFromUtf8("\xFF\xC5"), "??");
+  EXPECT_EQ(FromUtf8("\xC5\x81"), "?") << "records do not";
+}
+
+TEST(Text, AnNBehindABackslashOfAPathBeginsNoLine) {
+  test::TestLedger test;
+  ShowMessage(test, "Missing\\nFile", PathInMessage(PathFromUtf8("C:\\Users\\nigel")));
+  EXPECT_EQ(test.shown.messages[0].mainPrompt, "Missing\r\nFile");
+  EXPECT_EQ(ToUtf8(test.shown.messages[0].minorPrompt), "C:\\Users\\nigel");
 }
 
 }  // namespace

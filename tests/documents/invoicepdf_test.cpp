@@ -2,6 +2,7 @@
 // stays when none can be written.
 #include "documents/invoicepdf.h"
 
+#include "core/messagebox.h"
 #include "tests/documents/paper.h"
 #include "tests/support/processes.h"
 
@@ -44,7 +45,7 @@ TEST(InvoicePdf, MessagesTellTheFile) {
     EXPECT_FALSE(CreateInvoice(paper, "1"));
   }
   EXPECT_EQ(paper.shown.messages[0].minorPrompt,
-            "File '" + PathText(paper.File()) +
+            "File '" + PathInMessage(paper.File()) +
                 "' is currently open.\r\n\r\nYou must close it before it can be overwritten.");
   SetOption(paper, optInvoiceTemplate, "My.tmpl");
   EXPECT_FALSE(CreateInvoice(paper, "1"));
@@ -52,7 +53,7 @@ TEST(InvoicePdf, MessagesTellTheFile) {
       paper.shown.messages[1].minorPrompt,
       "Unable to find the invoice template 'My.tmpl'.\r\nPlease check this template exists in "
       "the templates directory;\r\n" +
-          PathText(paper.ledger.File("Invoice Templates")) +
+          PathInMessage(paper.ledger.File("Invoice Templates")) +
           "\r\n\r\nOr select a different invoice template from the Options screen.");
   SetOption(paper, optInvoiceTemplate, "");
   EXPECT_FALSE(CreateInvoice(paper, "1"));

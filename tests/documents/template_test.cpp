@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "core/files.h"
+#include "core/messagebox.h"
 #include "core/text.h"
 #include "tests/documents/template_xml.h"
 #include "tests/support/scripted_platform.h"
@@ -245,7 +246,7 @@ TEST(Template, LoadingTellsEachFailure) {
     ASSERT_FALSE(test.shown.messages.empty());
     const MessageBoxText& message = test.shown.messages.back();
     EXPECT_EQ(message.title, each.title);
-    EXPECT_NE(message.minorPrompt.find("File: " + PathText(file)), std::string::npos);
+    EXPECT_NE(message.minorPrompt.find("File: " + PathInMessage(file)), std::string::npos);
     EXPECT_NE(message.minorPrompt.find(each.reason), std::string::npos) << message.minorPrompt;
     EXPECT_EQ(test.shown.TakeMessage(), each.heading);
   }

@@ -1,0 +1,6 @@
+// The header of Windows, without the macros that rename functions of this program.
+#pragma once
+
+#include <windows.h>
+
+#undef ReplaceFile
