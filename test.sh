@@ -3,9 +3,13 @@
 #   --clang   all but the desktop with clang, under the address and undefined behaviour sanitizers,
 #             and the fuzz targets
 #   --asan    everything with GCC under the same sanitizers
+#   --windows the Windows programs, cross-built and run under Wine; the desktop too where Qt for
+#             Windows was built before, or with a second --desktop
 # With CI set in the environment, warnings of the compiler are errors, but for --asan.
 set -euo pipefail
 cd "$(dirname "$0")"
+
+[ "${1:-}" != --windows ] || exec packaging/windows/test.sh "${@:2}"
 
 preset=release
 [ "${1:-}" = --asan ] && preset=asan

@@ -9,9 +9,13 @@
 #include "core/text.h"
 
 #ifdef _WIN32
-#include <windows.h>
-// after windows.h
+#include <fcntl.h>
+#include <io.h>
+
+#include "core/windowsheader.h"
+// behind that one
 #include <lmcons.h>
+#include <shellapi.h>
 #include <shlobj.h>
 #include <tlhelp32.h>
 #else
@@ -40,24 +44,48 @@ Date LocalTime() {
 
 #if defined(_WIN32)
 
+namespace {
+
+std::string Utf8Of(const wchar_t* text) {
+  const std::u8string utf8 = fs::path(text).u8string();
+  return {utf8.begin(), utf8.end()};
+}
+
+}  // namespace
+
 void OutliveFileSizeLimit() {}
+
+// main() has them in the code page of the system, which lacks letters.
+std::vector<std::string> Arguments(int, char**) {
+  std::vector<std::string> arguments;
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  for (int i = 1; i < count; ++i) arguments.push_back(Utf8Of(words[i]));
+  LocalFree(words);
+  return arguments;
+}
+
+void PlainStreams() {
+  for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+  SetConsoleOutputCP(CP_UTF8);
+}
 
 std::vector<std::string> RunningProcesses() {
   std::vector<std::string> names;
   const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
   if (snapshot == INVALID_HANDLE_VALUE) return names;
-  PROCESSENTRY32 entry{};
+  PROCESSENTRY32W entry{};
   entry.dwSize = sizeof entry;
-  for (BOOL more = Process32First(snapshot, &entry); more; more = Process32Next(snapshot, &entry))
-    names.emplace_back(entry.szExeFile);
+  for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
+    names.push_back(FromUtf8(Utf8Of(entry.szExeFile)));
   CloseHandle(snapshot);
   return names;
 }
 
 std::string UserName() {
-  char name[UNLEN + 1];
+  wchar_t name[UNLEN + 1];
   DWORD size = UNLEN + 1;
-  return GetUserNameA(name, &size) ? std::string(name) : "unknown";
+  return GetUserNameW(name, &size) ? FromUtf8(Utf8Of(name)) : "unknown";
 }
 
 fs::path ExecutableDirectory() {
@@ -82,6 +110,10 @@ fs::path DocumentsDirectory() {
 #else
 
 void OutliveFileSizeLimit() { std::signal(SIGXFSZ, SIG_IGN); }
+
+std::vector<std::string> Arguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+void PlainStreams() {}
 
 std::string UserName() {
   const passwd* user = getpwuid(getuid());

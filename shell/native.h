@@ -15,6 +15,11 @@ Date LocalTime();
 // would end the program otherwise. Call it at the start.
 void OutliveFileSizeLimit();
 
+// What stands behind the program's name, in UTF-8.
+std::vector<std::string> Arguments(int argc, char** argv);
+// Standard input and output in UTF-8, with lines that end alike on every system.
+void PlainStreams();
+
 // Names of the executables that run, without their folders, those of other users too; empty where
 // the platform does not tell.
 std::vector<std::string> RunningProcesses();

@@ -4,7 +4,8 @@
 
 #if defined(_WIN32)
 
-#include <windows.h>
+#include "core/windowsheader.h"
+// behind that one
 
 #include <oleauto.h>
 

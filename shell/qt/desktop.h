@@ -9,6 +9,7 @@
 #include "core/platform.h"
 #include "shell/nativeoutlook.h"
 #include "shell/qt/desktopmail.h"
+#include "shell/qt/openwith.h"
 
 class QDialog;
 
@@ -84,6 +85,8 @@ class DesktopSystem : public SystemPort {
                                     const std::filesystem::path& start) override;
   SaveTarget AskSaveFile(std::string_view title, const std::vector<FileFilter>& filters,
                          const std::filesystem::path& start) override;
+  std::optional<bool> OpenWithOffered() override { return lm::OpenWithOffered(); }
+  bool OfferOpenWith(bool offered) override { return lm::OfferOpenWith(offered); }
   std::optional<int> AskColour(std::string_view title, int start) override;
 };
 

@@ -3,7 +3,7 @@
 
 #if defined(Q_OS_WIN)
 
-#include <windows.h>
+#include "core/windowsheader.h"
 
 #include <QApplication>
 #include <QDir>

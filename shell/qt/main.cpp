@@ -6,10 +6,12 @@
 #include <memory>
 #include <string_view>
 
+#include "core/files.h"
 #include "core/options.h"
 #include "shell/entry.h"
 #include "shell/native.h"
 #include "shell/qt/desktop.h"
+#include "shell/qt/icons.h"
 #include "shell/qt/mainwindow.h"
 #include "shell/qt/qtext.h"
 #include "shell/qt/readablepalette.h"
@@ -46,7 +48,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("LedgerMinder");
   QApplication::setDesktopFileName("ledgerminder");
-  QApplication::setWindowIcon(QIcon(":/icons/ledgerminder.svg"));
+  QApplication::setWindowIcon(lm::LineIcon("ledgerminder"));
   // The main window alone ends the program; a splash window or a tip that closes does not.
   QApplication::setQuitOnLastWindowClosed(false);
   const lm::PaletteKeeper palette;
@@ -69,7 +71,7 @@ int main(int argc, char** argv) {
   hooks.showSplash = [&] { desktop.progress.OpenSplash(); };
   hooks.closeSplash = [&] { desktop.progress.CloseSplash(); };
 
-  const std::string dataFile = lm::FromQt(application.arguments().value(1));
+  const std::string dataFile = lm::PathText(lm::ToPath(application.arguments().value(1)));
   if (!lm::RunEntryProcedure(ledger, hooks, dataFile)) return 0;
   return screen->Closed() ? 0 : QApplication::exec();
 }

@@ -12,6 +12,8 @@
 #include <QScopedValueRollback>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QVBoxLayout>
 
 #include "core/numbers.h"
@@ -67,7 +69,7 @@ class PageBar : public QListWidget {
 MainWindow::MainWindow(frmMain& screen)
     : screen_(screen), ledger_(screen.ledger), memory_(screen.ledger.programDirectory, "frmMain") {
   setObjectName("frmMain");
-  setWindowIcon(QIcon(":/icons/ledgerminder.svg"));
+  setWindowIcon(LineIcon("ledgerminder"));
   // No drawing comes from the desktop's theme, and to look through its folders would take a good
   // part of the start.
   QIcon::setThemeSearchPaths({QStringLiteral(":/icons")});
@@ -251,6 +253,12 @@ QWidget* MainWindow::BuildShortcutBar() {
   bar_->setObjectName("fgMenu");
   bar_->setAccessibleName(tr("Pages"));
   bar_->setFrameShape(QFrame::NoFrame);
+  // Windows' own style marks a row by a faint light, on which the white drawing would be lost.
+  if (QApplication::style()->name() == u"windowsvista") {
+    QStyle* fusion = QStyleFactory::create(QStringLiteral("Fusion"));
+    fusion->setParent(bar_);
+    bar_->setStyle(fusion);
+  }
   bar_->setIconSize(QSize(kBarIcon, kBarIcon));
   bar_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   bar_->setSpacing(2);

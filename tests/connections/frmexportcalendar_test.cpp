@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/files.h"
+#include "core/messagebox.h"
 #include "core/text.h"
 #include "tests/support/scripted_platform.h"
 
@@ -38,14 +39,14 @@ struct Window : Sessions {
 
 TEST(ExportCalendar, StartsWithEverything) {
   Window test;
-  EXPECT_EQ(test.window.txtExportFile.Text(), PathText(test.path));
+  EXPECT_EQ(test.window.txtExportFile.Text(), NativePathText(test.path));
   EXPECT_EQ(test.window.cboPractice.Text(), "<ALL PRACTICES>");
   EXPECT_EQ(test.window.cboPractice.EntryId(1), "2");  // Abbey
   EXPECT_EQ(test.Exported("BEGIN:VEVENT"), 8);
   ASSERT_EQ(test.shown.messages.size(), 1u);
   EXPECT_EQ(test.shown.messages[0].mainPrompt, "Calendar exported succesfully");
   EXPECT_EQ(test.shown.messages[0].minorPrompt,
-            "Session information saved to the file;\r\n" + PathText(test.path));
+            "Session information saved to the file;\r\n" + PathInMessage(test.path));
   EXPECT_EQ(test.Exported("CLASS:Private\r\n"), 8);
   EXPECT_EQ(test.Exported("CATEGORIES:"), 0);
 }
@@ -89,13 +90,13 @@ TEST(ExportCalendar, AsksForTheFile) {
   test.shown.saveFile = test.directory.Path() / "mine";
   test.window.Press(test.window.cmdSelectExportFile);
   EXPECT_EQ(test.shown.saveStart, test.path);
-  EXPECT_EQ(test.window.txtExportFile.Text(), PathText(test.shown.saveFile) + ".ics");
+  EXPECT_EQ(test.window.txtExportFile.Text(), NativePathText(test.shown.saveFile) + ".ics");
   test.shown.saveFile = test.ledger.DataFile();
   test.window.Press(test.window.cmdSelectExportFile);
   EXPECT_NE(test.shown.TakeMessage(), "");
   test.shown.saveFile.clear();
   test.window.Press(test.window.cmdSelectExportFile);
-  EXPECT_EQ(test.window.txtExportFile.Text(), PathText(test.directory.Path() / "mine.ics"));
+  EXPECT_EQ(test.window.txtExportFile.Text(), NativePathText(test.directory.Path() / "mine.ics"));
 }
 
 }  // namespace

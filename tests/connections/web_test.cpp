@@ -96,5 +96,21 @@ TEST(About, TellsWhatIsInstalled) {
             (std::vector<std::string>{std::string(kWebsite) + "/EULA.php", "https://www.qt.io"}));
 }
 
+TEST(About, OffersItselfForDataFilesWhereItMay) {
+  test::TestLedger test;
+  EXPECT_FALSE(frmAbout(test).chkOpenWith.Visible());
+  test.shown.openWith = false;
+  frmAbout about(test);
+  EXPECT_TRUE(about.chkOpenWith.Visible());
+  about.Tick(about.chkOpenWith, true);
+  EXPECT_EQ(test.shown.openWith, true);
+  EXPECT_TRUE(frmAbout(test).chkOpenWith.Checked());
+  about.Tick(about.chkOpenWith, false);
+  EXPECT_EQ(test.shown.openWith, false);
+  test.shown.openWithFails = true;
+  about.Tick(about.chkOpenWith, true);
+  EXPECT_EQ(test.shown.TakeMessage(), "Windows did not take the change");
+}
+
 }  // namespace
 }  // namespace lm::test

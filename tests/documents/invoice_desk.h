@@ -6,8 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <regex>
@@ -26,6 +24,7 @@
 #include "documents/template.h"
 #include "tests/documents/template_xml.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::test {
 
@@ -34,17 +33,6 @@ struct Word {
   int page = 0;                                     // from 1
   double left = 0, top = 0, right = 0, bottom = 0;  // millimetres
 };
-
-inline std::string OutputOf(const std::string& command) {
-  std::string output;
-  if (std::FILE* pipe = popen(command.c_str(), "r")) {
-    char part[4096];
-    for (std::size_t read = 0; (read = fread(part, 1, sizeof part, pipe)) > 0;)
-      output.append(part, read);
-    pclose(pipe);
-  }
-  return output;
-}
 
 // In the order in which they stand on the pages, row by row.
 inline std::vector<Word> WordsOf(const std::filesystem::path& pdf) {
@@ -87,7 +75,7 @@ inline std::string PagedText(const std::filesystem::path& pdf) {
 }
 
 inline bool IsSoundPdf(const std::filesystem::path& file) {
-  return std::system(("qpdf --check '" + file.string() + "' > /dev/null").c_str()) == 0;
+  return test::RunTool("qpdf --check '" + file.string() + "' > /dev/null") == 0;
 }
 
 // Practices 1 Riverside, 2 Abbey, 3 Abbey Annexe (a branch of Abbey) and 4 Mill.

@@ -22,6 +22,9 @@ import subprocess
 import sys
 import tempfile
 
+# The wrapper complains of a missing 32-bit Wine, so what it wraps is started where it is there.
+WINE = next((path for path in ("/usr/lib/wine/wine64",) if os.path.exists(path)), "wine")
+
 
 def contains(actual, wanted):
     if isinstance(wanted, dict):
@@ -48,9 +51,27 @@ def check(output, wanted):
     return None
 
 
+def command_of(binaries, name):
+    """How a program of ours is started: one for Windows elsewhere than there by Wine."""
+    windows = pathlib.Path(binaries) / f"{name}.exe"
+    if not windows.exists():
+        return [str(pathlib.Path(binaries) / name)]
+    return [str(windows)] if os.name == "nt" else [WINE, str(windows)]
+
+
+def put_on_path(binaries, folder):
+    """A folder in which a shell finds edit-cell by its plain name."""
+    if os.name == "nt" or not (pathlib.Path(binaries) / "edit-cell.exe").exists():
+        return binaries
+    script = pathlib.Path(folder) / "edit-cell"
+    script.write_text(f'#!/bin/sh\nexec {shlex.join(command_of(binaries, "edit-cell"))} "$@"\n')
+    script.chmod(0o755)
+    return folder
+
+
 def run(cli, options, directory, script, wanted):
     # --force: a desktop program that runs on this machine is not asked about.
-    done = subprocess.run([cli, "--dir", directory, "--force", *options, "run", "-"],
+    done = subprocess.run([*cli, "--dir", directory, "--force", *options, "run", "-"],
                           input="\n".join(script) + "\n", capture_output=True, text=True,
                           timeout=120, encoding="utf-8", cwd=pathlib.Path(directory).parent)
     output = [json.loads(line) for line in done.stdout.splitlines()]
@@ -67,9 +88,10 @@ def run(cli, options, directory, script, wanted):
 
 def main():
     binaries, journey = map(os.path.abspath, sys.argv[1:])
-    cli = pathlib.Path(binaries) / "ledgerminder-cli"
-    environment = {**os.environ, "PATH": f"{binaries}:{os.environ['PATH']}"}
+    cli = command_of(binaries, "ledgerminder-cli")
     with tempfile.TemporaryDirectory() as folder:
+        tools = put_on_path(binaries, folder)
+        environment = {**os.environ, "PATH": os.pathsep.join([tools, os.environ["PATH"]])}
         directory = str(pathlib.Path(folder) / "program")
         options, script, wanted = [], [], []
         for number, line in enumerate(pathlib.Path(journey).read_text(encoding="utf-8").splitlines(), 1):
@@ -81,7 +103,8 @@ def main():
                 run(cli, options, directory, script, wanted)
                 script, wanted = [], []
             elif line.startswith("!! "):
-                subprocess.run(line[3:], shell=True, check=True, cwd=directory, env=environment)
+                # By a shell of Unix, which Git brings along on Windows.
+                subprocess.run(["sh", "-c", line[3:]], check=True, cwd=directory, env=environment)
             else:
                 script.append(line)
         run(cli, options, directory, script, wanted)

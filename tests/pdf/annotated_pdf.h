@@ -13,6 +13,7 @@
 #include "core/text.h"
 #include "pdf/clsPDFCreator.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::test {
 
@@ -49,12 +50,7 @@ class AnnotatedPdf {
 
   // What a command prints, complaints included; FILE in it is the document.
   std::string Tool(std::string_view command) const {
-    const std::string line = Replace(command, "FILE", File().string()) + " 2>&1";
-    std::FILE* pipe = popen(line.c_str(), "r");
-    std::string out;
-    for (int c = 0; pipe && (c = std::fgetc(pipe)) != EOF;) out += static_cast<char>(c);
-    if (pipe) pclose(pipe);
-    return out;
+    return test::OutputOf(Replace(command, "FILE", File().string()) + " 2>&1");
   }
 
   // Pixels of a box (points from the top left) of the first page that are not white, or dark.

@@ -11,6 +11,7 @@
 #include "core/files.h"
 #include "pdf/clsPDFCreator.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::pdf {
 namespace {
@@ -147,13 +148,13 @@ TEST(BarCodes, WhatACodeCannotHoldIsRefusedWithTheReason) {
 }
 
 std::string Capture(const std::string& command, const std::filesystem::path& output) {
-  if (std::system((command + " > '" + output.string() + "' 2>/dev/null").c_str()) != 0) return "";
+  if (test::RunTool(command + " > '" + output.string() + "' 2>/dev/null") != 0) return "";
   std::string error;
   return ReadFile(output, error).value_or("");
 }
 
 TEST(BarCodes, AReaderReadsTheRenderedPage) {
-  if (std::system("command -v zbarimg > /dev/null && command -v pdftoppm > /dev/null") != 0) {
+  if (test::RunTool("command -v zbarimg > /dev/null && command -v pdftoppm > /dev/null") != 0) {
     GTEST_SKIP() << "no bar code reader is installed";
   }
   const struct {
@@ -212,8 +213,7 @@ TEST(BarCodes, AReaderReadsTheRenderedPage) {
   creator.EndDoc();
 
   const std::string pages = (directory.Path() / "page").string();
-  ASSERT_EQ(std::system(("pdftoppm -r 300 -gray '" + pdf.string() + "' '" + pages + "'").c_str()),
-            0);
+  ASSERT_EQ(test::RunTool("pdftoppm -r 300 -gray '" + pdf.string() + "' '" + pages + "'"), 0);
   std::string expected;
   for (const auto& c : cases) expected += c.read + "\n";
   EXPECT_EQ(Capture("zbarimg -q '" + pages + "'-*.pgm", directory.Path() / "read.txt"), expected);

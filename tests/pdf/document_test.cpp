@@ -11,6 +11,7 @@
 #include "pdf/clsPDFCreator.h"
 #include "pdf/data/srgb.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm {
 namespace {
@@ -23,16 +24,7 @@ std::string Bytes(const fs::path& path) {
 }
 
 // Output of a command, with what it told on the error channel.
-std::string OutputOf(const std::string& command) {
-  std::string output;
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (!pipe) return "no pipe";
-  std::array<char, 4096> part;
-  while (const std::size_t count = fread(part.data(), 1, part.size(), pipe))
-    output.append(part.data(), count);
-  pclose(pipe);
-  return output;
-}
+std::string OutputOf(const std::string& command) { return test::OutputOf(command + " 2>&1"); }
 
 std::size_t Count(std::string_view text, std::string_view part) {
   std::size_t count = 0;

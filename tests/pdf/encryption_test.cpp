@@ -7,6 +7,7 @@
 #include "core/files.h"
 #include "pdf/clsPDFCreator.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 bool Succeeds(const std::string& command) {
-  return std::system((command + " > /dev/null 2>&1").c_str()) == 0;
+  return test::RunTool(command + " > /dev/null 2>&1") == 0;
 }
 
 std::string Bytes(const fs::path& path) {

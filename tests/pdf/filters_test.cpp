@@ -9,6 +9,7 @@
 #include "pdf/error.h"
 #include "tests/pdf/handmade.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::pdf {
 namespace {
@@ -198,7 +199,7 @@ TEST(Filters, QpdfReadsThem) {
     ASSERT_TRUE(ReplaceFile(source, file.Bytes(), error));
     const std::string command =
         "qpdf --decode-level=all --stream-data=uncompress '" + source + "' '" + target + "'";
-    ASSERT_EQ(std::system(command.c_str()), 0) << filter.name;
+    ASSERT_EQ(test::RunTool(command), 0) << filter.name;
     const auto decoded = ReadFile(target, error);
     ASSERT_TRUE(decoded);
     EXPECT_NE(decoded->find(text), std::string::npos) << filter.name;

@@ -10,6 +10,7 @@
 #include "core/files.h"
 #include "pdf/clsPDFCreator.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::pdf {
 namespace {
@@ -473,9 +474,9 @@ TEST(Graphics, ThePageAsItIsSeen) {
   c.EndDoc();
   ASSERT_EQ(c.ErrDescription(), "");
 
-  ASSERT_EQ(std::system(("qpdf --check '" + pdf + "' > /dev/null").c_str()), 0);
+  ASSERT_EQ(test::RunTool("qpdf --check '" + pdf + "' > /dev/null"), 0);
   const std::string pages = (directory.Path() / "page").string();
-  ASSERT_EQ(std::system(("pdftoppm -r 72 -aa no '" + pdf + "' '" + pages + "'").c_str()), 0);
+  ASSERT_EQ(test::RunTool("pdftoppm -r 72 -aa no '" + pdf + "' '" + pages + "'"), 0);
   const struct {
     int page, x, y;
     char colour;

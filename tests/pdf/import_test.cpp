@@ -12,6 +12,7 @@
 #include "pdf/reader/parsedfile.h"
 #include "tests/pdf/handmade.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm {
 namespace {
@@ -41,15 +42,14 @@ struct ImportTest : testing::Test {
     writer.EndDoc();
     const std::string check = "qpdf --check '" + Path("out.pdf") + "' >'" + Path("log") + "' 2>&1";
     std::string error;
-    EXPECT_EQ(std::system(check.c_str()), 0)
-        << ReadFile(directory.Path() / "log", error).value_or("");
+    EXPECT_EQ(test::RunTool(check), 0) << ReadFile(directory.Path() / "log", error).value_or("");
     return ReadFile(directory.Path() / "out.pdf", error).value_or("");
   }
   std::string DrawnText() {
     const std::string command =
         "pdftotext '" + Path("out.pdf") + "' '" + Path("text") + "' 2>/dev/null";
     std::string error;
-    if (std::system(command.c_str()) != 0) return "";
+    if (test::RunTool(command) != 0) return "";
     return ReadFile(directory.Path() / "text", error).value_or("");
   }
   static int Count(const std::string& text, std::string_view part) {

@@ -10,6 +10,7 @@
 #include "pdf/reader/parsedfile.h"
 #include "tests/pdf/handmade.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::pdf {
 namespace {
@@ -454,14 +455,14 @@ TEST(Reader, ReadsWhatQpdfWrites) {
                               "--object-streams=generate --compress-streams=n"}) {
     const std::string command =
         "qpdf " + std::string(options) + " '" + source + "' '" + target + "'";
-    ASSERT_EQ(std::system(command.c_str()), 0);
+    ASSERT_EQ(test::RunTool(command), 0);
     const auto file = ParsedFile::Read(target);
     const std::string contents = file->JoinedContents(file->Page(1));
     EXPECT_TRUE(contents.starts_with(kContents)) << options << ": " << contents;
   }
   const std::string encrypt =
       "qpdf --encrypt a b 128 -- '" + source + "' '" + target + "' 2>/dev/null";
-  std::system(encrypt.c_str());
+  test::RunTool(encrypt);
   EXPECT_THROW(ParsedFile::Read(target), Error);
 }
 

@@ -8,13 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/tools.h"
+
 namespace lm::test {
 
 using Pixel = std::array<int, 3>;  // red, green, blue, 0 to 255
 
 // 0 when there is neither an error nor a warning.
 inline int CheckPdf(const std::filesystem::path& file) {
-  return std::system(("qpdf --check '" + file.string() + "' > /dev/null").c_str());
+  return test::RunTool("qpdf --check '" + file.string() + "' > /dev/null");
 }
 
 // At the usual resolution one pixel a point, so that pixels have the page's coordinates.
@@ -26,7 +28,7 @@ class RenderedPage {
     const std::string command = "pdftoppm -r " + std::to_string(pixelsPerInch) +
                                 " -cropbox -aa no -aaVector no -singlefile -f " + number + " -l " +
                                 number + " '" + file.string() + "' '" + stem.string() + "'";
-    if (std::system(command.c_str()) != 0) return;
+    if (test::RunTool(command) != 0) return;
     std::ifstream input(stem.string() + ".ppm", std::ios::binary);
     std::string kind;
     int most = 0;

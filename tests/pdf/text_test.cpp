@@ -17,6 +17,7 @@
 #include "pdf/graphics.h"
 #include "pdf/tables.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm {
 namespace {
@@ -325,16 +326,7 @@ TEST_F(Text, ATableKeepsItsSpacingsOnTheNextPage) {
   EXPECT_DOUBLE_EQ(document_.state.text.charSpacing, 2);
 }
 
-std::string OutputOf(const std::string& command) {
-  std::string output;
-  FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-  if (!pipe) return "no pipe";
-  std::array<char, 4096> part;
-  while (const std::size_t count = fread(part.data(), 1, part.size(), pipe))
-    output.append(part.data(), count);
-  pclose(pipe);
-  return output;
-}
+std::string OutputOf(const std::string& command) { return test::OutputOf(command + " 2>&1"); }
 
 class WrittenText : public testing::Test {
  protected:

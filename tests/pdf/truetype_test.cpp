@@ -10,6 +10,7 @@
 #include "core/files.h"
 #include "pdf/fonts.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::pdf {
 namespace {
@@ -312,9 +313,8 @@ struct Written {
   }
 
   int Run(const std::string& before, const std::string& after = "") {
-    return std::system((before + " " + pdf.string() + " " + after + " > " +
-                        (directory.Path() / "said").string() + " 2>&1")
-                           .c_str());
+    return test::RunTool(before + " '" + pdf.string() + "' " + after + " > '" +
+                         (directory.Path() / "said").string() + "' 2>&1");
   }
   std::string Said() {
     std::string reason;

@@ -1,12 +1,16 @@
 #include "pension/formpdf.h"
 
+#ifndef _WIN32
 #include <sys/resource.h>
 
 #include <csignal>
+#endif
 #include <regex>
 
+#include "core/messagebox.h"
 #include "tests/pension/paper_desk.h"
 #include "tests/support/processes.h"
+#include "tests/support/tools.h"
 
 namespace lm::test {
 namespace {
@@ -39,7 +43,7 @@ TEST(FormPdf, UsesTheBlankOfItsMonth) {
     const fs::path file = desk.Write(kFormB, one.key);
     EXPECT_EQ(OutputOf("qpdf --show-npages '" + file.string() + "'"),
               std::to_string(one.pages) + "\n");
-    EXPECT_EQ(std::system(("qpdf --check '" + file.string() + "' > /dev/null").c_str()), 0);
+    EXPECT_EQ(test::RunTool("qpdf --check '" + file.string() + "' > /dev/null"), 0);
   }
 }
 
@@ -183,6 +187,7 @@ TEST(FormPdf, FailuresKeepTheOldDocument) {
   refuses("The blank pension form could not be used");
   WriteBytes(blank, goodBlank);
 
+#ifndef _WIN32
   {
     const auto old = std::signal(SIGXFSZ, SIG_IGN);
     rlimit most{};
@@ -193,6 +198,7 @@ TEST(FormPdf, FailuresKeepTheOldDocument) {
     setrlimit(RLIMIT_FSIZE, &most);
     std::signal(SIGXFSZ, old);
   }
+#endif
   EXPECT_TRUE(desk.TryWrite(kFormA, "042024"));
   EXPECT_TRUE(Bytes(file).starts_with("%PDF"));
 }
@@ -211,8 +217,9 @@ TEST(FormPdf, FileOpenElsewhereFolderMissingNoSuchForm) {
   ASSERT_EQ(desk.shown.messages.size(), 1u);
   EXPECT_EQ(desk.shown.messages[0].title, "Output Pension Form");
   EXPECT_EQ(desk.shown.messages[0].mainPrompt, "File already open and cannot be overwritten");
-  EXPECT_EQ(desk.shown.messages[0].minorPrompt,
-            "File: '" + PathText(file) + "'\r\nYou must close it before it can be overwritten.");
+  EXPECT_EQ(
+      desk.shown.messages[0].minorPrompt,
+      "File: '" + PathInMessage(file) + "'\r\nYou must close it before it can be overwritten.");
   fs::remove(file);
   fs::create_directories(file / "full");
   EXPECT_FALSE(desk.TryWrite(kFormA, "042024"));

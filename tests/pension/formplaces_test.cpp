@@ -115,6 +115,7 @@ class Picture {
     in.get();
     pixels_.assign(std::istreambuf_iterator<char>(in), {});
     pixels_.resize(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), '\xFF');
+    in.close();
     fs::remove(out.string() + ".pgm");
   }
   int Width() const { return width_; }

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -17,21 +16,11 @@
 #include "pdf/clsPDFCreator.h"
 #include "pension/forms.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::test {
 
 namespace fs = std::filesystem;
-
-inline std::string OutputOf(const std::string& command) {
-  std::string output;
-  if (std::FILE* pipe = popen(command.c_str(), "r")) {
-    char part[4096];
-    for (std::size_t read = 0; (read = fread(part, 1, sizeof part, pipe)) > 0;)
-      output.append(part, read);
-    pclose(pipe);
-  }
-  return output;
-}
 
 inline std::string Bytes(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);

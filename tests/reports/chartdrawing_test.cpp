@@ -14,6 +14,7 @@
 #include "tests/pdf/rendered_page.h"
 #include "tests/reports/chart_desk.h"
 #include "tests/support/scripted_platform.h"
+#include "tests/support/tools.h"
 
 namespace lm::test {
 namespace {
@@ -245,14 +246,6 @@ TEST(ChartDrawingTest, SvgIsWellFormed) {
         named |= std::string(text.text().get()) == ToUtf8("Caf\xE9 & <Sons> \"\x80");
       EXPECT_TRUE(named || type == ChartType::Pie || group == ChartGroup::Practice) << svg;
     }
-}
-
-std::string OutputOf(const std::string& command) {
-  std::string output;
-  std::FILE* pipe = popen(command.c_str(), "r");
-  for (int c = 0; pipe && (c = std::fgetc(pipe)) != EOF;) output += static_cast<char>(c);
-  if (pipe) pclose(pipe);
-  return output;
 }
 
 TEST(ChartDrawingTest, PdfIsSoundAndReadable) {

@@ -5,6 +5,7 @@
 
 #include "core/datafile.h"
 #include "core/files.h"
+#include "core/messagebox.h"
 #include "core/options.h"
 #include "core/startup.h"
 #include "core/temporaryfiles.h"
@@ -123,7 +124,7 @@ TEST_F(Entry, OneFileMissingEndsTheStart) {
     std::string message;
   } kCases[] = {
       {"LedgerMinder.dat", "Missing File"},
-      {"Options.dat", "Unable to find the file " + PathText(home / "Options.dat")},
+      {"Options.dat", "Unable to find the file " + PathInMessage(home / "Options.dat")},
   };
   for (const auto& [file, message] : kCases) {
     const auto aside = home / "aside";

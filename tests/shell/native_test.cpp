@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#ifdef __linux__
 #include <unistd.h>
+#endif
 
 #include <algorithm>
 #include <cstdlib>

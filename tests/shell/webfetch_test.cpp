@@ -2,23 +2,34 @@
 
 #include <gtest/gtest.h>
 
-#ifdef __linux__
+#if defined(__linux__) || defined(_WIN32)
 
+#ifdef __linux__
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 
 namespace lm {
 namespace {
 
 using namespace std::chrono_literals;
 
-// tests/shell/webserver.py for the length of the tests.
+// tests/shell/webserver.py for the length of the tests. On Windows whoever starts them has started
+// it, and tells its two ports.
 class WebServer : public testing::Test {
  protected:
+#ifdef _WIN32
+  void SetUp() override {
+    const char* ports = std::getenv("LEDGERMINDER_WEBSERVER");
+    if (!ports || std::sscanf(ports, "%d %d", &http_, &https_) != 2)
+      GTEST_SKIP() << "no server was started";
+  }
+#else
   static void SetUpTestSuite() {
     std::array<int, 2> in{}, out{};
     ASSERT_EQ(::pipe(in.data()) + ::pipe(out.data()), 0);
@@ -41,6 +52,7 @@ class WebServer : public testing::Test {
     ::close(input_);
     ::waitpid(process_, nullptr, 0);
   }
+#endif
 
   static std::string Http(const std::string& page) {
     return "http://127.0.0.1:" + std::to_string(http_) + "/" + page;
@@ -54,8 +66,11 @@ class WebServer : public testing::Test {
   }
 
  private:
+#ifndef _WIN32
   static inline pid_t process_ = -1;
-  static inline int input_ = -1, http_ = 0, https_ = 0;
+  static inline int input_ = -1;
+#endif
+  static inline int http_ = 0, https_ = 0;
 };
 
 TEST_F(WebServer, GivesBodiesAsTheyCame) {
@@ -86,7 +101,11 @@ TEST_F(WebServer, StopsAtTheLimits) {
   native::FetchLimits small, brief;
   small.bytes = 1 << 20;
   brief.time = 300ms;
-  for (const std::string page : {"huge", "bomb"}) EXPECT_EQ(Fetch(Http(page), small), "") << page;
+  std::vector<std::string> pages{"huge"};
+#ifndef _WIN32
+  pages.push_back("bomb");  // WinINet unpacks nothing
+#endif
+  for (const std::string& page : pages) EXPECT_EQ(Fetch(Http(page), small), "") << page;
   for (const std::string page : {"slow", "silent"}) {
     const auto begun = std::chrono::steady_clock::now();
     EXPECT_EQ(Fetch(Http(page), brief), "") << page;
@@ -104,12 +123,14 @@ TEST_F(WebServer, IsLeftWhenTheUserCancels) {
 
 TEST_F(WebServer, TrustsOnlyCertificatesThatHold) {
   EXPECT_EQ(Fetch(Https("plain")), "");
+#ifndef _WIN32  // there the machine alone says whom it trusts
   native::FetchLimits trusting;
   trusting.trusted = SOURCE_DIR "/tests/shell/webserver.pem";
   EXPECT_NE(Fetch(Https("plain"), trusting), "");
   std::string otherName = Https("plain");
   otherName.replace(otherName.find("localhost"), 9, "127.0.0.1");
   EXPECT_EQ(Fetch(otherName, trusting), "");
+#endif
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-#ifndef _WIN32
 #include "tests/support/processes.h"
+
+#ifndef _WIN32
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -53,4 +54,23 @@ HeldFile::~HeldFile() {
 }
 
 }  // namespace lm::test
+
+#else
+
+#include <cstdlib>
+
+#include "core/windowsheader.h"
+
+namespace lm::test {
+
+HeldFile::HeldFile(const std::filesystem::path& file)
+    : handle_(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                          FILE_ATTRIBUTE_NORMAL, nullptr)) {
+  if (handle_ == INVALID_HANDLE_VALUE) std::abort();
+}
+
+HeldFile::~HeldFile() { CloseHandle(handle_); }
+
+}  // namespace lm::test
+
 #endif

@@ -58,6 +58,8 @@ class ScriptedPlatform : public MessagePort,
       documentsDirectory;
   std::filesystem::path saveStart;  // what the last dialog to save offered
   std::size_t saveFilter = 0;
+  std::optional<bool> openWith;  // of data files; none: not for the program to say
+  bool openWithFails = false;
   std::optional<int> colour;                               // what the user chooses
   std::vector<std::pair<std::string, int>> colourDialogs;  // title and colour shown first
   const WindowCatalogue* catalogue = nullptr;
@@ -99,6 +101,12 @@ class ScriptedPlatform : public MessagePort,
                          const std::filesystem::path& start) override {
     saveStart = start;
     return {saveFile, saveFilter};
+  }
+  std::optional<bool> OpenWithOffered() override { return openWith; }
+  bool OfferOpenWith(bool offered) override {
+    if (openWithFails) return false;
+    openWith = offered;
+    return true;
   }
   std::optional<int> AskColour(std::string_view title, int start) override {
     colourDialogs.push_back({std::string(title), start});
