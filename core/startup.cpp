@@ -115,6 +115,13 @@ bool IsBuildFolder(const fs::path& folder) {
          fs::exists(folder.parent_path() / "CMakeCache.txt", ignored);
 }
 
+// Where a package put the program, records would lie among everybody's programs; root could write
+// them there, and so could the owner of ~/.local.
+bool IsInstalledFolder(const fs::path& folder) {
+  std::error_code ignored;
+  return fs::exists(folder.parent_path() / "share/doc/ledgerminder/copyright", ignored);
+}
+
 void ShowLogError(Ledger& ledger) {
   ShowMessage(ledger, "Unexpected error processing the security log",
               "This error is non-critical, but please email " + std::string(kSupportAddress) +
@@ -125,7 +132,8 @@ void ShowLogError(Ledger& ledger) {
 
 fs::path ChooseProgramDirectory(Platform& platform) {
   const fs::path own = platform.system.ExecutableDirectory();
-  return IsWritableFolder(own) && !IsBuildFolder(own) ? own : platform.system.UserDataDirectory();
+  const bool portable = IsWritableFolder(own) && !IsBuildFolder(own) && !IsInstalledFolder(own);
+  return portable ? own : platform.system.UserDataDirectory();
 }
 
 void RemoveLeftovers(const Ledger& ledger) {

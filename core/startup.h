@@ -9,7 +9,7 @@
 namespace lm {
 
 // The folder that holds the program when it can be written (portable use), unless the program was
-// built there; otherwise the user's own data folder. Makes neither.
+// built or installed there; otherwise the user's own data folder. Makes neither.
 std::filesystem::path ChooseProgramDirectory(Platform& platform);
 
 // Removes what killed runs left in the program directory and the folders of documents: files that

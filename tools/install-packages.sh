@@ -7,7 +7,8 @@ packages=(g++ cmake ninja-build ccache git ca-certificates
           fonts-liberation fonts-dejavu-core)
 case "${1:-build}" in
   test) packages+=(libgtest-dev libical-dev python3 qpdf poppler-utils zbar-tools
-                   default-jre-headless libpdfbox2-java libactivation-java libjaxb-api-java) ;;
+                   default-jre-headless libpdfbox2-java libactivation-java libjaxb-api-java
+                   desktop-file-utils appstream shared-mime-info libxml2-utils man-db groff-base) ;;
   clang) packages+=(clang libclang-rt-14-dev) ;;
   format) packages=(git clang-format-14) ;;
 esac

@@ -31,6 +31,18 @@ TEST(Startup, TheProgramsOwnFolderServesWhenItCanBeWritten) {
   EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.userDataDirectory);
 }
 
+TEST(Startup, AnInstalledProgramKeepsRecordsInTheUsersFolder) {
+  test::TestLedger test;
+  const fs::path root = test.ledger.File("usr");
+  test.shown.executableDirectory = root / "bin";
+  fs::create_directories(root / "bin");
+  EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), root / "bin");
+  fs::create_directories(root / "share/doc/ledgerminder");
+  std::string error;
+  ASSERT_TRUE(ReplaceFile(root / "share/doc/ledgerminder/copyright", "", error));
+  EXPECT_EQ(ChooseProgramDirectory(test.shown.platform), test.shown.userDataDirectory);
+}
+
 TEST(Startup, AFirstStartMakesWhatTheStartReads) {
   test::TestLedger test;
   Ledger& ledger = test.ledger;
