@@ -280,6 +280,11 @@ QWidget* MainWindow::BuildShortcutBar() {
 }
 
 void MainWindow::ShowShortcutBar() {
+  // The page is marked alike whether or not the bar has the focus: a drawing knows no difference.
+  QPalette palette = QApplication::palette();
+  for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+    palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+  bar_->setPalette(palette);
   bar_->setVisible(screen_.ShortcutBarVisible());
   const bool icons = OptionIsTrue(ledger_, optIconsInToolbar);
   int widest = 0;
